@@ -1,0 +1,65 @@
+# The few functions by which the folders declare what they build, so that warnings, the platform and the
+# way a test is run are settled in one place.
+
+# What every target of ours is compiled with.
+add_library(tamblewick_options INTERFACE)
+target_compile_features(tamblewick_options INTERFACE cxx_std_20)
+target_compile_options(tamblewick_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_include_directories(tamblewick_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+
+# The header folder of utfcpp alone: the system's include folder must never reach the cross build.
+find_path(UTF8CPP_INCLUDE_DIR utf8.h PATHS /usr/include/utf8cpp REQUIRED NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+add_library(utf8cpp INTERFACE)
+target_include_directories(utf8cpp SYSTEM INTERFACE ${UTF8CPP_INCLUDE_DIR})
+
+# What stands beneath the program: Windows itself, or on Linux the stand-in of tests/fakewin, whose
+# windows.h is found in the place of the real one.
+add_library(platform INTERFACE)
+target_link_libraries(platform INTERFACE utf8cpp)
+if(WIN32)
+  target_link_libraries(platform INTERFACE
+    comctl32 comdlg32 shell32 ole32 advapi32 gdi32 user32 kernel32)
+  target_link_options(platform INTERFACE -static)
+else()
+  find_package(Threads REQUIRED)
+  target_link_libraries(platform INTERFACE fakewin Threads::Threads)
+endif()
+
+# tamblewick_library(name SOURCES file... [LIBRARIES library...])
+# One folder of src/ as a static library. LIBRARIES names the folders below it.
+function(tamblewick_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC ${arg_LIBRARIES} platform PRIVATE tamblewick_options)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+endfunction()
+
+# tamblewick_resources(target file.rc)
+# Adds a resource script. Ninja does not track what a script includes, so that is said here for all of them.
+function(tamblewick_resources target script)
+  file(GLOB included CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/src/resources/*.h
+    ${PROJECT_SOURCE_DIR}/src/resources/*.manifest
+    ${PROJECT_SOURCE_DIR}/src/resources/*.rc
+    ${PROJECT_SOURCE_DIR}/src/resources/icons/*.ico)
+  get_filename_component(script ${script} ABSOLUTE)
+  list(REMOVE_ITEM included ${script})
+  set_source_files_properties(${script} TARGET_DIRECTORY ${target} PROPERTIES OBJECT_DEPENDS "${included}")
+  target_sources(${target} PRIVATE ${script})
+endfunction()
+
+# tamblewick_test(name SOURCES file... [LIBRARIES library...])
+# One test program of GoogleTest cases: run as it is on Linux, through Wine in the cross build.
+function(tamblewick_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} testsupport tamblewick_options)
+  target_compile_definitions(${name} PRIVATE _GLIBCXX_ASSERTIONS)
+  add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${CMAKE_BINARY_DIR}/results/${name}.xml)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  if(WIN32)
+    # The tests share one registry and one focus.
+    set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
+  endif()
+endfunction()

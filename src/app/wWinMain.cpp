@@ -1,0 +1,5 @@
+#include "winlib/Windows.h"
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
+    return 0;
+}

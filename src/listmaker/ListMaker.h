@@ -1,0 +1,54 @@
+// One listing job: a folder and a private copy of a preset, carried out by one worker thread that scans, writes
+// the list and opens it. The plain form reports to nobody.
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <thread>
+
+#include "scanner/Listener.h"
+#include "scanner/Options.h"
+#include "settings/Preset.h"
+
+class ListMaker : public Scanner::Listener {
+public:
+    // Copies the preset and settles the name of the list file, but touches no file. path may be any text.
+    ListMaker(const Preset& preset, const std::wstring& path);
+    ListMaker(const ListMaker&) = delete;
+    ListMaker& operator=(const ListMaker&) = delete;
+
+    void OnProgress(const std::wstring& status, const std::wstring& detail) override;
+    void OnError(const std::wstring& message) override;
+    Scanner::AccessDeniedAnswer OnAccessDenied(const std::wstring& path) override;
+    bool IsCancelled() override;
+
+    // Waits for the worker.
+    ~ListMaker() override;
+
+    // Starts the worker. True if the job is over when the call returns.
+    // REQUIRES: the job was not started before.
+    virtual bool Start();
+
+    // Whether the worker has come to its end. From any thread.
+    virtual bool IsFinished();
+
+protected:
+    virtual void Prepare() {}
+
+    // The worker's last step.
+    virtual void Finish();
+
+    // Waits for the worker, if it was started. For the destructor of a derived class, whose operations the
+    // worker calls.
+    void Join();
+
+    const std::wstring path;
+    std::wstring outputPath;
+    std::thread worker;
+    std::atomic<uint8_t> finished = 0;
+    const Preset preset;
+    Scanner::Options options;
+
+private:
+    void Run(std::wstring path);
+};

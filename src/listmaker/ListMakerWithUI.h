@@ -1,0 +1,39 @@
+// The job as the application uses it: with a progress dialog on the thread that starts it. The user can cancel,
+// or send the job to the background, where it goes on alone and posts WM_APP to its owner at its end.
+#pragma once
+
+#include <atomic>
+#include <string>
+
+#include "listmaker/ListMaker.h"
+#include "winlib/Windows.h"
+
+class ProgressController;
+
+class ListMakerWithUI : public ListMaker {
+public:
+    // owner is the parent of the dialog and receives the end message; null when there is no window.
+    ListMakerWithUI(HWND owner, const Preset& preset, const std::wstring& path);
+
+    void OnProgress(const std::wstring& status, const std::wstring& detail) override;
+    void OnError(const std::wstring& message) override;
+    bool IsCancelled() override;
+
+    // Waits for the worker and serves the messages that it sends to this thread meanwhile.
+    ~ListMakerWithUI() override;
+
+    // Starts the worker and runs the dialog. True when the job ended while the dialog was open, false when
+    // the user sent it to the background. Throws WinLib::Win32Error.
+    bool Start() override;
+
+protected:
+    void Finish() override;
+
+private:
+    const HWND owner;
+
+    // The dialog's object and at the same time its lock: whoever exchanges it for null holds the dialog and
+    // stores it back afterwards. Who gets null goes on as if there were no dialog. Owned; null for good once
+    // Start has deleted it.
+    std::atomic<ProgressController*> progress;
+};

@@ -1,0 +1,49 @@
+// The modal dialog in front of a running list: two lines of text, a moving bar, "Background" and "Cancel". It
+// knows nothing of jobs. A worker thread may call the operations of the second group as long as it holds the
+// object; everything else belongs to the thread that runs the dialog.
+#pragma once
+
+#include <atomic>
+#include <string>
+
+#include "winlib/Controller.h"
+#include "winlib/layout/Overlapped.h"
+
+class ProgressController : public WinLib::Dialog::ModalController,
+                           public WinLib::Handlers::Handler<WM_SIZING>,
+                           public WinLib::Handlers::Handler<WM_SIZE>,
+                           public WinLib::Handlers::Handler<WM_GETMINMAXINFO>,
+                           public WinLib::Handlers::Handler<WM_SYSCOLORCHANGE> {
+public:
+    explicit ProgressController(std::wstring title) : Title(std::move(title)) {}
+
+    // For the worker.
+
+    // Shows what is being done, unless the user has cancelled. Dropped while there is no window.
+    void Report(const std::wstring& status, const std::wstring& detail);
+
+    // Whether "Cancel" was pressed.
+    bool IsCancelled() const { return Cancelled.load() != 0; }
+
+    // The dialog's window, or null before it is complete.
+    HWND Window() const { return window_.load(); }
+
+    // Ends the dialog with 1, at once or as soon as it has been created.
+    void End();
+
+    // For the thread of the dialog.
+
+    bool OnControlCommand(WORD id, HWND control, WORD code) override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+
+    const std::wstring Title;
+    std::atomic<uint8_t> Cancelled = 0;
+    WinLib::Layout::Overlapped RootSizer;
+    HWND StatusLine = nullptr;
+    HWND DetailLine = nullptr;
+    HWND Bar = nullptr;
+    HWND Marquee = nullptr;
+    HWND BackgroundButton = nullptr;
+    HWND CancelButton = nullptr;
+    HWND IconStatic = nullptr;
+};

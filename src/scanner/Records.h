@@ -1,0 +1,57 @@
+// What one scan leaves behind: a record for each folder and file, and the nodes that tie the records into a
+// tree. Records are plain data in the arenas of a Scanner::Result and own nothing; all their text is UTF-16,
+// NUL-terminated, in the arena of strings.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "winlib/Windows.h"
+
+namespace Scanner {
+
+// One shape for a folder and a file, so that the comparators take either. A file leaves totalFolders and
+// totalFiles unset.
+struct Record {
+    enum Flags : uint32_t {
+        AccessDenied = 1,  // the file system refused to enumerate this folder
+    };
+
+    Record* parent;            // the folder that holds this one; null for the root only
+    const wchar_t* name;       // a folder's name, the root's whole path, a file's name without extension
+    const wchar_t* extension;  // what stands behind a file's last dot; EmptyText if nothing does
+    const wchar_t* fullName;   // the name as the file system gave it
+    uint32_t flags;
+    uint32_t attributes;    // dwFileAttributes, unchanged
+    int32_t depth;          // -1 for the root, 0 for what lies in it
+    uint64_t totalFolders;  // anywhere below
+    uint64_t totalFiles;
+    uint64_t folderCount;  // directly in this folder
+    uint64_t fileCount;
+    uint64_t size;  // in bytes; of a folder the sum of all files below it
+    FILETIME timeCreated;
+    FILETIME lastTimeAccessed;
+    FILETIME lastTimeWritten;
+};
+
+using Folder = Record;
+using File = Record;
+
+// What a text field points at when there is no text.
+inline constexpr wchar_t EmptyText[] = L"";
+
+// A folder with what lies directly in it. The tree may be thousands of levels deep, and it is destroyed
+// without recursion.
+struct Node {
+    Folder* folder = nullptr;
+    std::vector<Node> folders;
+    std::vector<File*> files;
+
+    Node() = default;
+    explicit Node(Folder* record) : folder(record) {}
+    Node(Node&&) noexcept = default;
+    Node& operator=(Node&&) noexcept = default;
+    ~Node();
+};
+
+}  // namespace Scanner

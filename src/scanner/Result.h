@@ -1,0 +1,17 @@
+// One finished or unfinished scan: the arenas and the tree that points into them. It belongs to one thread
+// and is destroyed as a whole, the tree first.
+#pragma once
+
+#include "scanner/RecordPool.h"
+#include "scanner/Records.h"
+#include "scanner/StringPool.h"
+
+namespace Scanner {
+
+struct Result {
+    RecordPool records;
+    StringPool strings;
+    Node root;  // root.folder is null until a scan has begun
+};
+
+}  // namespace Scanner

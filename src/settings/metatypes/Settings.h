@@ -1,0 +1,102 @@
+// The base of everything that is stored: a field table and the record it describes. Access to a field goes
+// through Get with the row's index, which tests the row against the type asked for, so that a table and the
+// code that uses it cannot disagree in silence. A Settings is also used by value as a view of one section.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <type_traits>
+#include <typeinfo>
+#include <vector>
+
+#include "settings/metatypes/FieldTable.h"
+
+namespace MetaTypes {
+
+class ISerializer;
+class IDeserializer;
+
+// The code by which a field table names T.
+template <typename T>
+constexpr TypeCode TypeCodeOf() {
+    if constexpr (std::is_enum_v<T>) {
+        return TypeCode::Enumeration;
+    } else if constexpr (std::is_same_v<T, char>) {
+        return TypeCode::Char;
+    } else if constexpr (std::is_same_v<T, wchar_t>) {
+        return TypeCode::WideChar;
+    } else if constexpr (std::is_same_v<T, bool>) {
+        return TypeCode::Bool;
+    } else if constexpr (std::is_same_v<T, uint8_t>) {
+        return TypeCode::UInt8;
+    } else if constexpr (std::is_same_v<T, int8_t>) {
+        return TypeCode::Int8;
+    } else if constexpr (std::is_same_v<T, uint16_t>) {
+        return TypeCode::UInt16;
+    } else if constexpr (std::is_same_v<T, int16_t>) {
+        return TypeCode::Int16;
+    } else if constexpr (std::is_same_v<T, uint32_t>) {
+        return TypeCode::UInt32;
+    } else if constexpr (std::is_same_v<T, int32_t>) {
+        return TypeCode::Int32;
+    } else if constexpr (std::is_same_v<T, float>) {
+        return TypeCode::Float;
+    } else if constexpr (std::is_same_v<T, double>) {
+        return TypeCode::Double;
+    } else if constexpr (std::is_same_v<T, std::string>) {
+        return TypeCode::String;
+    } else if constexpr (std::is_same_v<T, std::wstring>) {
+        return TypeCode::WideString;
+    } else if constexpr (std::is_same_v<T, std::vector<std::string>>) {
+        return TypeCode::StringList;
+    } else {
+        static_assert(std::is_same_v<T, std::vector<std::wstring>>, "no field table can hold this type");
+        return TypeCode::WideStringList;
+    }
+}
+
+class Settings {
+public:
+    Settings(const FieldRow* table, void* record) : table_(table), record_(static_cast<std::byte*>(record)) {}
+    virtual ~Settings() = default;
+
+    // The single value in this row. Throws std::bad_cast if the row holds another type or an array.
+    template <typename T>
+    T& Get(uint32_t row) {
+        return *static_cast<T*>(Single(row, TypeCodeOf<T>()));
+    }
+    template <typename T>
+    const T& Get(uint32_t row) const {
+        return *static_cast<const T*>(Single(row, TypeCodeOf<T>()));
+    }
+
+    // One element of the array in this row. Throws std::bad_cast if the row holds another type or a single
+    // value, or if index is not below the count.
+    template <typename T>
+    T& Get(uint32_t row, size_t index) {
+        return *static_cast<T*>(Element(row, TypeCodeOf<T>(), index));
+    }
+    template <typename T>
+    const T& Get(uint32_t row, size_t index) const {
+        return *static_cast<const T*>(Element(row, TypeCodeOf<T>(), index));
+    }
+
+    // A view of the section in this row, good for as long as the record. Throws std::bad_cast if the row is
+    // no section.
+    Settings Section(uint32_t row);
+    const Settings Section(uint32_t row) const;
+
+    // Hand table and record to the serializer and give back its result: whether every field succeeded.
+    bool Serialize(ISerializer& serializer) const;
+    bool Deserialize(IDeserializer& deserializer);
+
+private:
+    void* Single(uint32_t row, TypeCode type) const;
+    void* Element(uint32_t row, TypeCode type, size_t index) const;
+
+    const FieldRow* table_;
+    std::byte* record_;
+};
+
+}  // namespace MetaTypes

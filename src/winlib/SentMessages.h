@@ -1,0 +1,12 @@
+// Waiting on the user-interface thread. A worker's MessageBoxW and EndDialog send messages to windows of this
+// thread; if the thread only slept or joined, both would stand still.
+#pragma once
+
+#include <functional>
+
+namespace WinLib {
+
+// Returns as soon as done() is true, which is asked every 25 milliseconds; serves sent messages in between.
+void WaitServingSentMessages(const std::function<bool()>& done);
+
+}  // namespace WinLib

@@ -1,0 +1,29 @@
+// Children that all lie on the same rectangle: the root of every tree, and things that take turns in one place.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "winlib/layout/Sizer.h"
+
+namespace WinLib::Layout {
+
+class HStack;
+class VStack;
+class Window;
+
+class Overlapped : public Sizer {
+public:
+    void Arrange(const RECT& rect) override;
+    void Measure() override;
+
+    // Append a child and return it for further building; this object keeps ownership. A window always fills
+    // the width: its second argument has no effect.
+    HStack* AddHStack(int left, int top, int right, int bottom, int gap);
+    VStack* AddVStack(int left, int top, int right, int bottom, int gap);
+    Window* AddWindow(HWND window, Alignment ignored, Alignment vertical);
+
+    std::vector<std::unique_ptr<Sizer>> Children;
+};
+
+}  // namespace WinLib::Layout

@@ -1,0 +1,59 @@
+// Children in a row or a column, with margins around and a gap between. Each child has a stretch value, its
+// share of the room beyond the minimum.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "winlib/layout/Sizer.h"
+
+namespace WinLib::Layout {
+
+class HStack;
+class VStack;
+class Overlapped;
+class Window;
+
+class Stack : public Sizer {
+public:
+    Stack(int left, int top, int right, int bottom, int horizontalGap, int verticalGap);
+
+    // Append a child and return it for further building; the stack keeps ownership. A nested HStack has no top
+    // and bottom margins and a nested VStack no bottom margin, whatever is passed.
+    HStack* AddHStack(int stretch, int left, int top, int right, int bottom, int gap);
+    VStack* AddVStack(int stretch, int left, int top, int right, int bottom, int gap);
+    Overlapped* AddOverlapped(int stretch);
+    Window* AddWindow(int stretch, HWND window, Alignment horizontal, Alignment vertical);
+
+    // An empty room of this size along the stack's direction.
+    virtual Sizer* AddSpacer(int stretch, int size) = 0;
+
+    RECT Margins;
+    int HorizontalGap;
+    int VerticalGap;
+    int TotalStretch = 0;
+    std::vector<int> Stretch;
+    std::vector<std::unique_ptr<Sizer>> Children;
+
+protected:
+    template <typename Child>
+    Child* Add(int stretch, std::unique_ptr<Child> child);
+};
+
+class HStack : public Stack {
+public:
+    HStack(int left, int top, int right, int bottom, int gap) : Stack(left, top, right, bottom, gap, 0) {}
+    void Arrange(const RECT& rect) override;
+    void Measure() override;
+    Sizer* AddSpacer(int stretch, int size) override;
+};
+
+class VStack : public Stack {
+public:
+    VStack(int left, int top, int right, int bottom, int gap) : Stack(left, top, right, bottom, 0, gap) {}
+    void Arrange(const RECT& rect) override;
+    void Measure() override;
+    Sizer* AddSpacer(int stretch, int size) override;
+};
+
+}  // namespace WinLib::Layout
