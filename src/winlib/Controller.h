@@ -1,6 +1,6 @@
 // One object serves each window of the program: its controller. A dialog's controller is handed in when the
-// dialog is created; a control's controller subclasses an existing window with Attach. Neither owns the other:
-// whoever owns a controller sees to it that the window is destroyed first.
+// dialog is created; a control's controller subclasses an existing window with Attach. Neither owns the
+// other: whoever owns a controller sees to it that the window is destroyed first.
 #pragma once
 
 #include "winlib/Handlers.h"
@@ -63,6 +63,12 @@ public:
 };
 
 }  // namespace Dialog
+
+// The procedures of every dialog and of every subclassed window. They hand each message to the window's
+// controller, and what it does not handle to the platform. They catch nothing: an exception travels through
+// the platform's frames to AppMain.
+INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Subclasses a window: from now on its messages go to the controller first.
 void Attach(Window::Controller& controller, HWND window);

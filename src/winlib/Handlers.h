@@ -2,6 +2,16 @@
 // that it answers, so that its list of bases is the list of its messages. Dispatch unpacks the parameters and
 // calls the operation, so that no handler sees wParam or lParam as such; a controller's OnMessage calls it.
 // Operation and Dispatch return true for handled; an operation that has no result of its own gives 0.
+//
+// A controller's OnMessage is one switch, a case for each message in the order of its bases. The base that is
+// meant must be named, and that alone, without any using-declaration, settles which Dispatch it is:
+//
+//     switch (message) {
+//         case WM_SIZE:
+//             return Handler<WM_SIZE>::Dispatch(wParam, lParam, result);
+//         default:
+//             return ModalController::OnMessage(message, wParam, lParam, result);
+//     }
 #pragma once
 
 #include "winlib/Windows.h"

@@ -1,4 +1,5 @@
-// Children that all lie on the same rectangle: the root of every tree, and things that take turns in one place.
+// Children that all lie on the same rectangle: the root of every tree, and things that take turns in one
+// place.
 #pragma once
 
 #include <memory>
@@ -24,6 +25,10 @@ public:
     Window* AddWindow(HWND window, Alignment ignored, Alignment vertical);
 
     std::vector<std::unique_ptr<Sizer>> Children;
+
+private:
+    template <typename Child>
+    Child* Add(std::unique_ptr<Child> child);
 };
 
 }  // namespace WinLib::Layout

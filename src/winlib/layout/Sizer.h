@@ -16,6 +16,13 @@ enum class Alignment : uint32_t {
     Fill = 3,
 };
 
+inline LONG Width(const RECT& rect) {
+    return rect.right - rect.left;
+}
+inline LONG Height(const RECT& rect) {
+    return rect.bottom - rect.top;
+}
+
 class Sizer {
 public:
     Sizer() = default;

@@ -1,0 +1,131 @@
+#include "winlib/layout/Stack.h"
+
+#include <algorithm>
+
+#include "winlib/layout/Overlapped.h"
+#include "winlib/layout/Spacer.h"
+#include "winlib/layout/Window.h"
+
+namespace WinLib::Layout {
+
+namespace {
+
+// What a stack needs to know of its children: where the first of them begins, the sum and the largest of
+// their widths, and of their heights.
+struct Extent {
+    POINT origin;
+    SIZE sum;
+    SIZE largest;
+};
+
+Extent MeasureAll(const std::vector<std::unique_ptr<Sizer>>& children) {
+    for (const auto& child : children)
+        child->Measure();
+    const RECT& first = children.front()->MinimumRect;
+    Extent extent = {{first.left, first.top}, {}, {}};
+    for (const auto& child : children) {
+        const RECT& rect = child->MinimumRect;
+        extent.origin = {std::min(extent.origin.x, rect.left), std::min(extent.origin.y, rect.top)};
+        extent.sum = {extent.sum.cx + Width(rect), extent.sum.cy + Height(rect)};
+        extent.largest = {std::max(extent.largest.cx, Width(rect)),
+                          std::max(extent.largest.cy, Height(rect))};
+    }
+    return extent;
+}
+
+// The rectangle of a measured stack: its content with the margins around.
+RECT WithMargins(POINT origin, SIZE content, const RECT& margins) {
+    return {origin.x - margins.left, origin.y - margins.top, origin.x + content.cx + margins.right,
+            origin.y + content.cy + margins.bottom};
+}
+
+}  // namespace
+
+Stack::Stack(int left, int top, int right, int bottom, int horizontalGap, int verticalGap)
+    : Margins{left, top, right, bottom}, HorizontalGap(horizontalGap), VerticalGap(verticalGap) {
+    MinimumRect = CurrentRect = {0, 0, left + right, top + bottom};
+}
+
+template <typename Child>
+Child* Stack::Add(int stretch, std::unique_ptr<Child> child) {
+    Child* const added = child.get();
+    Children.push_back(std::move(child));
+    Stretch.push_back(stretch);
+    TotalStretch += stretch;
+    return added;
+}
+
+HStack* Stack::AddHStack(int stretch, int left, int, int right, int, int gap) {
+    return Add(stretch, std::make_unique<HStack>(left, 0, right, 0, gap));
+}
+
+VStack* Stack::AddVStack(int stretch, int left, int top, int right, int, int gap) {
+    return Add(stretch, std::make_unique<VStack>(left, top, right, 0, gap));
+}
+
+Overlapped* Stack::AddOverlapped(int stretch) {
+    return Add(stretch, std::make_unique<Overlapped>());
+}
+
+Window* Stack::AddWindow(int stretch, HWND window, Alignment horizontal, Alignment vertical) {
+    return Add(stretch, std::make_unique<Window>(window, horizontal, vertical));
+}
+
+int Stack::Share(size_t i, int extra) const {
+    const float part = static_cast<float>(Stretch[i]) / static_cast<float>(std::max(TotalStretch, 1));
+    return std::min(extra, static_cast<int>(part * static_cast<float>(extra)));
+}
+
+void HStack::Arrange(const RECT& rect) {
+    Sizer::Arrange(rect);
+    const LONG top = CurrentRect.top + Margins.top;
+    const LONG bottom = CurrentRect.bottom - Margins.bottom;
+    const LONG extra = std::max<LONG>(Width(CurrentRect) - Width(MinimumRect), 0);
+    LONG x = CurrentRect.left + Margins.left;
+    for (size_t i = 0; i < Children.size(); ++i) {
+        const LONG right = x + Width(Children[i]->MinimumRect) + Share(i, extra);
+        Children[i]->Arrange({x, top, right, bottom});
+        x = right + HorizontalGap;
+    }
+}
+
+void HStack::Measure() {
+    if (Children.empty())
+        return;
+    const Extent extent = MeasureAll(Children);
+    const LONG gaps = HorizontalGap * (static_cast<LONG>(Children.size()) - 1);
+    MinimumRect = CurrentRect =
+        WithMargins(extent.origin, {extent.sum.cx + gaps, extent.largest.cy}, Margins);
+}
+
+Sizer* HStack::AddSpacer(int stretch, int size) {
+    return Add(stretch, std::make_unique<HSpacer>(size));
+}
+
+void VStack::Arrange(const RECT& rect) {
+    Sizer::Arrange(rect);
+    const LONG left = CurrentRect.left + Margins.left;
+    const LONG right = CurrentRect.right - Margins.right;
+    const LONG extra = std::max<LONG>(Height(CurrentRect) - Height(MinimumRect), 0);
+    LONG y = CurrentRect.top + Margins.top;
+    for (size_t i = 0; i < Children.size(); ++i) {
+        const LONG bottom = y + Height(Children[i]->MinimumRect) + Share(i, extra);
+        Children[i]->Arrange({left, y, right, bottom});
+        y = bottom + VerticalGap;
+    }
+}
+
+void VStack::Measure() {
+    if (Children.empty())
+        return;
+    const Extent extent = MeasureAll(Children);
+    const LONG gaps = VerticalGap * (static_cast<LONG>(Children.size()) - 1);
+    MinimumRect = CurrentRect =
+        WithMargins(extent.origin, {extent.largest.cx, extent.sum.cy + gaps}, Margins);
+}
+
+Sizer* VStack::AddSpacer(int stretch, int size) {
+    return Add(stretch, std::make_unique<VSpacer>(size));
+}
+
+}  // namespace WinLib::Layout

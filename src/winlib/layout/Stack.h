@@ -18,8 +18,8 @@ class Stack : public Sizer {
 public:
     Stack(int left, int top, int right, int bottom, int horizontalGap, int verticalGap);
 
-    // Append a child and return it for further building; the stack keeps ownership. A nested HStack has no top
-    // and bottom margins and a nested VStack no bottom margin, whatever is passed.
+    // Append a child and return it for further building; the stack keeps ownership. A nested HStack has no
+    // top and bottom margins and a nested VStack no bottom margin, whatever is passed.
     HStack* AddHStack(int stretch, int left, int top, int right, int bottom, int gap);
     VStack* AddVStack(int stretch, int left, int top, int right, int bottom, int gap);
     Overlapped* AddOverlapped(int stretch);
@@ -36,8 +36,12 @@ public:
     std::vector<std::unique_ptr<Sizer>> Children;
 
 protected:
+    // Appends a child with its stretch value.
     template <typename Child>
     Child* Add(int stretch, std::unique_ptr<Child> child);
+
+    // How many pixels of the extra room child i gets. What truncation loses stays free at the end.
+    int Share(size_t i, int extra) const;
 };
 
 class HStack : public Stack {
