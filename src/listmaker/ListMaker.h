@@ -1,5 +1,5 @@
-// One listing job: a folder and a private copy of a preset, carried out by one worker thread that scans, writes
-// the list and opens it. The plain form reports to nobody.
+// One listing job: a folder and a private copy of a preset, carried out by one worker thread that scans,
+// writes the list and opens it. The plain form reports to nobody.
 #pragma once
 
 #include <atomic>
@@ -43,11 +43,11 @@ protected:
     void Join();
 
     const std::wstring path;
-    std::wstring outputPath;
+    const std::wstring outputPath;
     std::thread worker;
     std::atomic<uint8_t> finished = 0;
     const Preset preset;
-    Scanner::Options options;
+    const Scanner::Options options;
 
 private:
     void Run(std::wstring path);

@@ -1,0 +1,105 @@
+#include "listmaker/ListMakerWithUI.h"
+
+#include <memory>
+
+#include "progress/ProgressController.h"
+#include "resources/resource.h"
+#include "winlib/Application.h"
+#include "winlib/SentMessages.h"
+#include "winlib/WindowText.h"
+
+namespace {
+
+constexpr wchar_t Caption[] = L"Tamblewick";
+
+// Holds the dialog for the length of a scope, if it is at hand.
+class Taken {
+public:
+    explicit Taken(std::atomic<ProgressController*>& place)
+        : place_(place), dialog_(place.exchange(nullptr)) {}
+    Taken(const Taken&) = delete;
+    Taken& operator=(const Taken&) = delete;
+    ~Taken() {
+        if (dialog_ != nullptr)
+            place_.store(dialog_);
+    }
+
+    explicit operator bool() const { return dialog_ != nullptr; }
+    ProgressController* operator->() const { return dialog_; }
+
+private:
+    std::atomic<ProgressController*>& place_;
+    ProgressController* const dialog_;
+};
+
+}  // namespace
+
+ListMakerWithUI::ListMakerWithUI(HWND ownerWindow, const Preset& source, const std::wstring& listedPath)
+    : ListMaker(source, listedPath),
+      owner(ownerWindow),
+      progress(std::make_unique<ProgressController>(Caption).release()) {}
+
+ListMakerWithUI::~ListMakerWithUI() {
+    // The worker may have a box on the screen, which needs this thread until it is answered.
+    if (worker.joinable())
+        WinLib::WaitServingSentMessages([this] { return IsFinished(); });
+    Join();
+    // Still there if the job was never started, or if its dialog could not be opened.
+    const std::unique_ptr<ProgressController> remaining(progress.exchange(nullptr));
+}
+
+bool ListMakerWithUI::Start() {
+    // Read before the worker exists, which may hold the dialog at any moment from then on.
+    ProgressController& dialog = *progress.load();
+    ListMaker::Start();
+
+    const WinLib::Application* application = WinLib::Application::Current();
+    HINSTANCE instance = application != nullptr ? application->Instance : nullptr;
+    const INT_PTR result = WinLib::RunModal(dialog, IDD_PROGRESS, owner, instance);
+
+    std::unique_ptr<ProgressController> ended;
+    WinLib::WaitServingSentMessages([&] {
+        ended.reset(progress.exchange(nullptr));
+        return ended != nullptr;
+    });
+    return result != 0;
+}
+
+void ListMakerWithUI::OnProgress(const std::wstring& status, const std::wstring& detail) {
+    if (const Taken dialog{progress})
+        dialog->Report(status, detail);
+}
+
+void ListMakerWithUI::OnError(const std::wstring& message) {
+    if (!ShowOnDialog(message))
+        MessageBoxW(owner, message.c_str(), Caption, MB_ICONERROR);
+    PostEnd();
+}
+
+bool ListMakerWithUI::ShowOnDialog(const std::wstring& message) {
+    const Taken dialog{progress};
+    const HWND window = dialog ? dialog->Window() : nullptr;
+    if (window == nullptr)
+        return false;
+    const std::wstring title = WinLib::GetWindowText(window);
+    MessageBoxW(window, message.c_str(), title.c_str(), MB_ICONERROR);
+    return true;
+}
+
+bool ListMakerWithUI::IsCancelled() {
+    const Taken dialog{progress};
+    return dialog && dialog->IsCancelled();
+}
+
+void ListMakerWithUI::Finish() {
+    // Marked first, so that nobody who sees the dialog close or the message come finds the job unfinished.
+    ListMaker::Finish();
+    if (const Taken dialog{progress})
+        dialog->End();
+    PostEnd();
+}
+
+void ListMakerWithUI::PostEnd() {
+    if (owner != nullptr)
+        PostMessageW(owner, WM_APP, 0, 0);
+}

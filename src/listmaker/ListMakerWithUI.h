@@ -1,5 +1,5 @@
-// The job as the application uses it: with a progress dialog on the thread that starts it. The user can cancel,
-// or send the job to the background, where it goes on alone and posts WM_APP to its owner at its end.
+// The job as the application uses it: with a progress dialog on the thread that starts it. The user can
+// cancel, or send the job to the background, where it goes on alone and posts WM_APP to its owner at its end.
 #pragma once
 
 #include <atomic>
@@ -30,6 +30,13 @@ protected:
     void Finish() override;
 
 private:
+    // Shows the message on the dialog and waits for the answer. Returns false if there is no dialog to show
+    // it on.
+    bool ShowOnDialog(const std::wstring& message);
+
+    // Posts the end message, which tells the owner to collect the job.
+    void PostEnd();
+
     const HWND owner;
 
     // The dialog's object and at the same time its lock: whoever exchanges it for null holds the dialog and
