@@ -1,5 +1,10 @@
+#include <memory>
+
+#include "app/AppMain.h"
+#include "winlib/Application.h"
 #include "winlib/Windows.h"
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
-    return 0;
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR commandLine, int showCommand) {
+    WinLib::Application::Install(std::make_unique<WinLib::Application>(instance, commandLine, showCommand));
+    return AppMain();
 }
