@@ -1,0 +1,100 @@
+// The tree of presets at the left of the main window: each preset is a top-level item with six children, one
+// for each further page. It keeps what each item stands for, edits labels, shows the context menu and moves
+// presets by drag and drop; what an action does to presets and pages it asks of ICommand.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/ICommand.h"
+#include "winlib/Controller.h"
+#include "winlib/Handles.h"
+#include "winlib/controls/EditLabelCtrl.h"
+
+enum class ItemKind : uint32_t {
+    Preset = 1,
+    Page = 2,
+};
+
+struct ItemInfo {
+    ItemKind kind;
+    uint32_t id;  // never used twice within a run, and never stored
+};
+
+class MainTreeController : public WinLib::Window::Controller,
+                           private WinLib::Handlers::Handler<WM_RBUTTONDOWN>,
+                           private WinLib::Handlers::Handler<WM_RBUTTONUP>,
+                           private WinLib::Handlers::Handler<WM_LBUTTONDOWN>,
+                           private WinLib::Handlers::Handler<WM_LBUTTONUP>,
+                           private WinLib::Handlers::Handler<WM_MOUSEMOVE> {
+public:
+    // command must outlive this object. REQUIRES: the process's Application, whose module holds the icons.
+    explicit MainTreeController(ICommand& command);
+    ~MainTreeController() override;
+
+    void OnAttach() override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+
+    // Appends a collapsed preset item with its six children. itemOut takes the preset's item, idsOut is
+    // appended the seven ids, the preset's own first.
+    void AddItems(HTREEITEM& itemOut, const std::wstring& name, std::vector<uint32_t>& idsOut);
+
+    // What the item stands for; 0 and nothing for a null item and one that was taken out.
+    uint32_t ItemId(HTREEITEM item) const;
+    std::optional<ItemKind> ItemKindOf(HTREEITEM item) const;
+
+    // Forgets what the item stands for and returns it. The item stays in the tree.
+    std::optional<ItemInfo> TakeItem(HTREEITEM item);
+
+    // The preset item that this item is or lies below; null if there is none.
+    HTREEITEM PresetItemOf(HTREEITEM item) const;
+
+    // The selected item, or null.
+    HTREEITEM Selected() const;
+
+    // Selects a preset item and opens its label for editing. Does nothing with any other item.
+    void BeginRename(HTREEITEM item);
+
+    // Takes over the edit box when a label edit begins, and finishes the edit: result becomes 1 if the new
+    // name was taken.
+    void AttachLabelEdit();
+    bool EndRename(const NMTVDISPINFOW& notification, LRESULT& result);
+
+private:
+    enum class DragStates { Idle = 0, Pending = 1, Dragging = 2 };
+
+    bool HandleRButtonDown(int x, int y, WPARAM keys) override;
+    bool HandleRButtonUp(int x, int y, WPARAM keys) override;
+    bool HandleLButtonDown(int x, int y, WPARAM keys) override;
+    bool HandleLButtonUp(int x, int y, WPARAM keys) override;
+    bool HandleMouseMove(int x, int y, WPARAM keys) override;
+
+    std::optional<ItemInfo> InfoOf(HTREEITEM item) const;
+    HTREEITEM InsertItem(HTREEITEM parent, const std::wstring& text, ItemKind kind,
+                         std::vector<uint32_t>& idsOut);
+    HTREEITEM Next(HTREEITEM item, WPARAM direction) const;
+    TVHITTESTINFO HitTest(int x, int y) const;
+    void RunContextCommand(int command, HTREEITEM selected);
+
+    // Drag and drop, in MainTreeDrag.cpp.
+    void BeginDrag(int x, int y);
+    void MoveDragImage(int x, int y) const;
+    void MarkDropTarget(int x, int y) const;
+    void Drop(int x, int y);
+    void MoveBehind(HTREEITEM target) const;
+    void ReleaseMouse() const;
+
+    std::map<uint32_t, ItemInfo> Items;
+    HTREEITEM DragItem = nullptr;
+    WinLib::UniqueHandle<HIMAGELIST> DragImages;
+    POINT DragThreshold;
+    POINT DragStart = {};
+    POINT HotSpot = {};
+    DragStates DragState = DragStates::Idle;
+    ICommand* Command;
+    HWND TreeWindow = nullptr;
+    WinLib::EditLabelCtrl LabelEdit;
+};
