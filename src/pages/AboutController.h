@@ -1,0 +1,46 @@
+// The About box: the program's name and its maker's address and home page as links. Both stand only in the
+// dialog resource; a click opens whatever text the control shows.
+#pragma once
+
+#include <string>
+
+#include "winlib/Controller.h"
+#include "winlib/controls/HyperLinkCtrl.h"
+#include "winlib/layout/Overlapped.h"
+
+// What is opened to write to an address: the address is put in as it stands.
+std::wstring MailLinkTo(const std::wstring& address);
+
+class AboutController : public WinLib::Dialog::ModalController,
+                        public WinLib::Handlers::Handler<WM_SYSCOLORCHANGE>,
+                        public WinLib::Handlers::Handler<WM_CLOSE> {
+public:
+    ~AboutController() override;
+
+    bool OnMenuCommand(WORD id) override;
+    bool OnControlCommand(WORD id, HWND control, WORD code) override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool HandleInitDialog(HWND focus, LPARAM parameter, bool& focusSet) override;
+    bool HandleSysColorChange() override { return false; }
+    bool HandleClose() override;
+
+private:
+    bool OnClicked(WORD id);
+    void MakeTitleFont();
+    void BuildLayout();
+
+    HWND SeparatorLine = nullptr;
+    HWND IconStatic = nullptr;
+    HWND CloseButton = nullptr;
+    HWND TitleStatic = nullptr;
+    HWND AuthorStatic = nullptr;
+    HWND MailStatic = nullptr;
+    HWND MailLabel = nullptr;
+    HWND MakerStatic = nullptr;
+    HWND HomeStatic = nullptr;
+    HWND HomeLabel = nullptr;
+    WinLib::Layout::Overlapped RootSizer;
+    WinLib::HyperLinkCtrl MailLink;
+    WinLib::HyperLinkCtrl HomeLink;
+    HFONT TitleFont = nullptr;
+};

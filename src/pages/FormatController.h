@@ -1,0 +1,14 @@
+// The page of a preset's own tree item: text or HTML, and whether the list declares itself UTF-8.
+#pragma once
+
+#include "pages/PropertyController.h"
+
+class FormatController : public PropertyController {
+public:
+    explicit FormatController(MetaTypes::Settings* target);
+
+    void Refresh() override;
+
+protected:
+    void BuildLayout() override;
+};

@@ -1,0 +1,35 @@
+// The dialog of the two switches that belong to no preset. What is changed takes effect at once; the result
+// of the dialog means nothing.
+#pragma once
+
+#include "settings/MainSettings.h"
+#include "winlib/Controller.h"
+#include "winlib/layout/Overlapped.h"
+
+class OptionsController : public WinLib::Dialog::ModalController,
+                          public WinLib::Handlers::Handler<WM_SYSCOLORCHANGE>,
+                          public WinLib::Handlers::Handler<WM_CLOSE> {
+public:
+    // The settings are not owned.
+    explicit OptionsController(MainSettings* settings) : Settings(settings) {}
+
+    bool OnMenuCommand(WORD id) override;
+    bool OnControlCommand(WORD id, HWND control, WORD code) override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool HandleInitDialog(HWND focus, LPARAM parameter, bool& focusSet) override;
+    bool HandleSysColorChange() override { return false; }
+    bool HandleClose() override;
+
+private:
+    bool OnClicked(WORD id);
+    void SwitchContextMenu();
+    void StoreConfirmExit();
+    void BuildLayout();
+
+    MainSettings* Settings;
+    WinLib::Layout::Overlapped RootSizer;
+    HWND SeparatorLine = nullptr;
+    HWND ConfirmExitCheck = nullptr;
+    HWND ContextMenuCheck = nullptr;
+    HWND CloseButton = nullptr;
+};

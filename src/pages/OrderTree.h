@@ -1,0 +1,71 @@
+// What the pages of columns and sort keys share: a tree with one root for folders and one for files, whose
+// children are put in order by two buttons and carry one of two states. The owner stores what Children tells.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "settings/metatypes/Settings.h"
+#include "winlib/controls/ThreeStateCtrl.h"
+
+class OrderTree {
+public:
+    // The item parameters of the two roots.
+    enum class Root : LPARAM { Folders = 0, Files = 1 };
+
+    struct Child {
+        const wchar_t* label;
+        uint32_t value;  // the item's parameter
+        bool checked;    // the second state image instead of the first
+    };
+
+    // Takes over the tree and its two buttons. stateIcons are the pictures of the three states.
+    void Attach(HWND tree, HWND upButton, HWND downButton, const std::array<WORD, 3>& stateIcons);
+
+    // Replaces what the tree shows, opens both roots and selects the first.
+    void Fill(std::span<const Child> folders, std::span<const Child> files);
+
+    // Exchanges the selected item with the one before or behind it. Does nothing if there is none.
+    void MoveUp();
+    void MoveDown();
+
+    // Enables the buttons by what is selected: a child moves among its siblings, a root does not move.
+    void UpdateButtons();
+
+    // The children of a root from the top, without their labels.
+    std::vector<Child> Children(Root root) const;
+
+private:
+    HTREEITEM Insert(HTREEITEM parent, const Child& child);
+    void Exchange(HTREEITEM item, HTREEITEM other);
+
+    HWND tree_ = nullptr;
+    HWND upButton_ = nullptr;
+    HWND downButton_ = nullptr;
+    WinLib::Controls::TreeView::ThreeStateCtrl states_;
+};
+
+// The pair of arrays of a section, values in order and a flag for each, as children of a tree. The labels are
+// those of the values.
+template <typename Value, typename Flag, size_t N>
+std::vector<OrderTree::Child> ReadChildren(const MetaTypes::Settings& section, uint32_t valueRow,
+                                           uint32_t flagRow, const std::array<const wchar_t*, N>& labels) {
+    std::vector<OrderTree::Child> children;
+    for (size_t i = 0; i < N; ++i) {
+        const auto value = static_cast<uint32_t>(section.Get<Value>(valueRow, i));
+        children.push_back({labels[value], value, section.Get<Flag>(flagRow, i) == static_cast<Flag>(1)});
+    }
+    return children;
+}
+
+// The way back: as many elements as there are children.
+template <typename Value, typename Flag>
+void StoreChildren(std::span<const OrderTree::Child> children, MetaTypes::Settings& section,
+                   uint32_t valueRow, uint32_t flagRow) {
+    for (size_t i = 0; i < children.size(); ++i) {
+        section.Get<Value>(valueRow, i) = static_cast<Value>(children[i].value);
+        section.Get<Flag>(flagRow, i) = static_cast<Flag>(children[i].checked);
+    }
+}

@@ -1,0 +1,16 @@
+// The page that says where a list is saved and whether it replaces an older one.
+#pragma once
+
+#include "pages/PropertyController.h"
+
+class SavingController : public PropertyController {
+public:
+    explicit SavingController(MetaTypes::Settings* target);
+
+    void Refresh() override;
+
+protected:
+    void BuildLayout() override;
+    void UpdateControls() override;
+    bool OnClicked(WORD id) override;
+};

@@ -1,0 +1,1 @@
+#include "winlib/FolderPicker.h"

@@ -1,0 +1,15 @@
+// The system's dialog for choosing a folder.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "winlib/Windows.h"
+
+namespace WinLib {
+
+// Lets the user choose a folder of the file system; the dialog opens at startFolder unless that is empty.
+// Nothing when the user cancels or the place chosen has no path.
+std::optional<std::wstring> PickFolder(HWND owner, const wchar_t* title, const std::wstring& startFolder);
+
+}  // namespace WinLib

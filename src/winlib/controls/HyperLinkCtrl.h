@@ -1,0 +1,31 @@
+// A static text that looks like a link: blue, underlined under the mouse, with a menu to copy it. What a
+// click does is the dialog's affair, which gets it as STN_CLICKED.
+#pragma once
+
+#include "winlib/Controller.h"
+
+namespace WinLib {
+
+class HyperLinkCtrl : public Window::Controller,
+                      public Handlers::Handler<WM_PAINT>,
+                      public Handlers::Handler<WM_MOUSEMOVE>,
+                      public Handlers::Handler<WM_SETCURSOR>,
+                      public Handlers::Handler<WM_RBUTTONUP> {
+public:
+    HyperLinkCtrl();
+    ~HyperLinkCtrl() override;
+
+    void OnAttach() override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool HandlePaint() override;
+    bool HandleMouseMove(int x, int y, WPARAM keys) override;
+    bool HandleSetCursor(HWND window, WORD hitTest, WORD mouseMessage, bool& cursorSet) override;
+    bool HandleRButtonUp(int x, int y, WPARAM keys) override;
+
+    HCURSOR HandCursor;
+    HFONT NormalFont = nullptr;      // the window's
+    HFONT UnderlinedFont = nullptr;  // owned
+    bool Hovering = false;
+};
+
+}  // namespace WinLib

@@ -1,0 +1,18 @@
+// Exchange of items in a tree view. The items' handles stay where they are and the contents travel,
+// parameter, selection and expansion included, so that whatever is keyed by the parameter survives.
+#pragma once
+
+#include "winlib/Windows.h"
+
+#include <commctrl.h>
+
+namespace WinLib::Controls::TreeView {
+
+// Exchanges the contents of two items with all that stands below them. Texts are cut at 1023 characters.
+void SwapItems(HWND tree, HTREEITEM a, HTREEITEM b);
+
+// Moves an item behind the last child of another parent, where it gets a new handle. Children of the item are
+// not taken along.
+void MoveItem(HWND tree, HTREEITEM item, HTREEITEM newParent);
+
+}  // namespace WinLib::Controls::TreeView
