@@ -36,6 +36,12 @@ public:
     bool OnControlCommand(WORD id, HWND control, WORD code) override;
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
+    bool HandleInitDialog(HWND focus, LPARAM parameter, bool& focusSet) override;
+    bool HandleSizing(WPARAM edge, RECT& rect) override;
+    bool HandleSize(WORD type, WORD width, WORD height) override;
+    bool HandleGetMinMaxInfo(MINMAXINFO& info) override;
+    bool HandleSysColorChange() override;  // OnMessage has no case for it
+
     const std::wstring Title;
     std::atomic<uint8_t> Cancelled = 0;
     WinLib::Layout::Overlapped RootSizer;
@@ -46,4 +52,17 @@ public:
     HWND BackgroundButton = nullptr;
     HWND CancelButton = nullptr;
     HWND IconStatic = nullptr;
+
+private:
+    void BuildLayout();
+    void ArrangeInClientArea();
+
+    // The size of the whole window whose client area has the minimum size.
+    SIZE OuterMinimum() const;
+
+    // The worker stores ended_ and then reads window_, the dialog's thread the other way round. Both in the
+    // one order that sequential consistency gives: so one of the two always sees the other and ends the
+    // dialog.
+    std::atomic<HWND> window_ = nullptr;
+    std::atomic<bool> ended_ = false;
 };
