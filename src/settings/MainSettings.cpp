@@ -1,0 +1,134 @@
+#include "settings/MainSettings.h"
+
+#include <cstddef>
+
+#include "settings/PresetKey.h"
+#include "settings/Templates.h"
+#include "settings/metatypes/MakeRow.h"
+#include "settings/metatypes/RegistryDeserializer.h"
+#include "settings/metatypes/RegistrySerializer.h"
+#include "winlib/RegistryKey.h"
+
+using MetaTypes::EndOfTable;
+using MetaTypes::FieldRow;
+using MetaTypes::MakeRow;
+
+namespace {
+
+#define FIELD(name, member) \
+    MakeRow<decltype(MainSettingsRecord::member)>(name, offsetof(MainSettingsRecord, member))
+
+constexpr FieldRow MainSettingsTable[] = {
+    FIELD("WindowPosX", windowPosX),
+    FIELD("WindowPosY", windowPosY),
+    FIELD("WindowWidth", windowWidth),
+    FIELD("WindowHeight", windowHeight),
+    FIELD("FirstRun", firstRun),
+    FIELD("ConfirmExit", confirmExit),
+    EndOfTable,
+};
+
+#undef FIELD
+
+// Unsigned, so that a desktop narrower than the window gives a very large position.
+int32_t Centre(LONG low, LONG high, uint32_t extent) {
+    return static_cast<int32_t>((static_cast<uint32_t>(high) - extent - static_cast<uint32_t>(low)) >> 1);
+}
+
+// The names of all subkeys of the root key, each of which is a preset's key.
+std::vector<std::wstring> StoredKeys() {
+    RegistryKey root;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, MainSettings::RootKey, 0, KEY_READ, root.Receive()) !=
+        ERROR_SUCCESS) {
+        return {};
+    }
+    return root.EnumerateSubkeys();
+}
+
+// Equal by the rules of the user's locale, letter case included.
+bool AreEqual(const std::wstring& a, const std::wstring& b) {
+    const int result = CompareStringW(LOCALE_USER_DEFAULT, 0, a.c_str(), -1, b.c_str(), -1);
+    return result != 0 ? result == CSTR_EQUAL : a == b;
+}
+
+}  // namespace
+
+MainSettings::MainSettings()
+    : Settings(MainSettingsTable, &record_),
+      Shell(L"Tamblewick", L"{5E2C81D4-3B7F-4A16-9C0E-7F41D2A96B3C}"),
+      record_{.windowPosX = 100,
+              .windowPosY = 100,
+              .windowWidth = 580,
+              .windowHeight = 360,
+              .firstRun = true,
+              .confirmExit = false} {
+    if (const HWND desktop = GetDesktopWindow()) {
+        RECT area{};
+        GetWindowRect(desktop, &area);
+        record_.windowPosX = Centre(area.left, area.right, record_.windowWidth);
+        record_.windowPosY = Centre(area.top, area.bottom, record_.windowHeight);
+    }
+}
+
+bool MainSettings::LoadAll() {
+    MetaTypes::RegistryDeserializer deserializer(RootKey);
+    const bool result = Deserialize(deserializer);
+    for (const std::wstring& key : StoredKeys()) {
+        Presets.push_back(std::make_unique<Preset>(key));
+        Presets.back()->Load();
+    }
+    SortByPosition();
+    return result;
+}
+
+bool MainSettings::SaveMain() const {
+    MetaTypes::RegistrySerializer serializer(RootKey);
+    return Serialize(serializer);
+}
+
+Preset& MainSettings::CreatePreset() {
+    Preset& preset = *Presets.emplace_back(std::make_unique<Preset>(MakePresetKey()));
+    Renumber();
+    return preset;
+}
+
+Preset& MainSettings::CreateFromTemplate(uint32_t number) {
+    Preset& preset = CreatePreset();
+    ApplyTemplate(preset, number);
+    return preset;
+}
+
+Preset* MainSettings::FindPreset(const std::wstring& key) {
+    for (const auto& preset : Presets) {
+        if (AreEqual(key, preset->Key())) {
+            return preset.get();
+        }
+    }
+    for (const std::wstring& name : StoredKeys()) {
+        if (AreEqual(key, name)) {
+            Presets.push_back(std::make_unique<Preset>(key));
+            Presets.back()->Load();
+            return Presets.back().get();
+        }
+    }
+    return nullptr;
+}
+
+void MainSettings::Renumber() {
+    SortByPosition();
+    int32_t position = 0;
+    for (auto preset = Presets.rbegin(); preset != Presets.rend(); ++preset) {
+        (*preset)->Get<int32_t>(Preset::Position) = ++position;
+        (*preset)->Save();
+    }
+}
+
+void MainSettings::Remove(const Preset& preset) {
+    Presets.remove_if([&](const std::unique_ptr<Preset>& other) { return other.get() == &preset; });
+}
+
+void MainSettings::SortByPosition() {
+    Presets.sort([](const std::unique_ptr<Preset>& a, const std::unique_ptr<Preset>& b) {
+        return a->Get<int32_t>(Preset::Position) > b->Get<int32_t>(Preset::Position);
+    });
+}

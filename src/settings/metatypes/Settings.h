@@ -10,6 +10,7 @@
 #include <typeinfo>
 #include <vector>
 
+#include "settings/metatypes/Bool32.h"
 #include "settings/metatypes/FieldTable.h"
 
 namespace MetaTypes {
@@ -17,10 +18,14 @@ namespace MetaTypes {
 class ISerializer;
 class IDeserializer;
 
-// The code by which a field table names T.
+// The code by which a field table names T. The two codes of text buffers belong to no type: a buffer is
+// reachable by its owner alone.
 template <typename T>
 constexpr TypeCode TypeCodeOf() {
-    if constexpr (std::is_enum_v<T>) {
+    if constexpr (std::is_same_v<T, Bool32>) {
+        return TypeCode::Bool32;
+    } else if constexpr (std::is_enum_v<T>) {
+        static_assert(sizeof(T) == sizeof(uint32_t), "enumerations are stored in 32 bits");
         return TypeCode::Enumeration;
     } else if constexpr (std::is_same_v<T, char>) {
         return TypeCode::Char;

@@ -1,0 +1,10 @@
+// The 32-bit boolean of the platform as a type of its own, so that a field table can tell it from a number.
+#pragma once
+
+#include <cstdint>
+
+namespace MetaTypes {
+
+enum class Bool32 : uint32_t { False = 0, True = 1 };
+
+}  // namespace MetaTypes
