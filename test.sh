@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# Builds everything and runs all tests: the logic natively, under AddressSanitizer with UBSan and under
+# ThreadSanitizer, and everything again under Wine. Ends with one line "N passed, M failed".
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")"
+. scripts/common.sh
+
+install_packages "${buildPackages[@]}" "${winePackages[@]}" \
+    g++ clang libclang-rt-14-dev libbenchmark-dev tzdata
+
+# What the threads of a job touch; the rest has one thread.
+threadedTests=(unit_progress unit_listmaker)
+
+for preset in native native-asan windows; do
+    build_preset "$preset"
+done
+build_preset native-tsan "${threadedTests[@]}"
+
+run_tests() {
+    local preset=$1
+    shift
+    echo "Testing $preset ..."
+    rm -rf "build/$preset/results"
+    mkdir -p "build/$preset/results"
+    ctest --preset "$preset" --output-junit results/ctest.xml "$@" || true
+}
+
+run_tests native
+run_tests native-asan
+run_tests native-tsan -R "^($(IFS='|'; echo "${threadedTests[*]}"))\$"
+
+trap stop_wine EXIT
+use_wine wine-test
+use_null_display
+stop_wine
+use_wine wine-test
+run_tests windows
+
+scripts/count-results.sh native native-asan native-tsan windows
