@@ -1,0 +1,134 @@
+#include "scanner/Comparator.h"
+
+#include <array>
+#include <cstddef>
+#include <stdexcept>
+
+namespace Scanner {
+
+namespace {
+
+template <typename Number>
+int Order(Number a, Number b) {
+    return (a > b) - (a < b);
+}
+
+wchar_t FoldAscii(wchar_t character) {
+    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
+}
+
+int CompareByCode(const wchar_t* a, const wchar_t* b) {
+    while (*a != L'\0' && FoldAscii(*a) == FoldAscii(*b)) {
+        ++a;
+        ++b;
+    }
+    return Order(FoldAscii(*a), FoldAscii(*b));
+}
+
+int CompareName(const Comparator& comparator, const Record& a, const Record& b) {
+    return comparator.CompareText(a.name, b.name);
+}
+
+// Orders by the folders from the root down: those of the records themselves in folder mode, those that hold
+// the records otherwise. A folder stands before everything inside it. Climbs from both ends to where the two
+// ways part, which for neighbours in a tree is near.
+int ComparePath(const Comparator& comparator, const Record& a, const Record& b) {
+    const Folder* const endOfA = comparator.FolderMode() ? &a : a.parent;
+    const Folder* const endOfB = comparator.FolderMode() ? &b : b.parent;
+    const Folder* folderA = endOfA;
+    const Folder* folderB = endOfB;
+    while (folderA->depth > folderB->depth)
+        folderA = folderA->parent;
+    while (folderB->depth > folderA->depth)
+        folderB = folderB->parent;
+    if (folderA == folderB)
+        return Order(endOfA->depth, endOfB->depth);
+
+    while (folderA->parent != folderB->parent) {
+        folderA = folderA->parent;
+        folderB = folderB->parent;
+    }
+    return CompareName(comparator, *folderA, *folderB);
+}
+
+int CompareExtension(const Comparator& comparator, const Record& a, const Record& b) {
+    return comparator.CompareText(a.extension, b.extension);
+}
+
+int CompareSize(const Comparator&, const Record& a, const Record& b) {
+    return Order(a.size, b.size);
+}
+
+int CompareTimeCreated(const Comparator&, const Record& a, const Record& b) {
+    return CompareFileTime(&a.timeCreated, &b.timeCreated);
+}
+
+int CompareLastTimeAccessed(const Comparator&, const Record& a, const Record& b) {
+    return CompareFileTime(&a.lastTimeAccessed, &b.lastTimeAccessed);
+}
+
+int CompareLastTimeWritten(const Comparator&, const Record& a, const Record& b) {
+    return CompareFileTime(&a.lastTimeWritten, &b.lastTimeWritten);
+}
+
+int CompareFolderCount(const Comparator&, const Record& a, const Record& b) {
+    return Order(a.folderCount, b.folderCount);
+}
+
+int CompareFileCount(const Comparator&, const Record& a, const Record& b) {
+    return Order(a.fileCount, b.fileCount);
+}
+
+int CompareFolderAndFileCount(const Comparator&, const Record& a, const Record& b) {
+    return Order(a.folderCount + a.fileCount, b.folderCount + b.fileCount);
+}
+
+// Indexed by Comparison.
+constexpr std::array<CompareFunction, 11> Functions = {
+    nullptr,
+    ComparePath,
+    CompareName,
+    CompareExtension,
+    CompareSize,
+    CompareTimeCreated,
+    CompareLastTimeAccessed,
+    CompareLastTimeWritten,
+    CompareFolderCount,
+    CompareFileCount,
+    CompareFolderAndFileCount,
+};
+
+}  // namespace
+
+Comparator::Comparator(const std::vector<SortKey>& keys, bool folderMode, bool naturalSort)
+    : compareFlags_(NORM_IGNORECASE), folderMode_(folderMode) {
+    if (naturalSort)
+        compareFlags_ |= SORT_DIGITSASNUMBERS;
+
+    std::array<bool, Functions.size()> used = {};
+    for (const SortKey& key : keys) {
+        const auto number = static_cast<std::size_t>(key.key);
+        if (number >= used.size() || used[number])
+            break;
+        if (Functions[number] == nullptr)
+            throw std::invalid_argument("a sort key without a comparison");
+        keys_.push_back({Functions[number], key.ascending});
+        used[number] = true;
+    }
+}
+
+bool Comparator::Compare(const Record& a, const Record& b) const {
+    for (const Key& key : keys_) {
+        const int order = key.function(*this, a, b);
+        if (order != 0)
+            return (order < 0) == key.ascending;
+    }
+    return false;
+}
+
+int Comparator::CompareText(const wchar_t* a, const wchar_t* b) const {
+    const int result = CompareStringW(LOCALE_USER_DEFAULT, compareFlags_, a, -1, b, -1);
+    return result == 0 ? CompareByCode(a, b) : result - CSTR_EQUAL;
+}
+
+}  // namespace Scanner

@@ -7,9 +7,9 @@
 namespace Scanner {
 
 enum class AccessDeniedAnswer : uint32_t {
-    Continue = 0,        // go on, ask again at the next refused folder
-    ContinueQuietly = 1, // go on, ask no more in this scan
-    Cancel = 2,          // end the scan without a message
+    Continue = 0,         // go on, ask again at the next refused folder
+    ContinueQuietly = 1,  // go on, ask no more in this scan
+    Cancel = 2,           // end the scan without a message
 };
 
 class Listener {

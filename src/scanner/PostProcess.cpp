@@ -1,0 +1,70 @@
+#include "scanner/PostProcess.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace Scanner {
+
+namespace {
+
+struct Visit {
+    Node* node;
+    std::size_t nextChild;
+};
+
+// The children's records are complete at this point.
+void SumUp(const Node& node) {
+    uint64_t size = 0;
+    uint64_t totalFolders = node.folders.size();
+    uint64_t totalFiles = node.files.size();
+    for (const Node& child : node.folders) {
+        size += child.folder->size;
+        totalFolders += child.folder->totalFolders;
+        totalFiles += child.folder->totalFiles;
+    }
+    for (const File* file : node.files)
+        size += file->size;
+
+    Folder& folder = *node.folder;
+    folder.size = size;
+    folder.totalFolders = totalFolders;
+    folder.totalFiles = totalFiles;
+    folder.folderCount = node.folders.size();
+    folder.fileCount = node.files.size();
+}
+
+}  // namespace
+
+void PostProcess(Node& root, const Comparator& folderComparator, const Comparator& fileComparator) {
+    std::vector<Visit> visits = {{&root, 0}};
+    while (!visits.empty()) {
+        Visit& visit = visits.back();
+        Node& node = *visit.node;
+        if (visit.nextChild < node.folders.size()) {
+            Node* const child = &node.folders[visit.nextChild++];
+            visits.push_back({child, 0});
+        } else {
+            SumUp(node);
+            SortFolders(node.folders, folderComparator);
+            SortFiles(node.files, fileComparator);
+            visits.pop_back();
+        }
+    }
+}
+
+void SortFolders(std::vector<Node>& folders, const Comparator& comparator) {
+    if (folders.size() < 2 || !comparator.HasKeys())
+        return;
+    std::stable_sort(folders.begin(), folders.end(), [&comparator](const Node& a, const Node& b) {
+        return comparator.Compare(*a.folder, *b.folder);
+    });
+}
+
+void SortFiles(std::vector<File*>& files, const Comparator& comparator) {
+    if (files.size() < 2 || !comparator.HasKeys())
+        return;
+    std::stable_sort(files.begin(), files.end(),
+                     [&comparator](const File* a, const File* b) { return comparator.Compare(*a, *b); });
+}
+
+}  // namespace Scanner

@@ -34,6 +34,9 @@ struct Record {
     FILETIME lastTimeWritten;
 };
 
+// A scan holds millions of them.
+static_assert(sizeof(Record) == 112);
+
 using Folder = Record;
 using File = Record;
 
@@ -51,7 +54,13 @@ struct Node {
     explicit Node(Folder* record) : folder(record) {}
     Node(Node&&) noexcept = default;
     Node& operator=(Node&&) noexcept = default;
-    ~Node();
+    ~Node() {
+        if (!folders.empty())
+            DestroyBelow();
+    }
+
+private:
+    void DestroyBelow() noexcept;
 };
 
 }  // namespace Scanner

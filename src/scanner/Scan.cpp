@@ -1,0 +1,58 @@
+#include "scanner/Scan.h"
+
+#include "scanner/Completion.h"
+#include "scanner/FlatLists.h"
+#include "scanner/Path.h"
+#include "scanner/Walk.h"
+#include "winlib/Windows.h"
+
+namespace Scanner {
+
+namespace {
+
+// Attributes, size and times stay zero if they cannot be had: whether the path can be read is for the
+// enumeration to tell.
+void FillRoot(Folder& root, const wchar_t* path) {
+    WIN32_FILE_ATTRIBUTE_DATA data = {};
+    if (!GetFileAttributesExW((std::wstring(L"\\\\?\\") + path).c_str(), GetFileExInfoStandard, &data))
+        data = {};
+    root = {
+        .parent = nullptr,
+        .name = path,
+        .extension = EmptyText,
+        .fullName = path,
+        .flags = 0,
+        .attributes = data.dwFileAttributes,
+        .depth = -1,
+        .totalFolders = 0,
+        .totalFiles = 0,
+        .folderCount = 0,
+        .fileCount = 0,
+        .size = uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow,
+        .timeCreated = data.ftCreationTime,
+        .lastTimeAccessed = data.ftLastAccessTime,
+        .lastTimeWritten = data.ftLastWriteTime,
+    };
+}
+
+bool ScanOrThrow(Result& result, const Options& options, const std::wstring& path) {
+    const std::wstring normalised = JoinPath(path, L"");
+    result.root.folder = result.records.Allocate();
+    FillRoot(*result.root.folder, result.strings.Duplicate(normalised.c_str()));
+
+    FlatLists lists;
+    FlatLists* const flatLists = options.flatten ? &lists : nullptr;
+    return Walk(result, options, flatLists).Run(normalised) && CompleteTree(result.root, options, flatLists);
+}
+
+}  // namespace
+
+bool Scan(Result& result, const Options& options, const std::wstring& path) {
+    try {
+        return ScanOrThrow(result, options, path);
+    } catch (...) {
+        return false;
+    }
+}
+
+}  // namespace Scanner
