@@ -4,6 +4,10 @@
 
 #include <string>
 
+// Where the handler module of the program at this path must stand: the path up to its last dot, folders
+// included, and ".dll".
+std::wstring ModulePathOf(const std::wstring& programPath);
+
 class ShellExtension {
 public:
     // name is the handler's key below the ContextMenuHandlers keys, classId its class in registry form with
