@@ -1,0 +1,114 @@
+#include "writers/TextWriter.h"
+
+#include "settings/Preset.h"
+#include "writers/DateTime.h"
+
+namespace {
+
+std::wstring Heading(const std::vector<const wchar_t*>& titles) {
+    std::wstring heading;
+    if (!titles.empty())
+        heading += L"|";
+    for (const wchar_t* title : titles) {
+        heading += L" ";
+        heading += title;
+        heading += L"\t|";
+    }
+    heading += L"\n\n";
+    return heading;
+}
+
+}  // namespace
+
+TextWriter::TextWriter(const Preset& jobPreset, const wchar_t* outputPath)
+    : Writer(jobPreset, outputPath),
+      preset(&jobPreset),
+      indentUnit(preset->Section(Preset::Display).Get<uint32_t>(Preset::DisplayRow::IndentSize), L'\t'),
+      columnSeparator(L"\t") {
+    if (preset->Section(Preset::Columns).Get<bool>(Preset::ColumnsRow::ShowHeaders)) {
+        folderHeader = Heading(FolderTitles(*preset));
+        fileHeader = Heading(FileTitles(*preset));
+    }
+}
+
+void TextWriter::WriteHeader(const PathState&, const Scanner::Folder& root) {
+    WriteLine(L"Tamblewick 4.0.1");
+    EndLine();
+    WriteText(L"Summary of path: ");
+    WriteLine(root.name);
+    WriteText(L"Created: ");
+    WriteLine(FormatLocalTime());
+    EndLine();
+    if (!Shows(Preset::DisplayRow::ShowStatistics))
+        return;
+    WriteText(L"Total size: ");
+    sizeWriter(*this, root.size);
+    EndLine();
+    WriteText(L"Total number of folders: ");
+    stream << root.totalFolders;
+    EndLine();
+    WriteText(L"Total number of files: ");
+    stream << root.totalFiles;
+    EndLine();
+    EndLine();
+    EndLine();
+}
+
+void TextWriter::WriteFooter(const PathState&, const Scanner::Folder&) {}
+
+void TextWriter::BeginFolders(uint64_t) {
+    if (Shows(Preset::DisplayRow::ShowFlatStyle))
+        WriteText(folderHeader);
+}
+
+void TextWriter::WriteFolder(const PathState& state, const Scanner::Folder& folder) {
+    WriteRow(folderColumns, state, folder);
+}
+
+void TextWriter::EndFolders(uint64_t) {
+    if (Shows(Preset::DisplayRow::ShowFlatStyle))
+        EndLine();
+}
+
+void TextWriter::BeginFiles() {
+    if (!Shows(Preset::DisplayRow::ShowFlatStyle))
+        return;
+    EndLine();
+    EndLine();
+    WriteText(fileHeader);
+}
+
+void TextWriter::WriteFile(const PathState& state, const Scanner::File& file) {
+    WriteRow(fileColumns, state, file);
+}
+
+void TextWriter::EndFiles() {}
+
+void TextWriter::Indent() {
+    currentIndent += indentUnit;
+    ++depth;
+}
+
+void TextWriter::Unindent() {
+    if (depth == 0)
+        return;
+    currentIndent.resize(currentIndent.size() - indentUnit.size());
+    --depth;
+}
+
+bool TextWriter::Shows(uint32_t displayRow) const {
+    return preset->Section(Preset::Display).Get<bool>(displayRow);
+}
+
+void TextWriter::WriteRow(const std::vector<ColumnWriter>& columns, const PathState& state,
+                          const Scanner::Record& record) {
+    if (columns.empty())
+        return;
+    WriteText(currentIndent);
+    for (size_t i = 0; i < columns.size(); ++i) {
+        if (i != 0)
+            WriteText(columnSeparator);
+        columns[i](*this, state, record);
+    }
+    EndLine();
+}

@@ -1,0 +1,30 @@
+#include "writers/Writer.h"
+
+#include <iomanip>
+
+#include "settings/Preset.h"
+#include "writers/Encoding.h"
+
+Writer::Writer(const Preset& preset, const wchar_t* outputPath)
+    : sizeWriter(
+          MakeSizeWriter(preset.Section(Preset::Display).Get<SizeStyle>(Preset::DisplayRow::SizeStyle))),
+      folderColumns(MakeFolderColumns(preset)),
+      fileColumns(MakeFileColumns(preset)),
+      stream(outputPath) {
+    stream << std::fixed << std::showpoint << std::setprecision(1);
+    if (preset.Section(Preset::Format).Get<bool>(Preset::FormatRow::EnableUtf8))
+        stream << "\xEF\xBB\xBF";
+}
+
+void Writer::WriteText(std::wstring_view text) {
+    stream << EncodeText(text);
+}
+
+void Writer::EndLine() {
+    stream << std::endl;
+}
+
+void Writer::WriteLine(std::wstring_view text) {
+    WriteText(text);
+    EndLine();
+}
