@@ -1,0 +1,38 @@
+// The message loop of a test: runs on the test's thread until there is nothing left to do, or until something
+// has come true. Dialogs get their keyboard navigation, as in the program's own loop.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "winlib/Windows.h"
+
+namespace Ui {
+
+class MessagePump {
+public:
+    // What sees a message first; true means that it has been dealt with.
+    using Filter = std::function<bool(MSG& message)>;
+
+    // Offers each message to this dialog's IsDialogMessageW.
+    explicit MessagePump(HWND dialog);
+    explicit MessagePump(Filter filter) : filter_(std::move(filter)) {}
+
+    // Returns when the queue of this thread is empty.
+    void RunUntilIdle();
+
+    // Returns true as soon as done() is true. Past the deadline the test fails, telling what it waited for.
+    bool RunUntil(const std::function<bool()>& done, std::chrono::milliseconds deadline,
+                  const std::string& what);
+
+    // What PostQuitMessage was given, once the pump has met it.
+    std::optional<int> QuitCode() const { return quitCode_; }
+
+private:
+    Filter filter_;
+    std::optional<int> quitCode_;
+};
+
+}  // namespace Ui
