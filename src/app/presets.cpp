@@ -1,1 +1,145 @@
-int wmain() { return 0; }
+// presets: lists, makes and removes presets from a console, for those who start lists in batch mode with a
+// preset's key. Texts go out as UTF-8, redirected or not.
+
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "settings/MainSettings.h"
+#include "settings/Templates.h"
+#include "winlib/Windows.h"
+
+namespace {
+
+constexpr std::wstring_view Usage =
+    L"Usage: presets list                     key, position and name of every preset\n"
+    L"       presets new TEMPLATE [NAME]      make a preset, print its key\n"
+    L"       presets remove KEY               remove a preset\n"
+    L"       presets templates                number and name of every template\n"
+    L"       presets --help                   this text\n"
+    L"TEMPLATE is a template's number or name. A list is made with: tamblewick KEY FOLDER\n";
+
+using Arguments = std::vector<std::wstring>;
+
+// A console shows UTF-8 while this exists.
+class Utf8Console {
+public:
+    Utf8Console() : previous_(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
+    ~Utf8Console() { SetConsoleOutputCP(previous_); }
+    Utf8Console(const Utf8Console&) = delete;
+    Utf8Console& operator=(const Utf8Console&) = delete;
+
+private:
+    UINT previous_;
+};
+
+// Half a surrogate pair, which a name may hold, becomes a replacement character.
+void Print(std::FILE* stream, std::wstring_view text) {
+    const int length = static_cast<int>(text.length());
+    std::string bytes(text.length() * 3, '\0');
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
+                                         static_cast<int>(bytes.size()), nullptr, nullptr);
+    std::fwrite(bytes.data(), 1, static_cast<size_t>(size), stream);
+}
+
+int Fail(const std::wstring& message) {
+    Print(stderr, L"presets: " + message + L"\n");
+    return 1;
+}
+
+int WrongUsage() {
+    return Fail(L"wrong usage, see presets --help");
+}
+
+int ListPresets() {
+    MainSettings settings;
+    settings.LoadAll();
+    for (const auto& preset : settings.Presets) {
+        Print(stdout, preset->Key() + L"\t" + std::to_wstring(preset->Get<int32_t>(Preset::Position)) +
+                          L"\t" + preset->Get<std::wstring>(Preset::Name) + L"\n");
+    }
+    return 0;
+}
+
+int ListTemplates() {
+    for (uint32_t number = 0; number < TemplateCount; ++number) {
+        Print(stdout, std::to_wstring(number) + L"\t" + TemplateNames[number] + L"\n");
+    }
+    return 0;
+}
+
+// The template of this number or name; TemplateCount if there is none.
+uint32_t FindTemplate(const std::wstring& text) {
+    uint32_t number = 0;
+    while (number < TemplateCount && text != std::to_wstring(number) && text != TemplateNames[number]) {
+        ++number;
+    }
+    return number;
+}
+
+int NewPreset(const Arguments& arguments) {
+    const uint32_t number = FindTemplate(arguments[1]);
+    if (number == TemplateCount) {
+        return Fail(L"no such template: " + arguments[1]);
+    }
+    MainSettings settings;
+    settings.LoadAll();
+    Preset& preset = settings.CreateFromTemplate(number);
+    if (arguments.size() == 3) {
+        preset.Get<std::wstring>(Preset::Name) = arguments[2];
+    }
+    if (!preset.Save()) {
+        return Fail(L"the preset could not be stored");
+    }
+    Print(stdout, preset.Key() + L"\n");
+    return 0;
+}
+
+int RemovePreset(const Arguments& arguments) {
+    MainSettings settings;
+    settings.LoadAll();
+    const Preset* preset = settings.FindPreset(arguments[1]);
+    if (!preset) {
+        return Fail(L"no such preset: " + arguments[1]);
+    }
+    preset->DeleteKey();
+    settings.Remove(*preset);
+    settings.Renumber();
+    return 0;
+}
+
+int Run(const Arguments& arguments) {
+    const size_t count = arguments.size();
+    const std::wstring command = count > 0 ? arguments[0] : L"";
+    if (command == L"list" && count == 1) {
+        return ListPresets();
+    }
+    if (command == L"templates" && count == 1) {
+        return ListTemplates();
+    }
+    if (command == L"new" && (count == 2 || count == 3)) {
+        return NewPreset(arguments);
+    }
+    if (command == L"remove" && count == 2) {
+        return RemovePreset(arguments);
+    }
+    if (command == L"--help" && count == 1) {
+        Print(stdout, Usage);
+        return 0;
+    }
+    return WrongUsage();
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** values) {
+    const Utf8Console console;
+    try {
+        return Run(Arguments(values + 1, values + count));
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "presets: %s\n", error.what());
+        return 1;
+    }
+}
