@@ -3,6 +3,7 @@
 #pragma once
 
 #include "winlib/Controller.h"
+#include "winlib/Handles.h"
 
 namespace WinLib {
 
@@ -13,7 +14,6 @@ class HyperLinkCtrl : public Window::Controller,
                       public Handlers::Handler<WM_RBUTTONUP> {
 public:
     HyperLinkCtrl();
-    ~HyperLinkCtrl() override;
 
     void OnAttach() override;
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
@@ -22,10 +22,14 @@ public:
     bool HandleSetCursor(HWND window, WORD hitTest, WORD mouseMessage, bool& cursorSet) override;
     bool HandleRButtonUp(int x, int y, WPARAM keys) override;
 
-    HCURSOR HandCursor;
-    HFONT NormalFont = nullptr;      // the window's
-    HFONT UnderlinedFont = nullptr;  // owned
+    HCURSOR HandCursor;          // the system's
+    HFONT NormalFont = nullptr;  // the window's
+    UniqueHandle<HFONT> UnderlinedFont;
     bool Hovering = false;
+
+private:
+    void CopyText() const;
+    void EndHover();
 };
 
 }  // namespace WinLib

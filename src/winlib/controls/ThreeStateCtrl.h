@@ -3,6 +3,7 @@
 #pragma once
 
 #include "winlib/Controller.h"
+#include "winlib/Handles.h"
 
 #include <commctrl.h>
 
@@ -19,8 +20,6 @@ class ThreeStateCtrl : public Window::Controller,
                        public Handlers::Handler<WM_KEYDOWN>,
                        public Handlers::Handler<WM_LBUTTONDBLCLK> {
 public:
-    ~ThreeStateCtrl() override;
-
     // Checks an item with all below it, unless it is checked: then unchecks them. The parents follow. A null
     // item is ignored.
     void Toggle(HTREEITEM item);
@@ -35,8 +34,8 @@ public:
     bool HandleKeyDown(WPARAM virtualKey) override;
     bool HandleLButtonDoubleClick(int x, int y, WPARAM keys) override;
 
-    // The pictures of the states by their number, picture 0 never shown. Set before attaching; owned.
-    HIMAGELIST StateImages = nullptr;
+    // The pictures of the states by their number, picture 0 never shown. Set before attaching.
+    UniqueHandle<HIMAGELIST> StateImages;
 
 private:
     void SetBranch(HTREEITEM item, ItemState state);
