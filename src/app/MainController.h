@@ -70,21 +70,25 @@ private:
     bool HandleSysColorChange() override;
     bool HandleDisplayChange() override;
 
+    // The set-up, in MainControllerSetup.cpp.
     void FindControls();
     void BuildLayout();
-    void ShowManagePage();
+    void MakeManagePage();
     void SetMainMenu();
     void MakeAccelerators();
-    void PlaceWindow(const RECT& rect);
+
     void ArrangeControls();
+    void PlaceWindow(int x, int y, int width, int height);
+
+    // Presets and their pages, in MainControllerPresets.cpp. AddPreset makes the items and the pages of a
+    // preset, which stays with Settings; itemOut takes its item.
+    void AddPreset(HTREEITEM& itemOut, Preset& preset);
+    void MakePage(uint32_t id, size_t index, Preset& preset);
+    PropertyController* PageOf(uint32_t id) const;  // null if there is none, as below
+    Preset* PresetOf(uint32_t id) const;
     void UpdateControls();
 
-    // Appends the preset to the tree and makes its seven pages. The preset stays with Settings.
-    void AddPreset(HTREEITEM& itemOut, Preset& preset);
-    PropertyController* PageOf(HTREEITEM item) const;
-    void SaveWindowRect();
-
-    // The worker's end message, and the two ways of taking a finished job from it.
+    // The running list, in MainControllerLists.cpp.
     bool HandleJobEnded();
     void CollectJob();
     void FinishClosing();
@@ -107,4 +111,8 @@ private:
     WinLib::Layout::Overlapped* PageSizer = nullptr;  // owned by the sizer tree
     std::wstring LastFolder;                          // of this run only
     std::unique_ptr<ListMakerWithUI> Lister;          // running, or finished and not yet collected
+
+    // While Lister's Start is on the stack the job must live: what would delete it is put off until then.
+    bool Starting = false;
+    bool CloseWhenStarted = false;
 };

@@ -52,8 +52,14 @@ public:
     // The preset item that this item is or lies below; null if there is none.
     HTREEITEM PresetItemOf(HTREEITEM item) const;
 
-    // The selected item, or null.
-    HTREEITEM Selected() const;
+    // Items or null: the selected one, the topmost preset.
+    HTREEITEM SelectedItem() const;
+    HTREEITEM FirstItem() const;
+
+    // The neighbour of an item in one of the TVGN_ relations, or null.
+    HTREEITEM Neighbour(HTREEITEM item, UINT relation) const;
+
+    void Select(HTREEITEM item) const;
 
     // Selects a preset item and opens its label for editing. Does nothing with any other item.
     void BeginRename(HTREEITEM item);
@@ -73,19 +79,22 @@ private:
     bool HandleMouseMove(int x, int y, WPARAM keys) override;
 
     std::optional<ItemInfo> InfoOf(HTREEITEM item) const;
-    HTREEITEM InsertItem(HTREEITEM parent, const std::wstring& text, ItemKind kind,
-                         std::vector<uint32_t>& idsOut);
-    HTREEITEM Next(HTREEITEM item, WPARAM direction) const;
+    HTREEITEM InsertItem(HTREEITEM parent, std::wstring text, ItemKind kind, std::vector<uint32_t>& idsOut);
     TVHITTESTINFO HitTest(int x, int y) const;
-    void RunContextCommand(int command, HTREEITEM selected);
+    void RunContextCommand(UINT command, HTREEITEM selected);
 
-    // Drag and drop, in MainTreeDrag.cpp.
+    // Drag and drop, in MainTreeControllerDrag.cpp.
     void BeginDrag(int x, int y);
+    void EndDrag() const;
+    void ReleaseMouse() const;
     void MoveDragImage(int x, int y) const;
     void MarkDropTarget(int x, int y) const;
+    void MarkBehind(HTREEITEM item) const;
+    void ClearMark() const;
+    HTREEITEM DropTarget(int x, int y) const;
+    HTREEITEM LastVisibleOf(HTREEITEM presetItem) const;
     void Drop(int x, int y);
     void MoveBehind(HTREEITEM target) const;
-    void ReleaseMouse() const;
 
     std::map<uint32_t, ItemInfo> Items;
     HTREEITEM DragItem = nullptr;

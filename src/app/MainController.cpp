@@ -1,0 +1,235 @@
+#include "app/MainController.h"
+
+#include "app/WorkArea.h"
+#include "listmaker/ListMakerWithUI.h"
+#include "pages/AboutController.h"
+#include "pages/ManageController.h"
+#include "pages/OptionsController.h"
+#include "pages/PropertyController.h"
+#include "resources/resource.h"
+#include "winlib/Application.h"
+
+namespace {
+
+// Marks the menu command of a template; its number stands in the bits below.
+constexpr WORD TemplateBit = IDM_TEMPLATE_FIRST;
+
+void SetAccelerators(HWND window, HACCEL table) {
+    WinLib::Application& application = *WinLib::Application::Current();
+    application.AcceleratorWindow = window;
+    application.Accelerators = table;
+}
+
+}  // namespace
+
+MainController::MainController() : TreeController(*this) {
+    Splitter.Cursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_SIZEWE));
+}
+
+MainController::~MainController() {
+    for (auto& [id, page] : Pages) {
+        page->OnCancel();
+        page.reset();
+    }
+    // Members go in the reverse of their order: the list that may still run first, the settings last.
+}
+
+bool MainController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    switch (message) {
+        case WM_SIZING:
+            return Handler<WM_SIZING>::Dispatch(wParam, lParam, result);
+        case WM_SIZE:
+            return Handler<WM_SIZE>::Dispatch(wParam, lParam, result);
+        case WM_DESTROY:
+            return Handler<WM_DESTROY>::Dispatch(wParam, lParam, result);
+        case WM_CLOSE:
+            return Handler<WM_CLOSE>::Dispatch(wParam, lParam, result);
+        case WM_GETMINMAXINFO:
+            return Handler<WM_GETMINMAXINFO>::Dispatch(wParam, lParam, result);
+        case WM_SYSCOLORCHANGE:
+            return Handler<WM_SYSCOLORCHANGE>::Dispatch(wParam, lParam, result);
+        case WM_DISPLAYCHANGE:
+            return Handler<WM_DISPLAYCHANGE>::Dispatch(wParam, lParam, result);
+        case WM_APP:
+            return HandleJobEnded();
+        default:
+            return WinLib::Dialog::Controller::OnMessage(message, wParam, lParam, result);
+    }
+}
+
+bool MainController::OnMenuCommand(WORD id) {
+    if (id & TemplateBit) {
+        NewFromTemplate(id & (TemplateBit - 1));
+        return true;
+    }
+    const HTREEITEM selected = TreeController.SelectedItem();
+    switch (id) {
+        case IDM_ABOUT:
+            ShowAbout();
+            return true;
+        case IDM_NEW:
+            NewPreset();
+            return true;
+        case IDM_EXIT:
+            SendMessageW(Handle, WM_CLOSE, 0, 0);
+            return true;
+        case IDM_DUPLICATE:
+            if (selected != nullptr)
+                DuplicatePreset(selected);
+            return selected != nullptr;
+        case IDM_RENAME:
+            if (selected != nullptr)
+                TreeController.BeginRename(selected);
+            return selected != nullptr;
+        case IDM_REMOVE:
+            if (selected != nullptr)
+                RemovePreset(selected);
+            return selected != nullptr;
+        case IDM_OPTIONS:
+            ShowOptions();
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool MainController::OnAccelerator(WORD id) {
+    switch (id) {
+        case VK_F1:
+            ShowAbout();
+            return true;
+        case VK_F5:
+            NewPreset();
+            return true;
+        case VK_F7:
+            ShowOptions();
+            return true;
+        default:
+            break;
+    }
+    const HTREEITEM selected = TreeController.SelectedItem();
+    if (TreeController.ItemKindOf(selected) != ItemKind::Preset)
+        return false;
+    switch (id) {
+        case VK_F2:
+            TreeController.BeginRename(selected);
+            return true;
+        case VK_F6:
+            DuplicatePreset(selected);
+            return true;
+        case VK_DELETE:
+            RemovePreset(selected);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool MainController::OnControlCommand(WORD id, HWND, WORD code) {
+    // Not to the dialog's own handling of the two, which destroys the window.
+    if (id == IDOK || id == IDCANCEL || code != BN_CLICKED)
+        return false;
+    switch (id) {
+        case IDC_MAIN_CREATE_LIST:
+            CreateList();
+            return true;
+        case IDC_MAIN_CLOSE:
+            SendMessageW(Handle, WM_CLOSE, 0, 0);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool MainController::HandleNotify(NMHDR& header, LRESULT& result) {
+    switch (static_cast<int>(header.code)) {
+        case static_cast<int>(TVN_ENDLABELEDITW):
+            return TreeController.EndRename(reinterpret_cast<const NMTVDISPINFOW&>(header), result);
+        case static_cast<int>(TVN_BEGINLABELEDITW):
+            DisableAccelerators();
+            TreeController.AttachLabelEdit();
+            return true;
+        case static_cast<int>(TVN_SELCHANGEDW):
+            ShowPage(TreeController.SelectedItem());
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool MainController::HandleSizing(WPARAM, RECT&) {
+    ArrangeControls();
+    return true;
+}
+
+bool MainController::HandleSize(WORD type, WORD, WORD) {
+    if (type == SIZE_MINIMIZED)
+        return false;
+    ArrangeControls();
+    return true;
+}
+
+bool MainController::HandleDestroy() {
+    PostQuitMessage(0);
+    return true;
+}
+
+bool MainController::HandleGetMinMaxInfo(MINMAXINFO& info) {
+    RECT outer = RootSizer.MinimumRect;
+    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrW(Handle, GWL_STYLE)), TRUE,
+                       static_cast<DWORD>(GetWindowLongPtrW(Handle, GWL_EXSTYLE)));
+    const POINT size = {outer.right - outer.left, outer.bottom - outer.top};
+    info.ptMinTrackSize = size;
+    info.ptMaxTrackSize = {size.x * 2, size.y * 2};
+    return true;
+}
+
+// The controls are told here, and the platform does the rest.
+bool MainController::HandleSysColorChange() {
+    SendMessageW(TreeWindow, WM_SYSCOLORCHANGE, 0, 0);
+    for (const auto& [id, page] : Pages)
+        SendMessageW(page->Handle, WM_SYSCOLORCHANGE, 0, 0);
+    return false;
+}
+
+bool MainController::HandleDisplayChange() {
+    RECT window;
+    GetWindowRect(Handle, &window);
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof(monitor);
+    if (!GetMonitorInfoW(MonitorFromRect(&window, MONITOR_DEFAULTTOPRIMARY), &monitor))
+        return false;
+    const RECT fitted = FitToWorkArea(window, monitor.rcWork);
+    if (!EqualRect(&fitted, &window))
+        PlaceWindow(fitted.left, fitted.top, fitted.right - fitted.left, fitted.bottom - fitted.top);
+    return false;
+}
+
+void MainController::ArrangeControls() {
+    RECT client;
+    GetClientRect(Handle, &client);
+    RootSizer.Arrange(client);
+}
+
+void MainController::PlaceWindow(int x, int y, int width, int height) {
+    SetWindowPos(Handle, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    SetWindowPos(Handle, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+}
+
+void MainController::ShowOptions() {
+    OptionsController controller(&Settings);
+    WinLib::RunModal(controller, IDD_OPTIONS, Handle, WinLib::Application::Current()->Instance);
+}
+
+void MainController::ShowAbout() {
+    AboutController controller;
+    WinLib::RunModal(controller, IDD_ABOUT, Handle, WinLib::Application::Current()->Instance);
+}
+
+void MainController::EnableAccelerators() {
+    SetAccelerators(Handle, Accelerators.get());
+}
+
+void MainController::DisableAccelerators() {
+    SetAccelerators(nullptr, nullptr);
+}

@@ -1,0 +1,143 @@
+// The presets in the tree with their pages, and what the commands do to them.
+
+#include <algorithm>
+#include <typeinfo>
+
+#include "app/MainController.h"
+#include "app/PresetPages.h"
+#include "listmaker/ListMakerWithUI.h"
+#include "pages/ManageController.h"
+#include "pages/PropertyController.h"
+#include "resources/resource.h"
+#include "winlib/Application.h"
+
+using WinLib::Layout::Alignment;
+
+void MainController::AddPreset(HTREEITEM& itemOut, Preset& preset) {
+    std::vector<uint32_t> ids;
+    TreeController.AddItems(itemOut, preset.Get<std::wstring>(Preset::Name), ids);
+    for (size_t index = 0; index < ids.size(); index++)
+        MakePage(ids[index], index, preset);
+    ArrangeControls();
+}
+
+void MainController::MakePage(uint32_t id, size_t index, Preset& preset) {
+    WinLib::Application& application = *WinLib::Application::Current();
+    PresetPage page = MakePresetPage(index, preset);
+    HWND window = nullptr;
+    WinLib::CreateModeless(application, window, *page.controller, page.dialogId, Handle,
+                           application.Instance);
+    PageSizer->AddWindow(window, Alignment::Fill, Alignment::Fill);
+    page.controller->Refresh();
+    Pages[id] = std::move(page.controller);
+}
+
+PropertyController* MainController::PageOf(uint32_t id) const {
+    const auto entry = Pages.find(id);
+    return entry != Pages.end() ? entry->second.get() : nullptr;
+}
+
+Preset* MainController::PresetOf(uint32_t id) const {
+    const PropertyController* page = PageOf(id);
+    return page != nullptr ? &dynamic_cast<Preset&>(*page->Target) : nullptr;
+}
+
+void MainController::UpdateControls() {
+    ShowWindow(ManagePage->Handle, TreeController.FirstItem() == nullptr ? SW_SHOW : SW_HIDE);
+
+    const std::optional<ItemKind> kind = TreeController.ItemKindOf(TreeController.SelectedItem());
+    EnableWindow(CreateListButton, kind.has_value() && Lister == nullptr);
+
+    const UINT state = kind == ItemKind::Preset ? MF_ENABLED : MF_GRAYED | MF_DISABLED;
+    for (const UINT command : {IDM_DUPLICATE, IDM_RENAME, IDM_REMOVE})
+        EnableMenuItem(MenuBar.get(), command, MF_BYCOMMAND | state);
+}
+
+void MainController::ShowPage(HTREEITEM item) {
+    const PropertyController* page = PageOf(TreeController.ItemId(item));
+    UpdateControls();
+    if (page == nullptr || page->Handle == CurrentPage)
+        return;
+    // The new page first, or the empty background would flash up between the two.
+    ShowWindow(page->Handle, SW_SHOW);
+    UpdateWindow(page->Handle);
+    if (CurrentPage != nullptr)
+        ShowWindow(CurrentPage, SW_HIDE);
+    CurrentPage = page->Handle;
+}
+
+void MainController::NewPreset() {
+    Preset& preset = Settings.CreatePreset();
+    preset.Get<std::wstring>(Preset::Name) = L"New Preset";
+    HTREEITEM item = nullptr;
+    AddPreset(item, preset);
+    TreeController.BeginRename(item);
+    preset.Save();
+    UpdateControls();
+}
+
+void MainController::NewFromTemplate(uint32_t index) {
+    Preset& preset = Settings.CreateFromTemplate(index);
+    HTREEITEM item = nullptr;
+    AddPreset(item, preset);
+    TreeController.Select(item);
+    preset.Save();
+    UpdateControls();
+}
+
+void MainController::DuplicatePreset(HTREEITEM item) {
+    const Preset* source = PresetOf(TreeController.ItemId(item));
+    if (source == nullptr)
+        return;
+    Preset& copy = Settings.CreatePreset();
+    copy.Assign(*source);
+    copy.Get<std::wstring>(Preset::Name) = L"Copy of " + source->Get<std::wstring>(Preset::Name);
+    copy.Save();
+    HTREEITEM copyItem = nullptr;
+    AddPreset(copyItem, copy);
+    UpdateControls();
+}
+
+void MainController::RemovePreset(HTREEITEM item) {
+    std::vector<uint32_t> ids;
+    const auto take = [&](HTREEITEM taken) {
+        if (const std::optional<ItemInfo> info = TreeController.TakeItem(taken))
+            ids.push_back(info->id);
+    };
+    take(item);
+    for (HTREEITEM child = TreeController.Neighbour(item, TVGN_CHILD); child != nullptr;
+         child = TreeController.Neighbour(child, TVGN_NEXT))
+        take(child);
+    SendMessageW(TreeWindow, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(item));
+
+    const Preset* preset = ids.empty() ? nullptr : PresetOf(ids.front());
+    if (preset == nullptr)
+        return;
+    for (const uint32_t id : ids) {
+        PageOf(id)->OnCancel();
+        Pages.erase(id);
+    }
+    preset->DeleteKey();
+    Settings.Remove(*preset);
+    Settings.Renumber();
+    UpdateControls();
+}
+
+void MainController::RenamePreset(HTREEITEM item, const std::wstring& text) {
+    Preset* preset = PresetOf(TreeController.ItemId(item));
+    if (preset == nullptr)
+        return;
+    preset->Get<std::wstring>(Preset::Name) = text;
+    preset->Save();
+}
+
+void MainController::ReorderPresets(const std::vector<uint32_t>& ids) {
+    int32_t position = 1;
+    for (auto id = ids.rbegin(); id != ids.rend(); ++id) {
+        Preset* preset = PresetOf(*id);
+        if (preset == nullptr)
+            continue;
+        preset->Get<int32_t>(Preset::Position) = position++;
+        preset->Save();
+    }
+}

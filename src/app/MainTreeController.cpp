@@ -1,0 +1,206 @@
+#include "app/MainTreeController.h"
+
+#include "app/Menus.h"
+#include "resources/resource.h"
+#include "winlib/Application.h"
+
+namespace {
+
+constexpr int ItemHeight = 18;
+constexpr const wchar_t* PageNames[] = {L"Display", L"Filter", L"Columns", L"Sorting", L"Saving", L"Opening"};
+
+// Increased before each use. Main thread only.
+uint32_t NextItemId = 0;
+
+// A thin bar follows the cursor, not a picture of the item: the icon is cut down to the list's height.
+WinLib::UniqueHandle<HIMAGELIST> MakeDragImages() {
+    WinLib::UniqueHandle<HIMAGELIST> images(ImageList_Create(64, 2, ILC_MASK, 1, 4));
+    const WinLib::UniqueHandle<HICON> icon(static_cast<HICON>(
+        LoadImageW(WinLib::Application::Current()->Instance, MAKEINTRESOURCEW(IDI_DRAG), IMAGE_ICON,
+                   GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0)));
+    ImageList_ReplaceIcon(images.get(), -1, icon.get());
+    return images;
+}
+
+void ChangeStyle(HWND window, LONG_PTR added, LONG_PTR removed) {
+    SetWindowLongPtrW(window, GWL_STYLE, (GetWindowLongPtrW(window, GWL_STYLE) | added) & ~removed);
+}
+
+}  // namespace
+
+MainTreeController::MainTreeController(ICommand& command)
+    : DragImages(MakeDragImages()),
+      DragThreshold{GetSystemMetrics(SM_CXDRAG), GetSystemMetrics(SM_CYDRAG)},
+      Command(&command) {}
+
+MainTreeController::~MainTreeController() {
+    if (DragState == DragStates::Dragging)
+        EndDrag();
+    ReleaseMouse();
+}
+
+void MainTreeController::OnAttach() {
+    TreeWindow = Handle;
+    ChangeStyle(TreeWindow, TVS_HASBUTTONS, 0);
+    SendMessageW(TreeWindow, TVM_SETITEMHEIGHT, ItemHeight, 0);
+}
+
+bool MainTreeController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    switch (message) {
+        case WM_RBUTTONDOWN:
+            return Handler<WM_RBUTTONDOWN>::Dispatch(wParam, lParam, result);
+        case WM_RBUTTONUP:
+            return Handler<WM_RBUTTONUP>::Dispatch(wParam, lParam, result);
+        case WM_LBUTTONDOWN:
+            return Handler<WM_LBUTTONDOWN>::Dispatch(wParam, lParam, result);
+        case WM_LBUTTONUP:
+            return Handler<WM_LBUTTONUP>::Dispatch(wParam, lParam, result);
+        case WM_MOUSEMOVE:
+            return Handler<WM_MOUSEMOVE>::Dispatch(wParam, lParam, result);
+        default:
+            return WinLib::Window::Controller::OnMessage(message, wParam, lParam, result);
+    }
+}
+
+void MainTreeController::AddItems(HTREEITEM& itemOut, const std::wstring& name,
+                                  std::vector<uint32_t>& idsOut) {
+    itemOut = InsertItem(TVI_ROOT, name, ItemKind::Preset, idsOut);
+    for (const wchar_t* page : PageNames)
+        InsertItem(itemOut, page, ItemKind::Page, idsOut);
+}
+
+HTREEITEM MainTreeController::InsertItem(HTREEITEM parent, std::wstring text, ItemKind kind,
+                                         std::vector<uint32_t>& idsOut) {
+    const uint32_t id = ++NextItemId;
+    TVINSERTSTRUCTW insertion = {};
+    insertion.hParent = parent;
+    insertion.hInsertAfter = TVI_LAST;
+    insertion.item.mask = TVIF_TEXT | TVIF_PARAM;
+    insertion.item.pszText = text.data();
+    insertion.item.lParam = id;
+    const LRESULT item = SendMessageW(TreeWindow, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion));
+    idsOut.push_back(id);
+    Items[id] = {kind, id};
+    return reinterpret_cast<HTREEITEM>(item);
+}
+
+std::optional<ItemInfo> MainTreeController::InfoOf(HTREEITEM item) const {
+    TVITEMW data = {};
+    data.mask = TVIF_HANDLE | TVIF_PARAM;
+    data.hItem = item;
+    if (item == nullptr || !SendMessageW(TreeWindow, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&data)))
+        return std::nullopt;
+    const auto entry = Items.find(static_cast<uint32_t>(data.lParam));
+    if (entry == Items.end())
+        return std::nullopt;
+    return entry->second;
+}
+
+uint32_t MainTreeController::ItemId(HTREEITEM item) const {
+    const std::optional<ItemInfo> info = InfoOf(item);
+    return info ? info->id : 0;
+}
+
+std::optional<ItemKind> MainTreeController::ItemKindOf(HTREEITEM item) const {
+    const std::optional<ItemInfo> info = InfoOf(item);
+    return info ? std::optional(info->kind) : std::nullopt;
+}
+
+std::optional<ItemInfo> MainTreeController::TakeItem(HTREEITEM item) {
+    const std::optional<ItemInfo> info = InfoOf(item);
+    if (info)
+        Items.erase(info->id);
+    return info;
+}
+
+HTREEITEM MainTreeController::PresetItemOf(HTREEITEM item) const {
+    const std::optional<ItemKind> kind = ItemKindOf(item);
+    if (kind == ItemKind::Preset)
+        return item;
+    return kind == ItemKind::Page ? Neighbour(item, TVGN_PARENT) : nullptr;
+}
+
+HTREEITEM MainTreeController::Neighbour(HTREEITEM item, UINT relation) const {
+    return reinterpret_cast<HTREEITEM>(
+        SendMessageW(TreeWindow, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+}
+
+HTREEITEM MainTreeController::SelectedItem() const {
+    return Neighbour(nullptr, TVGN_CARET);
+}
+
+HTREEITEM MainTreeController::FirstItem() const {
+    return Neighbour(nullptr, TVGN_ROOT);
+}
+
+void MainTreeController::Select(HTREEITEM item) const {
+    SendMessageW(TreeWindow, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+}
+
+void MainTreeController::BeginRename(HTREEITEM item) {
+    if (ItemKindOf(item) != ItemKind::Preset)
+        return;
+    // On for this one edit only, so that a click on a selected label never begins one.
+    ChangeStyle(TreeWindow, TVS_EDITLABELS, 0);
+    Select(item);
+    // Windows edits labels only in a tree that has the focus.
+    SetFocus(TreeWindow);
+    SendMessageW(TreeWindow, TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(item));
+}
+
+void MainTreeController::AttachLabelEdit() {
+    WinLib::Attach(LabelEdit, reinterpret_cast<HWND>(SendMessageW(TreeWindow, TVM_GETEDITCONTROL, 0, 0)));
+}
+
+bool MainTreeController::EndRename(const NMTVDISPINFOW& notification, LRESULT& result) {
+    WinLib::Detach(LabelEdit);
+    Command->EnableAccelerators();
+    ChangeStyle(TreeWindow, 0, TVS_EDITLABELS);
+    const TVITEMW& edited = notification.item;
+    if (edited.pszText == nullptr)
+        return true;
+    TVITEMW data = {};
+    data.mask = TVIF_TEXT;
+    data.hItem = edited.hItem;
+    data.pszText = edited.pszText;
+    SendMessageW(TreeWindow, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&data));
+    Command->RenamePreset(edited.hItem, edited.pszText);
+    result = 1;
+    return true;
+}
+
+bool MainTreeController::HandleRButtonDown(int x, int y, WPARAM) {
+    const TVHITTESTINFO hit = HitTest(x, y);
+    if (hit.flags & (TVHT_ONITEMICON | TVHT_ONITEMLABEL | TVHT_ONITEMBUTTON | TVHT_ONITEMSTATEICON)) {
+        Select(hit.hItem);
+        Command->ShowPage(hit.hItem);
+    }
+    return true;
+}
+
+bool MainTreeController::HandleRButtonUp(int x, int y, WPARAM) {
+    POINT point = {x, y};
+    ClientToScreen(TreeWindow, &point);
+    if (WindowFromPoint(point) != TreeWindow)
+        return true;
+    const HTREEITEM selected = SelectedItem();
+    WinLib::UniqueHandle<HMENU> menu = MakeContextMenu(ItemKindOf(selected) == ItemKind::Preset);
+    const auto command = static_cast<UINT>(
+        TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY, point.x, point.y, 0, TreeWindow, nullptr));
+    menu.reset();
+    RunContextCommand(command, selected);
+    return true;
+}
+
+void MainTreeController::RunContextCommand(UINT command, HTREEITEM selected) {
+    if (command & ContextCommand::Template)
+        Command->NewFromTemplate(command & (ContextCommand::Template - 1));
+    else if (command & ContextCommand::New)
+        Command->NewPreset();
+    else if (command & ContextCommand::Duplicate)
+        Command->DuplicatePreset(selected);
+    else if (command & ContextCommand::Rename)
+        BeginRename(selected);
+    else if (command & ContextCommand::Remove)
+        Command->RemovePreset(selected);
+}
