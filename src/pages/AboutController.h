@@ -5,6 +5,7 @@
 #include <string>
 
 #include "winlib/Controller.h"
+#include "winlib/Handles.h"
 #include "winlib/controls/HyperLinkCtrl.h"
 #include "winlib/layout/Overlapped.h"
 
@@ -15,8 +16,6 @@ class AboutController : public WinLib::Dialog::ModalController,
                         public WinLib::Handlers::Handler<WM_SYSCOLORCHANGE>,
                         public WinLib::Handlers::Handler<WM_CLOSE> {
 public:
-    ~AboutController() override;
-
     bool OnMenuCommand(WORD id) override;
     bool OnControlCommand(WORD id, HWND control, WORD code) override;
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
@@ -42,5 +41,5 @@ private:
     WinLib::Layout::Overlapped RootSizer;
     WinLib::HyperLinkCtrl MailLink;
     WinLib::HyperLinkCtrl HomeLink;
-    HFONT TitleFont = nullptr;
+    WinLib::UniqueHandle<HFONT> TitleFont;
 };

@@ -1,28 +1,18 @@
-// The page that chooses and orders the columns of the list, for folders and for files. Ticks are stored when
-// the tree loses the focus, moves at once.
+// The page that chooses and orders the columns of the list: a checked item is shown.
 #pragma once
 
-#include "pages/OrderTree.h"
-#include "pages/PropertyController.h"
+#include "pages/OrderController.h"
 
-class ColumnsController : public PropertyController,
-                          public WinLib::Handlers::Handler<static_cast<int>(TVN_SELCHANGEDW)>,
-                          public WinLib::Handlers::Handler<static_cast<int>(NM_KILLFOCUS)> {
+class ColumnsController : public OrderController {
 public:
     explicit ColumnsController(MetaTypes::Settings* target);
 
-    void Refresh() override;
-    bool HandleNotify(NMHDR& header, LRESULT& result) override;
-    bool HandleSelectionChanged(NMHDR& header, LRESULT& result) override;
-    bool HandleKillFocus(NMHDR& header, LRESULT& result) override;
-
 protected:
-    void PrepareControls() override;
-    void BuildLayout() override;
-    bool OnClicked(WORD id) override;
+    std::vector<OrderTree::Child> ReadFolders(const MetaTypes::Settings& section) const override;
+    std::vector<OrderTree::Child> ReadFiles(const MetaTypes::Settings& section) const override;
+    void Store(MetaTypes::Settings& section, std::span<const OrderTree::Child> folders,
+               std::span<const OrderTree::Child> files) const override;
 
 private:
-    void StoreTree();
-
-    OrderTree tree_;
+    static const Controls PageControls;
 };

@@ -34,6 +34,7 @@ private:
     void RemoveFolder();
     void StoreFolders();
     void AppendFolder(const std::wstring& folder);
+    int SelectedFilter() const;
     int SelectedFolder() const;
     std::wstring FolderText(int index) const;
     void FitColumn();

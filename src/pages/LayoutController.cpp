@@ -1,0 +1,135 @@
+#include "pages/LayoutController.h"
+
+#include "resources/resource.h"
+
+#include <array>
+#include <string>
+
+using WinLib::Layout::Alignment;
+using WinLib::Layout::HStack;
+using WinLib::Layout::VStack;
+using Row = Preset::DisplayRow;
+
+namespace {
+
+constexpr Binding Bindings[] = {
+    CheckBox<Row::SearchSubfolders>(IDC_DISPLAY_SUBFOLDERS),
+    CheckBox<Row::SearchHidden>(IDC_DISPLAY_HIDDEN),
+    CheckBox<Row::ShowStatistics>(IDC_DISPLAY_STATISTICS),
+};
+
+// By the value of SizeStyle.
+constexpr std::array<const wchar_t*, 7> SizeStyleLabels = {
+    L"Dynamic (x.x Bytes/KiB/MiB/GiB/TiB)",
+    L"Dynamic (x Bytes/KiB/MiB/GiB/TiB)",
+    L"Bytes (x Bytes)",
+    L"KiB (x.x KiB)",
+    L"MiB (x.x MiB)",
+    L"GiB (x.x GiB)",
+    L"TiB (x.x TiB)",
+};
+
+constexpr int MaximumIndent = 40;
+
+// Meaningless in a list without grouping.
+constexpr int IndentControls[] = {IDC_DISPLAY_INDENT, IDC_DISPLAY_INDENT_CAPTION, IDC_DISPLAY_INDENT_VALUE};
+
+}  // namespace
+
+LayoutController::LayoutController(MetaTypes::Settings* target)
+    : PropertyController(target, Preset::Display, Bindings) {}
+
+void LayoutController::PrepareControls() {
+    const HWND sizeStyle = Control(IDC_DISPLAY_SIZE_STYLE);
+    for (const wchar_t* const label : SizeStyleLabels)
+        SendMessageW(sizeStyle, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(label));
+    SendMessageW(Control(IDC_DISPLAY_INDENT), TBM_SETRANGE, TRUE, MAKELPARAM(0, MaximumIndent));
+    ThemedControls.push_back(Control(IDC_DISPLAY_INDENT));
+}
+
+void LayoutController::BuildLayout() {
+    RootSizer.AddWindow(Control(IDC_DISPLAY_GROUP), Alignment::Fill, Alignment::Fill);
+    VStack* const page = RootSizer.AddVStack(20, 28, 20, 20, 8);
+    // The user reads the boxes in another order than that in which Tab walks them.
+    for (const int id :
+         {IDC_DISPLAY_STATISTICS, IDC_DISPLAY_HIDDEN, IDC_DISPLAY_SUBFOLDERS, IDC_DISPLAY_GROUPED})
+        page->AddWindow(0, Control(id), Alignment::Near, Alignment::Center);
+
+    HStack* const indentText = page->AddHStack(0, 0, 0, 0, 0, 0);
+    indentText->AddSpacer(0, 20);
+    indentText->AddWindow(0, Control(IDC_DISPLAY_INDENT_CAPTION), Alignment::Near, Alignment::Center);
+    indentText->AddWindow(0, Control(IDC_DISPLAY_INDENT_VALUE), Alignment::Near, Alignment::Center);
+    indentText->AddSpacer(0, 20);
+
+    HStack* const indent = page->AddHStack(0, 0, 0, 0, 0, 0);
+    indent->AddSpacer(0, 12);
+    indent->AddWindow(1, Control(IDC_DISPLAY_INDENT), Alignment::Fill, Alignment::Center);
+    indent->AddSpacer(0, 12);
+
+    page->AddSpacer(0, 4);
+    page->AddWindow(0, Control(IDC_DISPLAY_SIZE_CAPTION), Alignment::Near, Alignment::Center);
+    page->AddWindow(0, Control(IDC_DISPLAY_SIZE_STYLE), Alignment::Fill, Alignment::Center);
+}
+
+void LayoutController::Refresh() {
+    ShowBindings();
+    const MetaTypes::Settings section = Section();
+    const auto style = static_cast<size_t>(section.Get<SizeStyle>(Row::SizeStyle));
+    SendMessageW(Control(IDC_DISPLAY_SIZE_STYLE), CB_SETCURSEL, style < SizeStyleLabels.size() ? style : 0,
+                 0);
+    if (!section.Get<bool>(Row::ShowFlatStyle))
+        Tick(Control(IDC_DISPLAY_GROUPED));
+    const auto indent = static_cast<LPARAM>(section.Get<uint32_t>(Row::IndentSize));
+    SendMessageW(Control(IDC_DISPLAY_INDENT), TBM_SETPOS, TRUE, indent);
+    StoreIndent();
+    StoreGrouping();
+}
+
+bool LayoutController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    switch (message) {
+        case WM_HSCROLL:
+            return Handler<WM_HSCROLL>::Dispatch(wParam, lParam, result);
+        default:
+            return PropertyController::OnMessage(message, wParam, lParam, result);
+    }
+}
+
+bool LayoutController::HandleHScroll(WORD, WORD, HWND control) {
+    if (control != Control(IDC_DISPLAY_INDENT))
+        return false;
+    StoreIndent();
+    return true;
+}
+
+bool LayoutController::OnClicked(WORD id) {
+    if (id != IDC_DISPLAY_GROUPED)
+        return false;
+    StoreGrouping();
+    return true;
+}
+
+bool LayoutController::OnSelectionChanged(WORD id) {
+    if (id != IDC_DISPLAY_SIZE_STYLE)
+        return false;
+    const LRESULT index = SendMessageW(Control(IDC_DISPLAY_SIZE_STYLE), CB_GETCURSEL, 0, 0);
+    if (index >= 0 && index < static_cast<LRESULT>(SizeStyleLabels.size())) {
+        Section().Get<SizeStyle>(Row::SizeStyle) = static_cast<SizeStyle>(index);
+        TargetPreset().Save();
+    }
+    return true;
+}
+
+void LayoutController::StoreGrouping() {
+    const bool grouped = IsTicked(Control(IDC_DISPLAY_GROUPED));
+    for (const int id : IndentControls)
+        EnableWindow(Control(id), grouped);
+    Section().Get<bool>(Row::ShowFlatStyle) = !grouped;
+    TargetPreset().Save();
+}
+
+void LayoutController::StoreIndent() {
+    const LRESULT position = SendMessageW(Control(IDC_DISPLAY_INDENT), TBM_GETPOS, 0, 0);
+    SetWindowTextW(Control(IDC_DISPLAY_INDENT_VALUE), std::to_wstring(position).c_str());
+    Section().Get<uint32_t>(Row::IndentSize) = static_cast<uint32_t>(position);
+    TargetPreset().Save();
+}

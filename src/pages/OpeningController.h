@@ -1,6 +1,7 @@
 // The page that says with what a finished list is opened.
 #pragma once
 
+#include "pages/PathChoice.h"
 #include "pages/PropertyController.h"
 
 class OpeningController : public PropertyController {
@@ -13,4 +14,7 @@ protected:
     void BuildLayout() override;
     void UpdateControls() override;
     bool OnClicked(WORD id) override;
+
+private:
+    PathChoice Choice() const;
 };

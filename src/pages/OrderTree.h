@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "settings/metatypes/Settings.h"
+#include "winlib/Handles.h"
 #include "winlib/controls/ThreeStateCtrl.h"
+#include "winlib/layout/Stack.h"
 
 class OrderTree {
 public:
@@ -24,6 +26,10 @@ public:
     // Takes over the tree and its two buttons. stateIcons are the pictures of the three states.
     void Attach(HWND tree, HWND upButton, HWND downButton, const std::array<WORD, 3>& stateIcons);
 
+    // Lays out the tree below its caption with the buttons at its side, as a row that takes all room of the
+    // page.
+    void AddTo(WinLib::Layout::VStack& page, HWND caption);
+
     // Replaces what the tree shows, opens both roots and selects the first.
     void Fill(std::span<const Child> folders, std::span<const Child> files);
 
@@ -38,12 +44,14 @@ public:
     std::vector<Child> Children(Root root) const;
 
 private:
-    HTREEITEM Insert(HTREEITEM parent, const Child& child);
-    void Exchange(HTREEITEM item, HTREEITEM other);
+    HTREEITEM AddRoot(const wchar_t* text, Root root, std::span<const Child> children);
+    void Exchange(WPARAM neighbour);
 
     HWND tree_ = nullptr;
     HWND upButton_ = nullptr;
     HWND downButton_ = nullptr;
+    WinLib::UniqueHandle<HICON> upIcon_;  // the buttons only borrow them
+    WinLib::UniqueHandle<HICON> downIcon_;
     WinLib::Controls::TreeView::ThreeStateCtrl states_;
 };
 

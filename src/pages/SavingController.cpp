@@ -1,0 +1,56 @@
+#include "pages/SavingController.h"
+
+#include "resources/resource.h"
+#include "winlib/FolderPicker.h"
+
+using WinLib::Layout::Alignment;
+using WinLib::Layout::VStack;
+using Row = Preset::SavingRow;
+
+namespace {
+
+constexpr Binding Bindings[] = {
+    RadioButton<Row::SaveLocation, SaveLocation::Temporary, SaveLocation::SamePath, SaveLocation::Custom>(
+        IDC_SAVING_TEMPORARY),
+    RadioButton<Row::SaveLocation, SaveLocation::SamePath>(IDC_SAVING_SAME_PATH),
+    RadioButton<Row::SaveLocation, SaveLocation::Custom>(IDC_SAVING_CUSTOM),
+    TextField<Row::CustomFolderPath>(IDC_SAVING_PATH),
+    CheckBox<Row::OverwriteExisting>(IDC_SAVING_OVERWRITE),
+};
+
+}  // namespace
+
+SavingController::SavingController(MetaTypes::Settings* target)
+    : PropertyController(target, Preset::Saving, Bindings) {}
+
+PathChoice SavingController::Choice() const {
+    return {{Control(IDC_SAVING_TEMPORARY), Control(IDC_SAVING_SAME_PATH), Control(IDC_SAVING_CUSTOM)},
+            Control(IDC_SAVING_PATH),
+            Control(IDC_SAVING_BROWSE)};
+}
+
+void SavingController::BuildLayout() {
+    RootSizer.AddWindow(Control(IDC_SAVING_GROUP), Alignment::Fill, Alignment::Fill);
+    VStack* const page = RootSizer.AddVStack(20, 28, 20, 20, 8);
+    Choice().AddTo(*page);
+    page->AddSpacer(0, 4);
+    page->AddWindow(0, Control(IDC_SAVING_OVERWRITE), Alignment::Near, Alignment::Center);
+}
+
+void SavingController::Refresh() {
+    ShowBindings();
+    UpdateControls();
+}
+
+void SavingController::UpdateControls() {
+    Choice().UpdateControls();
+}
+
+bool SavingController::OnClicked(WORD id) {
+    if (id != IDC_SAVING_BROWSE)
+        return false;
+    const HWND path = Control(IDC_SAVING_PATH);
+    if (const auto folder = WinLib::PickFolder(Handle, L"Specify a save folder", WinLib::GetWindowText(path)))
+        SetWindowTextW(path, folder->c_str());
+    return true;
+}

@@ -1,6 +1,7 @@
 // The page that says where a list is saved and whether it replaces an older one.
 #pragma once
 
+#include "pages/PathChoice.h"
 #include "pages/PropertyController.h"
 
 class SavingController : public PropertyController {
@@ -13,4 +14,7 @@ protected:
     void BuildLayout() override;
     void UpdateControls() override;
     bool OnClicked(WORD id) override;
+
+private:
+    PathChoice Choice() const;
 };

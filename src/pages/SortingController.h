@@ -1,28 +1,19 @@
-// The page that sets priority and direction of the sort keys, for folders and for files. Directions are
-// stored when the tree loses the focus, moves at once.
+// The page that sets priority and direction of the sort keys: a checked item sorts descending. No key can
+// vanish.
 #pragma once
 
-#include "pages/OrderTree.h"
-#include "pages/PropertyController.h"
+#include "pages/OrderController.h"
 
-class SortingController : public PropertyController,
-                          public WinLib::Handlers::Handler<static_cast<int>(NM_KILLFOCUS)>,
-                          public WinLib::Handlers::Handler<static_cast<int>(TVN_SELCHANGEDW)> {
+class SortingController : public OrderController {
 public:
     explicit SortingController(MetaTypes::Settings* target);
 
-    void Refresh() override;
-    bool HandleNotify(NMHDR& header, LRESULT& result) override;
-    bool HandleKillFocus(NMHDR& header, LRESULT& result) override;
-    bool HandleSelectionChanged(NMHDR& header, LRESULT& result) override;
-
 protected:
-    void PrepareControls() override;
-    void BuildLayout() override;
-    bool OnClicked(WORD id) override;
+    std::vector<OrderTree::Child> ReadFolders(const MetaTypes::Settings& section) const override;
+    std::vector<OrderTree::Child> ReadFiles(const MetaTypes::Settings& section) const override;
+    void Store(MetaTypes::Settings& section, std::span<const OrderTree::Child> folders,
+               std::span<const OrderTree::Child> files) const override;
 
 private:
-    void StoreTree();
-
-    OrderTree tree_;
+    static const Controls PageControls;
 };

@@ -1,12 +1,9 @@
 #include "winlib/controls/ThreeStateCtrl.h"
 
+#include "winlib/controls/TreeView.h"
+
 namespace WinLib::Controls::TreeView {
 namespace {
-
-HTREEITEM Next(HWND tree, WPARAM relation, HTREEITEM item) {
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageW(tree, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
-}
 
 void SetItemState(HWND tree, HTREEITEM item, ItemState state) {
     TVITEMW change = {};
@@ -49,21 +46,21 @@ void ThreeStateCtrl::Toggle(HTREEITEM item) {
         return;
     const bool checked = GetItemState(tree_, item) == ItemState::Checked;
     SetBranch(item, checked ? ItemState::Unchecked : ItemState::Checked);
-    UpdateParent(Next(tree_, TVGN_PARENT, item));
+    UpdateParent(NextItem(tree_, TVGN_PARENT, item));
 }
 
 void ThreeStateCtrl::SetBranch(HTREEITEM item, ItemState state) {
     SetItemState(tree_, item, state);
-    for (HTREEITEM child = Next(tree_, TVGN_CHILD, item); child != nullptr;
-         child = Next(tree_, TVGN_NEXT, child))
+    for (HTREEITEM child = NextItem(tree_, TVGN_CHILD, item); child != nullptr;
+         child = NextItem(tree_, TVGN_NEXT, child))
         SetBranch(child, state);
 }
 
 void ThreeStateCtrl::UpdateParent(HTREEITEM item) {
-    for (; item != nullptr; item = Next(tree_, TVGN_PARENT, item)) {
-        HTREEITEM child = Next(tree_, TVGN_CHILD, item);
+    for (; item != nullptr; item = NextItem(tree_, TVGN_PARENT, item)) {
+        HTREEITEM child = NextItem(tree_, TVGN_CHILD, item);
         ItemState common = GetItemState(tree_, child);
-        while ((child = Next(tree_, TVGN_NEXT, child)) != nullptr) {
+        while ((child = NextItem(tree_, TVGN_NEXT, child)) != nullptr) {
             if (GetItemState(tree_, child) != common) {
                 common = ItemState::Mixed;
                 break;
@@ -103,7 +100,7 @@ bool ThreeStateCtrl::HandleRButtonDown(int x, int y, WPARAM) {
 bool ThreeStateCtrl::HandleKeyDown(WPARAM virtualKey) {
     if (virtualKey != VK_SPACE)
         return false;
-    Toggle(Next(tree_, TVGN_CARET, nullptr));
+    Toggle(NextItem(tree_, TVGN_CARET, nullptr));
     return true;
 }
 

@@ -5,11 +5,6 @@ namespace {
 
 constexpr int TextCapacity = 1024;
 
-HTREEITEM Next(HWND tree, WPARAM relation, HTREEITEM item) {
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageW(tree, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
-}
-
 // All that an item shows and carries.
 struct Contents {
     TVITEMW item = {};
@@ -45,25 +40,30 @@ void RestoreSelectionAndExpansion(HWND tree, HTREEITEM place, const Contents& co
 
 void MoveSiblings(HWND tree, HTREEITEM first, HTREEITEM newParent) {
     while (first != nullptr) {
-        const HTREEITEM next = Next(tree, TVGN_NEXT, first);
+        const HTREEITEM next = NextItem(tree, TVGN_NEXT, first);
         MoveItem(tree, first, newParent);
         first = next;
     }
 }
 
 void SwapChildren(HWND tree, HTREEITEM a, HTREEITEM b) {
-    HTREEITEM childOfA = Next(tree, TVGN_CHILD, a);
-    HTREEITEM childOfB = Next(tree, TVGN_CHILD, b);
+    HTREEITEM childOfA = NextItem(tree, TVGN_CHILD, a);
+    HTREEITEM childOfB = NextItem(tree, TVGN_CHILD, b);
     while (childOfA != nullptr && childOfB != nullptr) {
         SwapItems(tree, childOfA, childOfB);
-        childOfA = Next(tree, TVGN_NEXT, childOfA);
-        childOfB = Next(tree, TVGN_NEXT, childOfB);
+        childOfA = NextItem(tree, TVGN_NEXT, childOfA);
+        childOfB = NextItem(tree, TVGN_NEXT, childOfB);
     }
     MoveSiblings(tree, childOfA, b);
     MoveSiblings(tree, childOfB, a);
 }
 
 }  // namespace
+
+HTREEITEM NextItem(HWND tree, WPARAM relation, HTREEITEM item) {
+    return reinterpret_cast<HTREEITEM>(
+        SendMessageW(tree, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+}
 
 void SwapItems(HWND tree, HTREEITEM a, HTREEITEM b) {
     SwapChildren(tree, a, b);

@@ -1,5 +1,6 @@
-// Exchange of items in a tree view. The items' handles stay where they are and the contents travel,
-// parameter, selection and expansion included, so that whatever is keyed by the parameter survives.
+// What trees need beyond the control's own messages. In an exchange of items the handles stay where they are
+// and the contents travel, parameter, selection and expansion included, so that whatever is keyed by the
+// parameter survives.
 #pragma once
 
 #include "winlib/Windows.h"
@@ -7,6 +8,9 @@
 #include <commctrl.h>
 
 namespace WinLib::Controls::TreeView {
+
+// The item that stands in one of the TVGN_ relations to another, or null.
+HTREEITEM NextItem(HWND tree, WPARAM relation, HTREEITEM item);
 
 // Exchanges the contents of two items with all that stands below them. Texts are cut at 1023 characters.
 void SwapItems(HWND tree, HTREEITEM a, HTREEITEM b);

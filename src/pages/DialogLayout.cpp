@@ -1,0 +1,19 @@
+#include "pages/DialogLayout.h"
+
+void ArrangeOnClient(WinLib::Layout::Sizer& root, HWND dialog) {
+    RECT client = {};
+    GetClientRect(dialog, &client);
+    root.Arrange(client);
+}
+
+void MeasureAndArrange(WinLib::Layout::Sizer& root, HWND dialog) {
+    root.Measure();
+    ArrangeOnClient(root, dialog);
+}
+
+bool ArrangeOnSize(WinLib::Layout::Sizer& root, HWND dialog, WORD type) {
+    if (type == SIZE_MINIMIZED)
+        return false;
+    ArrangeOnClient(root, dialog);
+    return true;
+}

@@ -1,0 +1,14 @@
+// How the pages and dialogs use a sizer tree on their client area.
+#pragma once
+
+#include "winlib/Windows.h"
+#include "winlib/layout/Sizer.h"
+
+// Arranges the tree on the dialog as it is now.
+void ArrangeOnClient(WinLib::Layout::Sizer& root, HWND dialog);
+
+// Takes the controls as the resource drew them for the minimum, and arranges. Once, when the tree stands.
+void MeasureAndArrange(WinLib::Layout::Sizer& root, HWND dialog);
+
+// What a dialog does on WM_SIZE: arranges unless it has been minimized. Returns whether it did.
+bool ArrangeOnSize(WinLib::Layout::Sizer& root, HWND dialog, WORD type);

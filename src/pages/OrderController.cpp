@@ -1,0 +1,65 @@
+#include "pages/OrderController.h"
+
+using WinLib::Layout::Alignment;
+using WinLib::Layout::VStack;
+
+OrderController::OrderController(MetaTypes::Settings* target, uint32_t section,
+                                 std::span<const Binding> bindings, const Controls& controls)
+    : PropertyController(target, section, bindings), controls_(controls) {}
+
+void OrderController::PrepareControls() {
+    const HWND tree = Control(controls_.tree);
+    tree_.Attach(tree, Control(controls_.upButton), Control(controls_.downButton), controls_.stateIcons);
+    ThemedControls.push_back(tree);
+}
+
+void OrderController::BuildLayout() {
+    RootSizer.AddWindow(Control(controls_.group), Alignment::Fill, Alignment::Fill);
+    VStack* const page = RootSizer.AddVStack(16, 28, 12, 16, 8);
+    tree_.AddTo(*page, Control(controls_.caption));
+    page->AddWindow(0, Control(controls_.checkBox), Alignment::Near, Alignment::Center);
+}
+
+void OrderController::Refresh() {
+    const MetaTypes::Settings section = Section();
+    tree_.Fill(ReadFolders(section), ReadFiles(section));
+    ShowBindings();
+}
+
+bool OrderController::OnClicked(WORD id) {
+    if (id == controls_.upButton)
+        tree_.MoveUp();
+    else if (id == controls_.downButton)
+        tree_.MoveDown();
+    else
+        return false;
+    StoreTree();
+    return true;
+}
+
+void OrderController::StoreTree() {
+    MetaTypes::Settings section = Section();
+    Store(section, tree_.Children(OrderTree::Root::Folders), tree_.Children(OrderTree::Root::Files));
+    TargetPreset().Save();
+}
+
+bool OrderController::HandleNotify(NMHDR& header, LRESULT& result) {
+    switch (header.code) {
+        case TVN_SELCHANGEDW:
+            return HandleSelectionChanged(header, result);
+        case NM_KILLFOCUS:
+            return HandleKillFocus(header, result);
+        default:
+            return false;
+    }
+}
+
+bool OrderController::HandleSelectionChanged(NMHDR&, LRESULT&) {
+    tree_.UpdateButtons();
+    return true;
+}
+
+bool OrderController::HandleKillFocus(NMHDR&, LRESULT&) {
+    StoreTree();
+    return true;
+}

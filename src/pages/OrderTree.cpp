@@ -1,0 +1,141 @@
+#include "pages/OrderTree.h"
+
+#include "resources/resource.h"
+#include "winlib/controls/TreeView.h"
+
+using WinLib::Controls::TreeView::GetItemState;
+using WinLib::Controls::TreeView::ItemState;
+using WinLib::Controls::TreeView::NextItem;
+using WinLib::Layout::Alignment;
+using WinLib::Layout::HStack;
+using WinLib::Layout::VStack;
+
+namespace {
+
+WinLib::UniqueHandle<HICON> LoadSmallIcon(WORD id) {
+    return WinLib::UniqueHandle<HICON>(static_cast<HICON>(
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
+                   GetSystemMetrics(SM_CYSMICON), LR_DEFAULTCOLOR)));
+}
+
+// Picture 0 is never shown, so that any serves.
+WinLib::UniqueHandle<HIMAGELIST> MakeStateImages(const std::array<WORD, 3>& icons) {
+    WinLib::UniqueHandle<HIMAGELIST> images(ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 4, 0));
+    for (const WORD id : {icons[0], icons[0], icons[1], icons[2]})
+        ImageList_ReplaceIcon(images.get(), -1, LoadSmallIcon(id).get());
+    return images;
+}
+
+HTREEITEM Insert(HWND tree, HTREEITEM parent, const wchar_t* text, LPARAM parameter, bool checked) {
+    TVINSERTSTRUCTW insert = {};
+    insert.hParent = parent;
+    insert.hInsertAfter = TVI_LAST;
+    insert.item.mask = TVIF_TEXT | TVIF_PARAM;
+    insert.item.pszText = const_cast<wchar_t*>(text);
+    insert.item.lParam = parameter;
+    if (checked) {
+        insert.item.mask |= TVIF_STATE;
+        insert.item.state = INDEXTOSTATEIMAGEMASK(static_cast<UINT>(ItemState::Checked));
+        insert.item.stateMask = TVIS_STATEIMAGEMASK;
+    }
+    return reinterpret_cast<HTREEITEM>(
+        SendMessageW(tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
+}
+
+LPARAM ParameterOf(HWND tree, HTREEITEM item) {
+    TVITEMW query = {};
+    query.mask = TVIF_PARAM | TVIF_HANDLE;
+    query.hItem = item;
+    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&query));
+    return query.lParam;
+}
+
+// A button that goes gray under the user's fingers hands the focus on, or the keyboard would be lost.
+void EnableButton(HWND button, bool enable) {
+    if (!enable && GetFocus() == button)
+        SendMessageW(GetParent(button), WM_NEXTDLGCTL, 0, FALSE);
+    EnableWindow(button, enable);
+}
+
+}  // namespace
+
+void OrderTree::Attach(HWND tree, HWND upButton, HWND downButton, const std::array<WORD, 3>& stateIcons) {
+    tree_ = tree;
+    upButton_ = upButton;
+    downButton_ = downButton;
+    SendMessageW(tree_, CCM_SETUNICODEFORMAT, TRUE, 0);
+    SetWindowLongPtrW(tree_, GWL_STYLE,
+                      GetWindowLongPtrW(tree_, GWL_STYLE) | TVS_CHECKBOXES | TVS_LINESATROOT);
+    states_.StateImages = MakeStateImages(stateIcons);
+    WinLib::Attach(states_, tree_);
+    upIcon_ = LoadSmallIcon(IDI_MOVE_UP);
+    downIcon_ = LoadSmallIcon(IDI_MOVE_DOWN);
+    SendMessageW(upButton_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(upIcon_.get()));
+    SendMessageW(downButton_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(downIcon_.get()));
+}
+
+void OrderTree::AddTo(VStack& page, HWND caption) {
+    HStack* const row = page.AddHStack(1, 0, 0, 0, 0, 8);
+    VStack* const left = row->AddVStack(1, 0, 0, 0, 0, 8);
+    left->AddWindow(0, caption, Alignment::Near, Alignment::Center);
+    left->AddWindow(1, tree_, Alignment::Fill, Alignment::Fill);
+    VStack* const buttons = row->AddVStack(0, 0, 0, 0, 0, 8);
+    buttons->AddSpacer(1, 0);
+    buttons->AddWindow(0, upButton_, Alignment::Center, Alignment::Center);
+    buttons->AddWindow(0, downButton_, Alignment::Center, Alignment::Center);
+    buttons->AddSpacer(1, 0);
+}
+
+void OrderTree::Fill(std::span<const Child> folders, std::span<const Child> files) {
+    SendMessageW(tree_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+    const HTREEITEM folderRoot = AddRoot(L"Folders", Root::Folders, folders);
+    const HTREEITEM fileRoot = AddRoot(L"Files", Root::Files, files);
+    for (const HTREEITEM root : {folderRoot, fileRoot})
+        states_.UpdateParent(root);
+    for (const HTREEITEM root : {folderRoot, fileRoot})
+        SendMessageW(tree_, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(root));
+    SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(folderRoot));
+}
+
+HTREEITEM OrderTree::AddRoot(const wchar_t* text, Root root, std::span<const Child> children) {
+    const HTREEITEM item = Insert(tree_, TVI_ROOT, text, static_cast<LPARAM>(root), false);
+    for (const Child& child : children)
+        Insert(tree_, item, child.label, static_cast<LPARAM>(child.value), child.checked);
+    return item;
+}
+
+void OrderTree::MoveUp() {
+    Exchange(TVGN_PREVIOUS);
+}
+
+void OrderTree::MoveDown() {
+    Exchange(TVGN_NEXT);
+}
+
+void OrderTree::Exchange(WPARAM neighbour) {
+    const HTREEITEM selected = NextItem(tree_, TVGN_CARET, nullptr);
+    const HTREEITEM other = NextItem(tree_, neighbour, selected);
+    if (selected != nullptr && other != nullptr)
+        WinLib::Controls::TreeView::SwapItems(tree_, selected, other);
+}
+
+void OrderTree::UpdateButtons() {
+    const HTREEITEM selected = NextItem(tree_, TVGN_CARET, nullptr);
+    const bool isChild = selected != nullptr && NextItem(tree_, TVGN_PARENT, selected) != nullptr;
+    EnableButton(upButton_, isChild && NextItem(tree_, TVGN_PREVIOUS, selected) != nullptr);
+    EnableButton(downButton_, isChild && NextItem(tree_, TVGN_NEXT, selected) != nullptr);
+}
+
+std::vector<OrderTree::Child> OrderTree::Children(Root root) const {
+    std::vector<Child> children;
+    for (HTREEITEM parent = NextItem(tree_, TVGN_ROOT, nullptr); parent != nullptr;
+         parent = NextItem(tree_, TVGN_NEXT, parent)) {
+        if (ParameterOf(tree_, parent) != static_cast<LPARAM>(root))
+            continue;
+        for (HTREEITEM item = NextItem(tree_, TVGN_CHILD, parent); item != nullptr;
+             item = NextItem(tree_, TVGN_NEXT, item))
+            children.push_back({nullptr, static_cast<uint32_t>(ParameterOf(tree_, item)),
+                                GetItemState(tree_, item) == ItemState::Checked});
+    }
+    return children;
+}
