@@ -38,7 +38,7 @@ key=$(presets list | awk -F '\t' -v name="$name" '$3 == name { print $1; exit }'
 [ -n "$key" ] || key=$(presets new "$template" "$name")
 wine reg add "HKCU\\Software\\Tamblewick\\$key\\Opening" /v OpenMethod /d "$open" /f >/dev/null 2>&1
 
-temp=$(winepath -u "$(wine cmd /c 'echo %TEMP%' 2>/dev/null | tr -d '\r')" 2>/dev/null)
+temp=$(readlink -f "$(winepath -u "$(wine cmd /c 'echo %TEMP%' 2>/dev/null | tr -d '\r')" 2>/dev/null)")
 started=$(mktemp)
 wine build/windows/tamblewick.exe "$key" "$(winepath -w "$folder" 2>/dev/null)"
 list=$(find "$temp" -maxdepth 1 -name 'List of *' -newer "$started" -print -quit)
@@ -47,4 +47,5 @@ rm -f "$started"
 
 echo "The list of $folder is $list"
 echo
-head -n 40 "$list" | tr -d '\r'
+# Of a page, what stands behind its style sheet.
+sed '1,/<\/style>/ { /^\s*<style/,/<\/style>/ d }' "$list" | head -n 40 | tr -d '\r'
