@@ -4,10 +4,14 @@
 #include <vector>
 
 #include "app/Arguments.h"
+#include "app/MainController.h"
+#include "app/MessageLoop.h"
 #include "listmaker/ListMakerWithUI.h"
+#include "resources/resource.h"
 #include "settings/MainSettings.h"
 #include "winlib/Application.h"
 #include "winlib/Exception.h"
+#include "winlib/Handles.h"
 #include "winlib/Windows.h"
 
 #include <commctrl.h>
@@ -32,12 +36,54 @@ void RunBatch(const std::vector<std::wstring>& arguments) {
     job.Start();
 }
 
+// Takes down the window that an exception leaves behind, and before that the way to its controller: neither
+// may outlive the controller, and the end of the main window would end the message box that is to come.
+class WindowRemover {
+public:
+    explicit WindowRemover(const MainController& controller) : controller_(controller) {}
+    WindowRemover(const WindowRemover&) = delete;
+    WindowRemover& operator=(const WindowRemover&) = delete;
+    ~WindowRemover() {
+        if (!IsWindow(controller_.Handle))
+            return;
+        SetWindowLongPtrW(controller_.Handle, GWLP_USERDATA, 0);
+        DestroyWindow(controller_.Handle);
+    }
+
+private:
+    const MainController& controller_;
+};
+
+WinLib::UniqueHandle<HICON> LoadProgramIcon(HINSTANCE instance, int widthMetric, int heightMetric) {
+    return WinLib::UniqueHandle<HICON>(
+        static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_PROGRAM), IMAGE_ICON,
+                                      GetSystemMetrics(widthMetric), GetSystemMetrics(heightMetric), 0)));
+}
+
+int RunWindow(WinLib::Application& application) {
+    WinLib::UniqueHandle<HICON> bigIcon;
+    WinLib::UniqueHandle<HICON> smallIcon;
+    MainController controller;
+    const WindowRemover remover(controller);
+
+    HWND window = nullptr;
+    HINSTANCE instance = nullptr;
+    WinLib::CreateModeless(application, window, controller, IDD_MAIN, nullptr, instance);
+
+    bigIcon = LoadProgramIcon(application.Instance, SM_CXICON, SM_CYICON);
+    smallIcon = LoadProgramIcon(application.Instance, SM_CXSMICON, SM_CYSMICON);
+    SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon.get()));
+    SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.get()));
+    return RunMessageLoop(application);
+}
+
 int Run() {
     InitCommonControls();
-    static const std::vector<std::wstring> Arguments =
-        SplitArguments(WinLib::Application::Current()->CommandLine);
-    if (!Arguments.empty())
-        RunBatch(Arguments);
+    WinLib::Application& application = *WinLib::Application::Current();
+    static const std::vector<std::wstring> Arguments = SplitArguments(application.CommandLine);
+    if (Arguments.empty())
+        return RunWindow(application);
+    RunBatch(Arguments);
     return 0;
 }
 

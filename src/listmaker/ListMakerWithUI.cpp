@@ -32,6 +32,27 @@ private:
     ProgressController* const dialog_;
 };
 
+// Deletes the dialog's object with the end of a scope, as soon as the worker has given it back.
+class DeletedAtEnd {
+public:
+    explicit DeletedAtEnd(std::atomic<ProgressController*>& place) : place_(place) {}
+    DeletedAtEnd(const DeletedAtEnd&) = delete;
+    DeletedAtEnd& operator=(const DeletedAtEnd&) = delete;
+    ~DeletedAtEnd() {
+        std::unique_ptr<ProgressController> dialog;
+        WinLib::WaitServingSentMessages([&] {
+            dialog.reset(place_.exchange(nullptr));
+            return dialog != nullptr;
+        });
+        // Only an exception out of a window's procedure leaves the window behind.
+        if (IsWindow(dialog->Handle))
+            DestroyWindow(dialog->Handle);
+    }
+
+private:
+    std::atomic<ProgressController*>& place_;
+};
+
 }  // namespace
 
 ListMakerWithUI::ListMakerWithUI(HWND ownerWindow, const Preset& source, const std::wstring& listedPath)
@@ -44,25 +65,19 @@ ListMakerWithUI::~ListMakerWithUI() {
     if (worker.joinable())
         WinLib::WaitServingSentMessages([this] { return IsFinished(); });
     Join();
-    // Still there if the job was never started, or if its dialog could not be opened.
-    const std::unique_ptr<ProgressController> remaining(progress.exchange(nullptr));
+    // Still there if the job was never started.
+    const std::unique_ptr<ProgressController> unused(progress.exchange(nullptr));
 }
 
 bool ListMakerWithUI::Start() {
     // Read before the worker exists, which may hold the dialog at any moment from then on.
     ProgressController& dialog = *progress.load();
     ListMaker::Start();
+    const DeletedAtEnd life{progress};
 
     const WinLib::Application* application = WinLib::Application::Current();
     HINSTANCE instance = application != nullptr ? application->Instance : nullptr;
-    const INT_PTR result = WinLib::RunModal(dialog, IDD_PROGRESS, owner, instance);
-
-    std::unique_ptr<ProgressController> ended;
-    WinLib::WaitServingSentMessages([&] {
-        ended.reset(progress.exchange(nullptr));
-        return ended != nullptr;
-    });
-    return result != 0;
+    return WinLib::RunModal(dialog, IDD_PROGRESS, owner, instance) != 0;
 }
 
 void ListMakerWithUI::OnProgress(const std::wstring& status, const std::wstring& detail) {
