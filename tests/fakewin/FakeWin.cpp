@@ -1,0 +1,20 @@
+#include "FakeWin.h"
+
+#include "Internal.h"
+
+namespace FakeWin {
+
+void Reset() {
+    Internal::ResetShell();
+    Internal::ResetText();
+    Internal::ResetTime();
+    Internal::ResetRegistry();
+    Internal::ResetFiles();
+    Internal::ResetCalls();
+}
+
+std::string LeftOpen() {
+    return Internal::OpenFilesText() + Internal::OpenKeysText() + Internal::OpenTextsText();
+}
+
+}  // namespace FakeWin

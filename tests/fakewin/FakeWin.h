@@ -182,8 +182,8 @@ void SetLongPath(const std::wstring& path, const std::wstring& longPath);
 //
 // Values are filled and read with TestSupport::TestRegistry, which does so on both sides. Data are kept byte
 // for byte as they were given, so a text takes sizeof(wchar_t) bytes a character here and 2 on Windows; both
-// are length * sizeof(wchar_t). HKEY_CLASSES_ROOT is another name of HKEY_CURRENT_USER\Software\Classes, so that
-// tests fill it from there on both sides; the calls' subjects say HKCR\ all the same.
+// are length * sizeof(wchar_t). HKEY_CLASSES_ROOT is another name of HKEY_CURRENT_USER\Software\Classes, so
+// that tests fill it from there on both sides; the calls' subjects say HKCR\ all the same.
 
 // ---- Time and text
 //

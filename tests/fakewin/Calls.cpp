@@ -1,0 +1,176 @@
+// Counting, failing on request and logging, which all calls have in common.
+#include <array>
+#include <atomic>
+#include <deque>
+#include <map>
+#include <mutex>
+
+#include "Internal.h"
+
+namespace FakeWin {
+namespace {
+
+constexpr size_t CallCount = static_cast<size_t>(Call::Count);
+
+struct Fault {
+    DWORD error;
+    int times;
+};
+
+struct NthFault {
+    int use;  // counts down
+    DWORD error;
+};
+
+// What has been asked of one call.
+struct CallFaults {
+    std::vector<NthFault> nth;
+    std::deque<Fault> all;
+    std::map<std::wstring, std::deque<Fault>> bySubject;  // folded
+};
+
+std::array<std::atomic<int>, CallCount> uses;
+std::atomic<bool> anyFault = false;
+std::atomic<bool> logging = true;
+thread_local int unwatched = 0;
+
+std::mutex mutex;
+std::array<CallFaults, CallCount> faults;
+std::vector<LoggedCall> entries;
+std::vector<FindCall> findCalls;
+
+CallFaults& FaultsOf(Call call) {
+    return faults[static_cast<size_t>(call)];
+}
+
+DWORD TakeFirst(std::deque<Fault>& waiting) {
+    if (waiting.empty())
+        return 0;
+    const DWORD error = waiting.front().error;
+    if (waiting.front().times != Always && --waiting.front().times == 0)
+        waiting.pop_front();
+    return error;
+}
+
+// The error of this use by its number. Counts for all faults that wait, as each begins at a use of its own.
+DWORD TakeNth(std::vector<NthFault>& waiting) {
+    DWORD error = 0;
+    for (NthFault& fault : waiting) {
+        if (--fault.use == 0)
+            error = fault.error;
+    }
+    std::erase_if(waiting, [](const NthFault& fault) { return fault.use <= 0; });
+    return error;
+}
+
+bool Count(Call call) {
+    if (unwatched > 0)
+        return false;
+    uses[static_cast<size_t>(call)].fetch_add(1, std::memory_order_relaxed);
+    return anyFault.load(std::memory_order_acquire);
+}
+
+DWORD TakeFault(Call call, const std::wstring* subject) {
+    const std::lock_guard lock(mutex);
+    CallFaults& waiting = FaultsOf(call);
+    if (const DWORD error = TakeNth(waiting.nth))
+        return error;
+    if (subject != nullptr) {
+        const auto found = waiting.bySubject.find(Internal::Fold(*subject));
+        if (found != waiting.bySubject.end()) {
+            if (const DWORD error = TakeFirst(found->second))
+                return error;
+        }
+    }
+    return TakeFirst(waiting.all);
+}
+
+}  // namespace
+
+Unwatched::Unwatched() {
+    ++unwatched;
+}
+
+Unwatched::~Unwatched() {
+    --unwatched;
+}
+
+int Uses(Call call) {
+    return uses[static_cast<size_t>(call)].load();
+}
+
+void FailNth(Call call, int use, DWORD error) {
+    const std::lock_guard lock(mutex);
+    FaultsOf(call).nth.push_back({use, error});
+    anyFault = true;
+}
+
+void Fail(Call call, DWORD error, int times) {
+    const std::lock_guard lock(mutex);
+    FaultsOf(call).all.push_back({error, times});
+    anyFault = true;
+}
+
+void FailOn(Call call, const std::wstring& subject, DWORD error, int times) {
+    const std::lock_guard lock(mutex);
+    FaultsOf(call).bySubject[Internal::Fold(subject)].push_back({error, times});
+    anyFault = true;
+}
+
+std::vector<LoggedCall> Log() {
+    const std::lock_guard lock(mutex);
+    return entries;
+}
+
+void ClearLog() {
+    const std::lock_guard lock(mutex);
+    entries.clear();
+    findCalls.clear();
+}
+
+std::vector<FindCall> FindCalls() {
+    const std::lock_guard lock(mutex);
+    return findCalls;
+}
+
+void SetLogging(bool enabled) {
+    logging = enabled;
+}
+
+namespace Internal {
+
+DWORD Enter(Call call) {
+    return Count(call) ? TakeFault(call, nullptr) : 0;
+}
+
+DWORD Enter(Call call, const std::wstring& subject) {
+    return Count(call) ? TakeFault(call, &subject) : 0;
+}
+
+void Note(Call call, const std::wstring& subject, DWORD detail, DWORD error) {
+    if (unwatched > 0 || !logging)
+        return;
+    const std::lock_guard lock(mutex);
+    entries.push_back({call, subject, detail, error});
+}
+
+void NoteFind(const FindCall& call) {
+    if (unwatched > 0 || !logging)
+        return;
+    const std::lock_guard lock(mutex);
+    findCalls.push_back(call);
+}
+
+void ResetCalls() {
+    const std::lock_guard lock(mutex);
+    for (std::atomic<int>& count : uses)
+        count = 0;
+    faults = {};
+    entries.clear();
+    findCalls.clear();
+    anyFault = false;
+    logging = true;
+}
+
+}  // namespace Internal
+}  // namespace FakeWin

@@ -1,0 +1,84 @@
+// The tree behind the file calls: entries, and the way from a path to one. Not thread safe by itself;
+// Files.cpp guards it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include <windows.h>
+
+namespace FakeWin::Internal {
+
+struct Entry;
+
+// Names are compared without regard to case.
+struct NameHash {
+    using is_transparent = void;
+    size_t operator()(std::wstring_view name) const;
+    size_t operator()(const Entry* entry) const;
+};
+struct NameEqual {
+    using is_transparent = void;
+    bool operator()(const Entry* first, const Entry* second) const;
+    bool operator()(std::wstring_view name, const Entry* entry) const;
+    bool operator()(const Entry* entry, std::wstring_view name) const { return (*this)(name, entry); }
+};
+
+// What only a folder has. A million files must fit, so each keeps as little as it can.
+struct FolderPart {
+    std::vector<std::shared_ptr<Entry>> children;  // in the order in which they were added
+    std::unordered_set<Entry*, NameHash, NameEqual> byName;
+};
+
+struct Entry : std::enable_shared_from_this<Entry> {
+    std::wstring name;
+    DWORD attributes = 0;
+    FILETIME created = {};
+    FILETIME accessed = {};
+    FILETIME written = {};
+    uint64_t size = 0;
+    std::unique_ptr<std::string> contents;  // null: as many zero bytes as the size says
+    std::unique_ptr<FolderPart> folder;     // null for a file
+};
+
+// A path taken apart. root is "C:" or "\\server\share"; parts are the names below it. An error means that the
+// system refuses the path by its form alone.
+struct PathParts {
+    DWORD error = 0;
+    std::wstring root;
+    std::vector<std::wstring> parts;
+    bool verbatim = false;  // had the \\?\ prefix
+    bool atVolume = false;  // \\?\C: without a backslash, which names the volume and not its root folder
+};
+
+// With allowWildcards the last part may hold * and ?.
+PathParts ParsePath(std::wstring_view path, bool allowWildcards);
+
+// Whether a name meets a mask with * and ?, without regard to case.
+bool MatchesMask(std::wstring_view name, std::wstring_view mask);
+
+class FileSystem {
+public:
+    FileSystem();
+    ~FileSystem();
+    FileSystem(const FileSystem&) = delete;
+    FileSystem& operator=(const FileSystem&) = delete;
+
+    // Null if there is none; error then tells whether the name (2) or the way to it (3) is missing, or why
+    // the path is refused.
+    std::shared_ptr<Entry> Find(const PathParts& path, DWORD& error) const;
+
+    // Finds or makes the entry, and the folders above it. Throws std::invalid_argument where a test asks for
+    // what cannot be.
+    Entry& Make(const PathParts& path, bool folder);
+
+    bool Remove(const PathParts& path);
+
+private:
+    std::shared_ptr<Entry> root_;  // its children are the drives and shares
+};
+
+}  // namespace FakeWin::Internal

@@ -1,0 +1,195 @@
+// The calls that look at files and folders.
+#include <cstring>
+#include <map>
+#include <mutex>
+#include <unordered_map>
+
+#include "FileSystem.h"
+#include "FilesState.h"
+#include "Internal.h"
+
+namespace FakeWin {
+namespace {
+
+using namespace Internal;
+
+// An enumeration under way.
+struct Find {
+    std::shared_ptr<Entry> folder;
+    std::wstring subject;
+    std::wstring mask;
+    bool dots;        // "." and ".." are among the entries
+    size_t next = 0;  // into dots and children
+    int delivered = 0;
+    const BreakOff* breakOff = nullptr;
+};
+
+std::unordered_map<HANDLE, std::unique_ptr<Find>>& Finds() {
+    static std::unordered_map<HANDLE, std::unique_ptr<Find>> finds;
+    return finds;
+}
+
+void Describe(const Entry& entry, const wchar_t* name, size_t length, WIN32_FIND_DATAW& data) {
+    data.dwFileAttributes = entry.attributes;
+    data.ftCreationTime = entry.created;
+    data.ftLastAccessTime = entry.accessed;
+    data.ftLastWriteTime = entry.written;
+    data.nFileSizeHigh = static_cast<DWORD>(entry.size >> 32);
+    data.nFileSizeLow = static_cast<DWORD>(entry.size);
+    data.dwReserved0 = 0;
+    data.dwReserved1 = 0;
+    const size_t kept = std::min<size_t>(length, MAX_PATH - 1);
+    std::wmemcpy(data.cFileName, name, kept);
+    data.cFileName[kept] = 0;
+    data.cAlternateFileName[0] = 0;
+}
+
+// The next entry of an enumeration, or the error with which it ends.
+DWORD Step(Find& find, WIN32_FIND_DATAW& data) {
+    if (find.breakOff != nullptr && find.delivered >= find.breakOff->count)
+        return find.breakOff->error;
+    const auto& children = find.folder->folder->children;
+    const size_t dots = find.dots ? 2 : 0;
+    while (find.next < dots + children.size()) {
+        const size_t index = find.next++;
+        if (index < dots) {
+            if (!MatchesMask(index == 0 ? L"." : L"..", find.mask))
+                continue;
+            Describe(*find.folder, index == 0 ? L"." : L"..", index + 1, data);
+        } else {
+            const Entry& entry = *children[index - dots];
+            if (!MatchesMask(entry.name, find.mask))
+                continue;
+            Describe(entry, entry.name.data(), entry.name.size(), data);
+        }
+        ++find.delivered;
+        return 0;
+    }
+    return ERROR_NO_MORE_FILES;
+}
+
+// Opens the enumeration of a query and takes its first entry.
+DWORD Begin(const std::wstring& query, WIN32_FIND_DATAW& data, HANDLE& handle) {
+    PathParts path = ParsePath(query, true);
+    if (path.error != 0)
+        return path.error;
+    if (path.parts.empty())
+        return ERROR_FILE_NOT_FOUND;
+    auto find = std::make_unique<Find>();
+    find->mask = path.parts.back();
+    path.parts.pop_back();
+    find->dots = !path.parts.empty();
+    find->subject = PathSubject(path);
+
+    const std::lock_guard lock(FilesMutex());
+    DWORD error;
+    find->folder = Files().tree->Find(path, error);
+    if (!find->folder)
+        return error == ERROR_FILE_NOT_FOUND ? ERROR_PATH_NOT_FOUND : error;
+    if (!find->folder->folder)
+        return ERROR_DIRECTORY;
+    const auto breakOff = Files().breakOffs.find(Fold(find->subject));
+    if (breakOff != Files().breakOffs.end())
+        find->breakOff = &breakOff->second;
+    error = Step(*find, data);
+    if (error == ERROR_NO_MORE_FILES && find->breakOff == nullptr)
+        error = ERROR_FILE_NOT_FOUND;
+    if (error != 0)
+        return error;
+    handle = find.get();
+    Finds()[handle] = std::move(find);
+    return 0;
+}
+
+// The entry of a path that one of the attribute calls asks for.
+template <typename Use>
+DWORD WithEntry(LPCWSTR path, Use use) {
+    const PathParts parts = ParsePath(path, false);
+    if (parts.error == 0 && parts.atVolume)
+        return ERROR_INVALID_PARAMETER;
+    const std::lock_guard lock(FilesMutex());
+    DWORD error;
+    const std::shared_ptr<Entry> entry = Files().tree->Find(parts, error);
+    if (entry)
+        use(*entry);
+    return error;
+}
+
+}  // namespace
+
+namespace Internal {
+
+void ForgetFinds() {
+    Finds().clear();
+}
+
+std::vector<std::wstring> OpenFindSubjects() {
+    std::vector<std::wstring> subjects;
+    for (const auto& [handle, find] : Finds())
+        subjects.push_back(find->subject);
+    return subjects;
+}
+
+}  // namespace Internal
+}  // namespace FakeWin
+
+using namespace FakeWin;
+using namespace FakeWin::Internal;
+
+DWORD GetFileAttributesW(LPCWSTR path) {
+    DWORD attributes = INVALID_FILE_ATTRIBUTES;
+    Succeeded(Watched(Call::GetFileAttributesW, PathSubject(path), 0, [&] {
+        return WithEntry(path, [&](const Entry& entry) { attributes = entry.attributes; });
+    }));
+    return attributes;
+}
+
+BOOL GetFileAttributesExW(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data) {
+    return Succeeded(Watched(Call::GetFileAttributesExW, PathSubject(path), 0, [&]() -> DWORD {
+        if (level != GetFileExInfoStandard)
+            return ERROR_INVALID_PARAMETER;
+        return WithEntry(path, [&](const Entry& entry) {
+            WIN32_FIND_DATAW found;
+            Describe(entry, L"", 0, found);
+            *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data) = {found.dwFileAttributes, found.ftCreationTime,
+                                                              found.ftLastAccessTime, found.ftLastWriteTime,
+                                                              found.nFileSizeHigh,    found.nFileSizeLow};
+        });
+    }));
+}
+
+HANDLE FindFirstFileExW(LPCWSTR query, FINDEX_INFO_LEVELS level, LPVOID data, FINDEX_SEARCH_OPS operation,
+                        LPVOID filter, DWORD flags) {
+    HANDLE handle = INVALID_HANDLE_VALUE;
+    NoteFind({query, level, flags});
+    Succeeded(Watched(Call::FindFirstFileExW, FolderSubject(query), flags, [&]() -> DWORD {
+        if (level >= FindExInfoMaxInfoLevel || operation != FindExSearchNameMatch || filter != nullptr)
+            return ERROR_INVALID_PARAMETER;
+        return Begin(query, *static_cast<WIN32_FIND_DATAW*>(data), handle);
+    }));
+    return handle;
+}
+
+BOOL FindNextFileW(HANDLE handle, LPWIN32_FIND_DATAW data) {
+    const std::lock_guard lock(FilesMutex());
+    const auto found = Finds().find(handle);
+    if (found == Finds().end())
+        return Succeeded(ERROR_INVALID_HANDLE);
+    Find& find = *found->second;
+    const DWORD fault = Enter(Call::FindNextFileW, find.subject);
+    return Succeeded(fault != 0 ? fault : Step(find, *data));
+}
+
+BOOL FindClose(HANDLE handle) {
+    std::unique_ptr<Find> find;
+    {
+        const std::lock_guard lock(FilesMutex());
+        const auto found = Finds().find(handle);
+        if (found != Finds().end()) {
+            find = std::move(found->second);
+            Finds().erase(found);
+        }
+    }
+    return Succeeded(Watched(Call::FindClose, find ? find->subject : L"", 0,
+                             [&]() -> DWORD { return find ? 0 : ERROR_INVALID_HANDLE; }));
+}

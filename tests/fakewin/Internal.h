@@ -1,0 +1,63 @@
+// What the parts of the stand-in share. Each part keeps its own state behind its own mutex and never holds it
+// while code of a test or of the product runs.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "FakeWin.h"
+
+namespace FakeWin::Internal {
+
+// Counts one use of the call and tells the error with which it must fail, or 0.
+DWORD Enter(Call call);
+DWORD Enter(Call call, const std::wstring& subject);
+
+// Adds one use to the log.
+void Note(Call call, const std::wstring& subject, DWORD detail, DWORD error);
+void NoteFind(const FindCall& call);
+
+// One use of a call with a subject, from counting to logging. body returns the call's error, and so does
+// this.
+template <typename Body>
+DWORD Watched(Call call, const std::wstring& subject, DWORD detail, Body body) {
+    const DWORD fault = Enter(call, subject);
+    const DWORD error = fault != 0 ? fault : body();
+    Note(call, subject, detail, error);
+    return error;
+}
+
+// For calls that return TRUE on success and otherwise leave their error to GetLastError.
+inline BOOL Succeeded(DWORD error) {
+    if (error != 0)
+        SetLastError(error);
+    return error == 0;
+}
+
+// The case of one UTF-16 unit: the alphabets of Europe, others stay as they are. Fold is for comparing names.
+wchar_t Lower(wchar_t unit);
+wchar_t Upper(wchar_t unit);
+std::wstring Fold(std::wstring_view text);
+
+// For messages: units above 127 as \uXXXX.
+std::string Narrow(std::wstring_view text);
+
+// Whether less stands before more when case is ignored.
+struct FoldedLess {
+    using is_transparent = void;
+    bool operator()(std::wstring_view less, std::wstring_view more) const;
+};
+
+// The handles that each part has open, in the form of LeftOpen.
+std::string OpenFilesText();
+std::string OpenKeysText();
+std::string OpenTextsText();
+
+void ResetCalls();
+void ResetFiles();
+void ResetRegistry();
+void ResetTime();
+void ResetText();
+void ResetShell();
+
+}  // namespace FakeWin::Internal

@@ -1,0 +1,127 @@
+// _wfsopen: files of the C runtime that end in the stand-in's file system.
+#include <share.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+
+#include "FilesState.h"
+#include "Internal.h"
+
+namespace FakeWin {
+namespace {
+
+using namespace Internal;
+
+// One open file: the cookie behind the C library's stream.
+struct OpenFile {
+    std::shared_ptr<Entry> entry;
+    std::wstring subject;
+    bool text;  // 0A becomes 0D 0A
+};
+
+int ErrnoOf(DWORD error) {
+    switch (error) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+            return ENOENT;
+        case ERROR_ACCESS_DENIED:
+        case ERROR_SHARING_VIOLATION:
+            return EACCES;
+        default:
+            return EINVAL;
+    }
+}
+
+std::string OnDisk(const OpenFile& file, const char* data, size_t size) {
+    std::string bytes;
+    for (const char byte : std::string_view(data, size)) {
+        if (file.text && byte == '\n')
+            bytes += '\r';
+        bytes += byte;
+    }
+    return bytes;
+}
+
+DWORD Append(const OpenFile& file, const std::string& bytes) {
+    const std::lock_guard lock(FilesMutex());
+    const std::wstring key = Fold(file.subject);
+    ++Files().writes[key];
+    std::string& contents = *file.entry->contents;
+    const auto limit = Files().writeLimits.find(key);
+    const uint64_t end =
+        limit == Files().writeLimits.end() ? std::numeric_limits<uint64_t>::max() : limit->second;
+    const size_t room =
+        static_cast<size_t>(std::min<uint64_t>(end - std::min<uint64_t>(end, contents.size()), bytes.size()));
+    contents.append(bytes, 0, room);
+    file.entry->size = contents.size();
+    return room == bytes.size() ? 0 : ERROR_DISK_FULL;
+}
+
+ssize_t Write(void* cookie, const char* data, size_t size) {
+    const OpenFile& file = *static_cast<OpenFile*>(cookie);
+    const DWORD error = Watched(Call::WriteFile, file.subject, static_cast<DWORD>(size),
+                                [&] { return Append(file, OnDisk(file, data, size)); });
+    if (error == 0)
+        return static_cast<ssize_t>(size);
+    errno = error == ERROR_DISK_FULL ? ENOSPC : EIO;
+    return 0;
+}
+
+int Close(void* cookie) {
+    const std::unique_ptr<OpenFile> file(static_cast<OpenFile*>(cookie));
+    const std::lock_guard lock(FilesMutex());
+    std::vector<std::wstring>& open = Files().openFiles;
+    const auto found = std::ranges::find(open, file->subject);
+    if (found != open.end())
+        open.erase(found);
+    return 0;
+}
+
+// As CREATE_ALWAYS does it: an existing file must be neither read-only nor, with plain attributes asked for,
+// hidden or of the system.
+DWORD Truncate(const wchar_t* path, OpenFile& file) {
+    constexpr DWORD Protected = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    const PathParts parts = ParsePath(path, false);
+    const std::lock_guard lock(FilesMutex());
+    DWORD error;
+    file.entry = Files().tree->Find(parts, error);
+    if (error == ERROR_FILE_NOT_FOUND)
+        file.entry = Files().tree->Make(parts, false).shared_from_this();
+    else if (error != 0)
+        return error;
+    if (file.entry->folder || (file.entry->attributes & Protected) != 0)
+        return ERROR_ACCESS_DENIED;
+    file.entry->contents = std::make_unique<std::string>();
+    file.entry->size = 0;
+    Files().writes[Fold(file.subject)] = 0;
+    Files().openFiles.push_back(file.subject);
+    Files().writtenFiles.push_back(file.subject);
+    return 0;
+}
+
+}  // namespace
+}  // namespace FakeWin
+
+using namespace FakeWin;
+
+FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share) {
+    const std::wstring_view asked = mode;
+    if ((asked != L"w" && asked != L"wb" && asked != L"wt") || share < _SH_DENYRW || share > _SH_DENYNO) {
+        errno = EINVAL;
+        return nullptr;
+    }
+    auto file = std::make_unique<OpenFile>();
+    file->subject = PathSubject(path);
+    file->text = asked != L"wb";
+    const DWORD error = Watched(Call::OpenFile, file->subject, static_cast<DWORD>(share),
+                                [&] { return Truncate(path, *file); });
+    if (error != 0) {
+        errno = ErrnoOf(error);
+        return nullptr;
+    }
+    cookie_io_functions_t functions = {};
+    functions.write = Write;
+    functions.close = Close;
+    return fopencookie(file.release(), "w", functions);
+}
