@@ -3,6 +3,7 @@
 #include "app/WorkArea.h"
 #include "listmaker/ListMakerWithUI.h"
 #include "pages/AboutController.h"
+#include "pages/DialogLayout.h"
 #include "pages/ManageController.h"
 #include "pages/OptionsController.h"
 #include "pages/PropertyController.h"
@@ -206,9 +207,7 @@ bool MainController::HandleDisplayChange() {
 }
 
 void MainController::ArrangeControls() {
-    RECT client;
-    GetClientRect(Handle, &client);
-    RootSizer.Arrange(client);
+    ArrangeOnClient(RootSizer, Handle);
 }
 
 void MainController::PlaceWindow(int x, int y, int width, int height) {

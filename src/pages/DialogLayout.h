@@ -4,7 +4,7 @@
 #include "winlib/Windows.h"
 #include "winlib/layout/Sizer.h"
 
-// Arranges the tree on the dialog as it is now.
+// Arranges the tree on the dialog as it is now, and has all of it drawn anew.
 void ArrangeOnClient(WinLib::Layout::Sizer& root, HWND dialog);
 
 // Takes the controls as the resource drew them for the minimum, and arranges. Once, when the tree stands.
