@@ -1,0 +1,329 @@
+// Drag and drop of presets, by the mouse messages of the tree.
+
+#include <algorithm>
+
+#include "MainWindowTest.h"
+
+namespace {
+
+using Names = std::vector<std::wstring>;
+
+// The TVM_SETINSERTMARK messages of the tree that is watched: "after", and the item.
+using Mark = std::pair<WPARAM, HTREEITEM>;
+std::vector<Mark> marks;
+WNDPROC watched = nullptr;
+
+LRESULT CALLBACK WatchMarks(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == TVM_SETINSERTMARK)
+        marks.emplace_back(wParam, reinterpret_cast<HTREEITEM>(lParam));
+    return CallWindowProcW(watched, window, message, wParam, lParam);
+}
+
+class DragTest : public MainWindowTest {
+protected:
+    void OpenWith(const Names& names) {
+        Store(names);
+        Open();
+        marks.clear();
+        watched = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(tree.Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WatchMarks)));
+    }
+
+    // The tree's own handling of the press runs a loop of its own until it meets the button-up, which it
+    // swallows.
+    void Press(POINT point) const {
+        PostMessageW(tree.Window(), WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+        SendMessageW(tree.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    }
+
+    void Move(POINT point, WPARAM keys = MK_LBUTTON) const {
+        SendMessageW(tree.Window(), WM_MOUSEMOVE, keys, MAKELPARAM(point.x, point.y));
+    }
+
+    void Release(POINT point) const {
+        SendMessageW(tree.Window(), WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+    }
+
+    void Drag(POINT from, POINT to) const {
+        Press(from);
+        Move({from.x, from.y + GetSystemMetrics(SM_CYDRAG)});
+        Move(to);
+        Release(to);
+    }
+
+    void Drag(HTREEITEM from, HTREEITEM to) const { Drag(tree.Middle(from), tree.Middle(to)); }
+
+    static bool IsDragging() { return ImageList_GetDragImage(nullptr, nullptr) != nullptr; }
+
+    static POINT ImagePlace() {
+        POINT place = {};
+        ImageList_GetDragImage(&place, nullptr);
+        return place;
+    }
+
+    // Makes any save visible: a saved preset gets its position back.
+    void ForgetPositions(size_t count) const {
+        for (size_t i = 0; i < count; i++)
+            registry.SetDword(KeyOf(i), L"Position", 900);
+    }
+
+    bool NothingSaved(size_t count) const {
+        for (size_t i = 0; i < count; i++)
+            if (registry.Get(KeyOf(i), L"Position") != TestSupport::DwordValue(900))
+                return false;
+        return true;
+    }
+};
+
+TEST_F(DragTest, EveryDropStandsDirectlyBelowItsTarget) {
+    const Names before = {L"A", L"B", L"C", L"D"};
+    for (const std::wstring& dragged : before) {
+        for (const std::wstring& target : before) {
+            if (dragged == target)
+                continue;
+            const TestSupport::TestRegistry fresh;
+            OpenWith(before);
+            Names after = before;
+            std::erase(after, dragged);
+            after.insert(std::ranges::find(after, target) + 1, dragged);
+            Stored positions;
+            for (size_t i = 0; i < after.size(); i++)
+                positions.emplace_back(after[i], static_cast<uint32_t>(after.size() - i));
+
+            Drag(tree.Item(dragged), tree.Item(target));
+            EXPECT_EQ(tree.Names(), after) << testing::PrintToString(dragged + L" onto " + target);
+            EXPECT_EQ(StoredPresets(), positions) << testing::PrintToString(dragged + L" onto " + target);
+            EXPECT_EQ(tree.Text(tree.Selected()), dragged);
+            EXPECT_FALSE(IsDragging());
+            EXPECT_NE(GetCapture(), tree.Window());
+            DestroyWindow(window);
+            RunLoop();
+        }
+    }
+}
+
+TEST_F(DragTest, DropOnAChildStandsBelowItsPreset) {
+    OpenWith({L"A", L"B", L"C"});
+    tree.Expand(tree.Item(L"B"));
+    Drag(tree.Item(L"A"), tree.Child(tree.Item(L"B"), L"Columns"));
+    EXPECT_EQ(StoredPresets(), (Stored{{L"B", 3}, {L"A", 2}, {L"C", 1}}));
+}
+
+TEST_F(DragTest, DropOnTheItemAboveChangesNothingButSaves) {
+    OpenWith({L"A", L"B", L"C"});
+    ForgetPositions(3);
+    Drag(tree.Item(L"B"), tree.Item(L"A"));
+    EXPECT_EQ(tree.Names(), (Names{L"A", L"B", L"C"}));
+    EXPECT_EQ(StoredPresets(), (Stored{{L"A", 3}, {L"B", 2}, {L"C", 1}}));
+}
+
+TEST_F(DragTest, DropOnItselfSavesNothing) {
+    OpenWith({L"A", L"B"});
+    tree.Expand(tree.Item(L"A"));
+    ForgetPositions(2);
+    Drag(tree.Item(L"A"), tree.Item(L"A"));
+    Drag(tree.Item(L"A"), tree.Child(tree.Item(L"A"), L"Opening"));
+    EXPECT_EQ(tree.Names(), (Names{L"A", L"B"}));
+    EXPECT_TRUE(NothingSaved(2));
+}
+
+TEST_F(DragTest, DropOnEmptySpaceSavesNothing) {
+    OpenWith({L"A", L"B"});
+    ForgetPositions(2);
+    Drag(tree.Middle(tree.Item(L"A")), tree.EmptySpace());
+    Drag(tree.Middle(tree.Item(L"A")), {-20, -20});
+    EXPECT_EQ(tree.Names(), (Names{L"A", L"B"}));
+    EXPECT_TRUE(NothingSaved(2));
+    EXPECT_FALSE(IsDragging());
+}
+
+TEST_F(DragTest, ChildItemsCannotBeDragged) {
+    OpenWith({L"A", L"B"});
+    tree.Expand(tree.Item(L"A"));
+    ForgetPositions(2);
+    const POINT child = tree.Middle(tree.Child(tree.Item(L"A"), L"Filter"));
+    const POINT target = tree.Middle(tree.Item(L"B"));
+    Press(child);
+    EXPECT_NE(GetCapture(), tree.Window());
+    Move(target);
+    EXPECT_FALSE(IsDragging());
+    Release(target);
+    EXPECT_EQ(tree.Names(), (Names{L"A", L"B"}));
+    EXPECT_TRUE(NothingSaved(2));
+}
+
+TEST_F(DragTest, BelowTheThresholdNothingHappens) {
+    OpenWith({L"A", L"B"});
+    ForgetPositions(2);
+    const POINT start = tree.Middle(tree.Item(L"A"));
+    const int nearX = GetSystemMetrics(SM_CXDRAG) - 1;
+    const int nearY = GetSystemMetrics(SM_CYDRAG) - 1;
+    Press(start);
+    for (const POINT step : {POINT{nearX, nearY}, POINT{-nearX, -nearY}, POINT{0, 0}}) {
+        Move({start.x + step.x, start.y + step.y});
+        EXPECT_FALSE(IsDragging());
+    }
+    Release(start);
+    EXPECT_EQ(tree.Names(), (Names{L"A", L"B"}));
+    EXPECT_TRUE(NothingSaved(2));
+    EXPECT_TRUE(marks.empty());
+}
+
+TEST_F(DragTest, TheThresholdItselfBeginsADragInEveryDirection) {
+    OpenWith({L"A", L"B"});
+    const int x = GetSystemMetrics(SM_CXDRAG);
+    const int y = GetSystemMetrics(SM_CYDRAG);
+    const POINT start = tree.Middle(tree.Item(L"A"));
+    for (const POINT step : {POINT{x, 0}, POINT{-x, 0}, POINT{0, y}, POINT{0, -y}}) {
+        Press(start);
+        EXPECT_FALSE(IsDragging());
+        Move({start.x + step.x, start.y + step.y});
+        EXPECT_TRUE(IsDragging()) << step.x << ", " << step.y;
+        EXPECT_EQ(GetCapture(), tree.Window());
+        Release(start);
+        EXPECT_FALSE(IsDragging());
+        EXPECT_NE(GetCapture(), tree.Window());
+    }
+}
+
+TEST_F(DragTest, AMoveWithTheButtonUpEndsTheWait) {
+    OpenWith({L"A", L"B"});
+    const POINT start = tree.Middle(tree.Item(L"A"));
+    Press(start);
+    Move(start, 0);
+    EXPECT_NE(GetCapture(), tree.Window());
+    // Far enough, but the button went up before.
+    Move(tree.Middle(tree.Item(L"B")));
+    EXPECT_FALSE(IsDragging());
+}
+
+TEST_F(DragTest, AMoveAfterTheReleaseBeginsNothing) {
+    OpenWith({L"A", L"B"});
+    Press(tree.Middle(tree.Item(L"A")));
+    Release(tree.Middle(tree.Item(L"A")));
+    Move(tree.Middle(tree.Item(L"B")));
+    EXPECT_FALSE(IsDragging());
+}
+
+TEST_F(DragTest, MarksThePlaceOfTheDrop) {
+    OpenWith({L"A", L"B", L"C", L"D"});
+    tree.Expand(tree.Item(L"D"));
+    tree.Expand(tree.Item(L"A"));
+    const HTREEITEM a = tree.Item(L"A");
+    const HTREEITEM b = tree.Item(L"B");
+    const HTREEITEM c = tree.Item(L"C");
+    const HTREEITEM d = tree.Item(L"D");
+    struct Row {
+        const char* what;
+        POINT point;
+        Mark mark;
+    };
+    const Row rows[] = {
+        {"itself", tree.Middle(c), {0, nullptr}},
+        {"the item above", tree.Middle(b), {0, nullptr}},
+        {"an open preset: behind its last child", tree.Middle(a), {1, tree.Child(a, L"Opening")}},
+        {"a child", tree.Middle(tree.Child(a, L"Display")), {1, tree.Child(a, L"Opening")}},
+        {"the open preset below", tree.Middle(d), {1, tree.Child(d, L"Opening")}},
+        {"no item", tree.EmptySpace(), {1, nullptr}},
+    };
+    const POINT start = tree.Middle(c);
+    Press(start);
+    Move({start.x, start.y + GetSystemMetrics(SM_CYDRAG)});
+    EXPECT_EQ(marks, (std::vector<Mark>{{0, nullptr}})) << "the move that begins the drag marks, too";
+    for (const Row& row : rows) {
+        marks.clear();
+        Move(row.point);
+        EXPECT_EQ(marks, std::vector<Mark>{row.mark}) << row.what;
+    }
+    marks.clear();
+    Release(tree.EmptySpace());
+    EXPECT_EQ(marks, (std::vector<Mark>{{0, nullptr}})) << "cleared by the drop";
+}
+
+TEST_F(DragTest, MarksACollapsedPresetItself) {
+    OpenWith({L"A", L"B", L"C"});
+    const POINT start = tree.Middle(tree.Item(L"A"));
+    Press(start);
+    Move({start.x, start.y + GetSystemMetrics(SM_CYDRAG)});
+    marks.clear();
+    Move(tree.Middle(tree.Item(L"C")));
+    EXPECT_EQ(marks, (std::vector<Mark>{{1, tree.Item(L"C")}}));
+    Release(start);
+}
+
+TEST_F(DragTest, TheImageFollowsInsideTheTree) {
+    OpenWith({L"A", L"B"});
+    const RECT label = tree.Label(tree.Item(L"A"));
+    const POINT start = {label.left + 3, label.top + 5};
+    Press(start);
+    Move({start.x, start.y + 6});
+    POINT place = {};
+    POINT hotSpot = {};
+    ASSERT_NE(ImageList_GetDragImage(&place, &hotSpot), nullptr);
+    EXPECT_EQ(hotSpot.x, 3);
+    EXPECT_EQ(hotSpot.y, 0);
+    Move({30, 25});
+    EXPECT_EQ(ImagePlace().x, 30);
+    EXPECT_EQ(ImagePlace().y, 25);
+    // Left and top belong to the tree, right and bottom do not.
+    RECT client = {};
+    GetClientRect(tree.Window(), &client);
+    for (const POINT outside :
+         {POINT{-1, 25}, POINT{30, -1}, POINT{client.right, 25}, POINT{30, client.bottom}}) {
+        Move(outside);
+        EXPECT_EQ(ImagePlace().x, 30) << outside.x << ", " << outside.y;
+        EXPECT_EQ(ImagePlace().y, 25) << outside.x << ", " << outside.y;
+    }
+    Move({0, 0});
+    EXPECT_EQ(ImagePlace().x, 0);
+    EXPECT_EQ(ImagePlace().y, 0);
+    Release(start);
+}
+
+TEST_F(DragTest, SelectionAndOpenItemsTravel) {
+    OpenWith({L"A", L"B", L"C"});
+    tree.Expand(tree.Item(L"A"));
+    tree.Expand(tree.Item(L"C"));
+    const HWND page = Pages().front();
+    Drag(tree.Item(L"A"), tree.Item(L"C"));
+    EXPECT_EQ(tree.Names(), (Names{L"B", L"C", L"A"}));
+    EXPECT_EQ(tree.Text(tree.Selected()), L"A");
+    EXPECT_TRUE(IsWindowVisible(page));
+    EXPECT_EQ(VisiblePage(), IDC_FORMAT_GROUP);
+    EXPECT_TRUE(tree.IsExpanded(tree.Item(L"A")));
+    EXPECT_FALSE(tree.IsExpanded(tree.Item(L"B")));
+    EXPECT_TRUE(tree.IsExpanded(tree.Item(L"C")));
+}
+
+TEST_F(DragTest, ItemsKeepTheirPresetsAndPages) {
+    OpenWith({L"A", L"B", L"C"});
+    Drag(tree.Item(L"C"), tree.Item(L"A"));
+    Drag(tree.Item(L"A"), tree.Item(L"B"));
+    EXPECT_EQ(tree.Names(), (Names{L"C", L"B", L"A"}));
+    controller->RenamePreset(tree.Item(L"C"), L"Third");
+    EXPECT_EQ(registry.Get(KeyOf(2), L"Name"), TestSupport::StringValue(L"Third"));
+    tree.Select(tree.Child(tree.Item(L"B"), L"Sorting"));
+    EXPECT_EQ(VisiblePage(), IDC_SORTING_GROUP);
+    // B was the second to get its pages.
+    EXPECT_TRUE(IsWindowVisible(Pages()[7 + 4]));
+}
+
+TEST_F(DragTest, TheNextPresetStandsBelowTheNewOrder) {
+    OpenWith({L"A", L"B"});
+    Drag(tree.Item(L"A"), tree.Item(L"B"));
+    SendMessageW(window, WM_COMMAND, IDM_TEMPLATE_FIRST, 0);
+    EXPECT_EQ(StoredPresets(), (Stored{{L"B", 3}, {L"A", 2}, {L"All files (Simple, Text)", 1}}));
+}
+
+TEST_F(DragTest, DestructionEndsADrag) {
+    OpenWith({L"A", L"B"});
+    const POINT start = tree.Middle(tree.Item(L"A"));
+    Press(start);
+    Move({start.x, start.y + GetSystemMetrics(SM_CYDRAG)});
+    ASSERT_TRUE(IsDragging());
+    DestroyWindow(window);
+    controller.reset();
+    EXPECT_FALSE(IsDragging());
+}
+
+}  // namespace

@@ -1,0 +1,192 @@
+// The keyboard, through the program's own message loop.
+
+#include "MainWindowTest.h"
+#include "support/ui/DismissModal.h"
+#include "winlib/WindowText.h"
+
+namespace {
+
+using Names = std::vector<std::wstring>;
+
+class KeysTest : public MainWindowTest {
+protected:
+    void OpenWith(const Names& names) {
+        Store(names);
+        Open();
+        SetFocus(tree.Window());
+    }
+
+    HWND LabelEdit() const {
+        return reinterpret_cast<HWND>(SendMessageW(tree.Window(), TVM_GETEDITCONTROL, 0, 0));
+    }
+
+    bool EditsLabels() const { return (GetWindowLongPtrW(tree.Window(), GWL_STYLE) & TVS_EDITLABELS) != 0; }
+
+    bool AcceleratorsOn() const {
+        return Process().Accelerators != nullptr && Process().AcceleratorWindow == window;
+    }
+
+    bool AcceleratorsOff() const {
+        return Process().Accelerators == nullptr && Process().AcceleratorWindow == nullptr;
+    }
+
+    // Presses a key that opens a dialog, answers that with a button, and returns what it said.
+    Ui::SeenDialog PressAndAnswer(WORD key, WORD button) {
+        const Ui::DismissModal answer(button);
+        PostKey(key);
+        RunLoopUntil([&] { return !answer.Seen().empty() && IsWindowEnabled(window); }, "the dialog");
+        return answer.Seen().empty() ? Ui::SeenDialog{} : answer.Seen().front();
+    }
+};
+
+TEST_F(KeysTest, F2AndEnterRename) {
+    OpenWith({L"Old", L"Other"});
+    Press(VK_F2);
+    ASSERT_NE(LabelEdit(), nullptr);
+    EXPECT_EQ(GetFocus(), LabelEdit());
+    EXPECT_TRUE(EditsLabels());
+    EXPECT_TRUE(AcceleratorsOff());
+    Type(L"Renamed");
+    Press(VK_RETURN);
+    EXPECT_EQ(LabelEdit(), nullptr);
+    EXPECT_FALSE(EditsLabels());
+    EXPECT_TRUE(AcceleratorsOn());
+    EXPECT_EQ(tree.Names(), (Names{L"Renamed", L"Other"}));
+    EXPECT_EQ(StoredPresets(), (Stored{{L"Renamed", 2}, {L"Other", 1}}));
+    EXPECT_TRUE(IsWindowVisible(window));
+}
+
+TEST_F(KeysTest, EscLeavesTheOldName) {
+    OpenWith({L"Old"});
+    Press(VK_F2);
+    Type(L"Discarded");
+    Press(VK_ESCAPE);
+    EXPECT_EQ(LabelEdit(), nullptr);
+    EXPECT_FALSE(EditsLabels());
+    EXPECT_TRUE(AcceleratorsOn());
+    EXPECT_EQ(tree.Names(), Names{L"Old"});
+    EXPECT_EQ(StoredPresets(), (Stored{{L"Old", 1}}));
+    // The keys work again.
+    Press(VK_F2);
+    EXPECT_NE(LabelEdit(), nullptr);
+}
+
+TEST_F(KeysTest, KeysReachTheEditBoxDuringARename) {
+    OpenWith({L"Name"});
+    Press(VK_F2);
+    SendMessageW(LabelEdit(), EM_SETSEL, 0, 1);
+    Press(VK_DELETE);
+    EXPECT_EQ(WinLib::GetWindowText(LabelEdit()), L"ame");
+    Press(VK_F6);
+    Press(VK_F5);
+    Press(VK_RETURN);
+    EXPECT_EQ(tree.Names(), Names{L"ame"});
+    EXPECT_EQ(StoredPresets(), (Stored{{L"ame", 1}}));
+}
+
+TEST_F(KeysTest, AnEmptyNameAndAnExistingNameAreAccepted) {
+    OpenWith({L"One", L"Two"});
+    Press(VK_F2);
+    Type(L"Two");
+    Press(VK_RETURN);
+    EXPECT_EQ(StoredPresets(), (Stored{{L"Two", 2}, {L"Two", 1}}));
+    Press(VK_F2);
+    SendMessageW(LabelEdit(), EM_SETSEL, 0, -1);
+    Press(VK_DELETE);
+    Press(VK_RETURN);
+    EXPECT_EQ(tree.Names(), (Names{L"", L"Two"}));
+    EXPECT_EQ(StoredPresets(), (Stored{{L"", 2}, {L"Two", 1}}));
+}
+
+TEST_F(KeysTest, NamesAreNotTrimmed) {
+    OpenWith({L"One"});
+    Press(VK_F2);
+    Type(L"  two  ");
+    Press(VK_RETURN);
+    EXPECT_EQ(StoredPresets(), (Stored{{L"  two  ", 1}}));
+}
+
+TEST_F(KeysTest, F5MakesAPresetAndTakesItsName) {
+    OpenWith({});
+    SetFocus(Control(IDC_MAIN_CLOSE));
+    Press(VK_F5);
+    ASSERT_NE(LabelEdit(), nullptr);
+    EXPECT_EQ(GetFocus(), LabelEdit());
+    Type(L"Mine");
+    Press(VK_RETURN);
+    EXPECT_EQ(tree.Names(), Names{L"Mine"});
+    EXPECT_EQ(StoredPresets(), (Stored{{L"Mine", 1}}));
+}
+
+TEST_F(KeysTest, WithoutPresetsTheItemKeysDoNothing) {
+    OpenWith({});
+    for (const WORD key : ItemKeys)
+        Press(key);
+    EXPECT_TRUE(tree.Names().empty());
+    EXPECT_EQ(LabelEdit(), nullptr);
+    EXPECT_TRUE(AcceleratorsOn());
+    EXPECT_TRUE(StoredPresets().empty());
+}
+
+TEST_F(KeysTest, F6DuplicatesAndDelRemoves) {
+    OpenWith({L"A", L"B"});
+    Press(VK_F6);
+    EXPECT_EQ(StoredPresets(), (Stored{{L"A", 3}, {L"B", 2}, {L"Copy of A", 1}}));
+    Press(VK_DELETE);
+    EXPECT_EQ(tree.Names(), (Names{L"B", L"Copy of A"}));
+    EXPECT_EQ(StoredPresets(), (Stored{{L"B", 2}, {L"Copy of A", 1}}));
+}
+
+TEST_F(KeysTest, OnAPageItemTheItemKeysDoNothing) {
+    OpenWith({L"A"});
+    tree.Select(tree.Child(tree.Item(L"A"), L"Columns"));
+    for (const WORD key : ItemKeys)
+        Press(key);
+    EXPECT_EQ(tree.Names(), Names{L"A"});
+    EXPECT_EQ(LabelEdit(), nullptr);
+}
+
+TEST_F(KeysTest, EscDoesNotCloseTheWindow) {
+    OpenWith({L"A"});
+    Press(VK_ESCAPE);
+    EXPECT_TRUE(IsWindowVisible(window));
+    SetFocus(Control(IDC_MAIN_CLOSE));
+    Press(VK_ESCAPE);
+    EXPECT_TRUE(IsWindowVisible(window));
+}
+
+TEST_F(KeysTest, F7OpensTheOptionsWithTheWindowAsOwner) {
+    OpenWith({L"A"});
+    const Ui::SeenDialog dialog = PressAndAnswer(VK_F7, IDC_OPTIONS_CLOSE);
+    EXPECT_EQ(dialog.caption, L"Options");
+    EXPECT_EQ(dialog.owner, window);
+}
+
+TEST_F(KeysTest, F1OpensTheAboutBoxWithTheWindowAsOwner) {
+    OpenWith({L"A"});
+    const Ui::SeenDialog dialog = PressAndAnswer(VK_F1, IDC_ABOUT_CLOSE);
+    EXPECT_EQ(dialog.owner, window);
+}
+
+TEST_F(KeysTest, EnterPressesCreateList) {
+    OpenWith({L"A"});
+    const Ui::SeenDialog dialog = PressAndAnswer(VK_RETURN, IDCANCEL);
+    EXPECT_EQ(dialog.owner, window);
+    EXPECT_NE(dialog.text.find(L"Select a folder"), std::wstring::npos)
+        << testing::PrintToString(dialog.text);
+    EXPECT_TRUE(CanCreateList());
+}
+
+TEST_F(KeysTest, TabGoesFromTheButtonsToTheTreeAndThePage) {
+    OpenWith({L"A"});
+    SetFocus(Control(IDC_MAIN_CREATE_LIST));
+    Press(VK_TAB);
+    EXPECT_EQ(GetFocus(), Control(IDC_MAIN_CLOSE));
+    Press(VK_TAB);
+    EXPECT_EQ(GetFocus(), tree.Window());
+    Press(VK_TAB);
+    // The first control of the page that is shown, past all hidden ones.
+    EXPECT_EQ(GetParent(GetFocus()), Pages().front());
+}
+
+}  // namespace
