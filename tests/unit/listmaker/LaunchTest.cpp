@@ -1,0 +1,105 @@
+#include "listmaker/Launch.h"
+
+#include <gtest/gtest.h>
+
+#include "FakeWin.h"
+#include "settings/Preset.h"
+
+using FakeWin::ShellExecution;
+
+namespace {
+
+const std::wstring List = L"C:\\My Lists\\List of Photos.txt";
+
+Preset MakePreset(OpenMethod method, const std::wstring& program = L"") {
+    Preset preset(L"test");
+    MetaTypes::Settings opening = preset.Section(Preset::Opening);
+    opening.Get<OpenMethod>(Preset::OpeningRow::OpenMethod) = method;
+    opening.Get<std::wstring>(Preset::OpeningRow::CustomProgramPath) = program;
+    return preset;
+}
+
+// What every start has in common.
+void ExpectPlainStart(const ShellExecution& start) {
+    EXPECT_EQ(start.size, sizeof(SHELLEXECUTEINFOW));
+    EXPECT_EQ(start.mask, 0x4400u);
+    EXPECT_EQ(start.owner, nullptr);
+    EXPECT_EQ(start.verb, std::nullopt);
+    EXPECT_EQ(start.show, 1);
+    EXPECT_TRUE(start.othersZero);
+}
+
+TEST(QuotePath, PutsOneQuoteOnEitherSide) {
+    EXPECT_EQ(QuotePath(L""), L"\"\"");
+    EXPECT_EQ(QuotePath(L"C:\\a b"), L"\"C:\\a b\"");
+    EXPECT_EQ(QuotePath(L"C:\\a\\"), L"\"C:\\a\\\"");
+    EXPECT_EQ(QuotePath(L"\"a\"b"), L"\"\"a\"b\"");
+}
+
+TEST(Launch, PassesProgramArgumentsAndDirectory) {
+    EXPECT_TRUE(Launch(L"program.exe", L"-a \"b c\"", L"C:\\Data"));
+    const std::vector<ShellExecution> starts = FakeWin::ShellExecutions();
+    ASSERT_EQ(starts.size(), 1u);
+    ExpectPlainStart(starts[0]);
+    EXPECT_EQ(starts[0].file, L"program.exe");
+    EXPECT_EQ(starts[0].parameters, L"-a \"b c\"");
+    EXPECT_EQ(starts[0].directory, L"C:\\Data");
+}
+
+TEST(Launch, PassesNothingForEmptyArgumentsAndDirectory) {
+    EXPECT_TRUE(Launch(L"program.exe", L"", L""));
+    const std::vector<ShellExecution> starts = FakeWin::ShellExecutions();
+    ASSERT_EQ(starts.size(), 1u);
+    ExpectPlainStart(starts[0]);
+    EXPECT_EQ(starts[0].parameters, std::nullopt);
+    EXPECT_EQ(starts[0].directory, std::nullopt);
+}
+
+TEST(Launch, TellsWhetherTheSystemRefused) {
+    FakeWin::FailNth(FakeWin::Call::ShellExecuteExW, 1, ERROR_FILE_NOT_FOUND);
+    EXPECT_FALSE(Launch(L"program.exe", L"", L""));
+    EXPECT_TRUE(Launch(L"program.exe", L"", L""));
+}
+
+TEST(OpenList, HandsTheQuotedListToItsViewer) {
+    OpenList(MakePreset(OpenMethod::Default, L"C:\\unused.exe"), List);
+    const std::vector<ShellExecution> starts = FakeWin::ShellExecutions();
+    ASSERT_EQ(starts.size(), 1u);
+    ExpectPlainStart(starts[0]);
+    EXPECT_EQ(starts[0].file, L"\"C:\\My Lists\\List of Photos.txt\"");
+    EXPECT_EQ(starts[0].parameters, std::nullopt);
+    EXPECT_EQ(starts[0].directory, std::nullopt);
+}
+
+TEST(OpenList, HandsTheQuotedListToTheQuotedProgram) {
+    OpenList(MakePreset(OpenMethod::Custom, L"C:\\Program Files\\My Viewer\\viewer.exe"), List);
+    const std::vector<ShellExecution> starts = FakeWin::ShellExecutions();
+    ASSERT_EQ(starts.size(), 1u);
+    ExpectPlainStart(starts[0]);
+    EXPECT_EQ(starts[0].file, L"\"C:\\Program Files\\My Viewer\\viewer.exe\"");
+    EXPECT_EQ(starts[0].parameters, L"\"C:\\My Lists\\List of Photos.txt\"");
+    EXPECT_EQ(starts[0].directory, std::nullopt);
+}
+
+TEST(OpenList, QuotesEvenAnEmptyProgram) {
+    OpenList(MakePreset(OpenMethod::Custom), List);
+    const std::vector<ShellExecution> starts = FakeWin::ShellExecutions();
+    ASSERT_EQ(starts.size(), 1u);
+    EXPECT_EQ(starts[0].file, L"\"\"");
+}
+
+TEST(OpenList, DoesNothingForAnyOtherMethod) {
+    OpenList(MakePreset(OpenMethod::Nothing, L"C:\\unused.exe"), List);
+    OpenList(MakePreset(static_cast<OpenMethod>(3), L"C:\\unused.exe"), List);
+    EXPECT_TRUE(FakeWin::ShellExecutions().empty());
+}
+
+TEST(OpenList, PassesOverAFailureInSilence) {
+    FakeWin::Fail(FakeWin::Call::ShellExecuteExW, ERROR_FILE_NOT_FOUND);
+    OpenList(MakePreset(OpenMethod::Default), List);
+    OpenList(MakePreset(OpenMethod::Custom, L"C:\\missing.exe"), List);
+    EXPECT_EQ(FakeWin::Uses(FakeWin::Call::ShellExecuteExW), 2);
+    EXPECT_EQ(FakeWin::Uses(FakeWin::Call::MessageBoxW), 0);
+}
+
+}  // namespace

@@ -1,0 +1,167 @@
+#include "listmaker/ListMakerWithUI.h"
+
+#include <future>
+
+#include "JobFixture.h"
+#include "winlib/Win32Error.h"
+
+using FakeWin::Call;
+using JobTest::Job;
+using JobTest::List;
+
+namespace {
+
+using ListMakerWithUITest = JobTest::Fixture;
+
+TEST_F(ListMakerWithUITest, ClosesItsDialogByItselfAtTheEnd) {
+    ListMakerWithUI job(owner, JobTest::MakePreset(), JobTest::Folder);
+    EXPECT_TRUE(job.Start());
+    EXPECT_TRUE(job.IsFinished());
+    EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP));
+    EXPECT_EQ(EndMessages(), 1);
+    EXPECT_TRUE(FakeWin::EntryExists(List));
+    ASSERT_EQ(FakeWin::ShellExecutions().size(), 1u);
+    EXPECT_EQ(FakeWin::ShellExecutions()[0].file, L"\"C:\\Lists\\List of Photos.txt\"");
+    EXPECT_TRUE(FakeWin::MessageBoxes().empty());
+}
+
+TEST_F(ListMakerWithUITest, ShowsWhatTheWorkerDoes) {
+    Job job(owner);
+    job.AtTheBeginning = [&] {
+        const HWND dialog = WaitForDialog();
+        EXPECT_EQ(WinLib::GetWindowText(dialog), L"Tamblewick");
+        job.OnProgress(L"one", L"two");
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_STATUS_LINE), L"one");
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_DETAIL_LINE), L"two");
+    };
+    job.AtTheDocument = [&] {
+        const HWND dialog = WaitForDialog();
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_STATUS_LINE), L"Creating document...");
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_DETAIL_LINE), List);
+    };
+    EXPECT_TRUE(job.Start());
+}
+
+TEST_F(ListMakerWithUITest, IsFinishedBeforeAnyoneHearsOfIt) {
+    for (int i = 1; i <= 1000; i++) {
+        ListMakerWithUI job(owner, JobTest::MakePreset(), L"C:\\Empty");
+        FakeWin::AddFolder(L"C:\\Empty");
+        std::thread listener([&] {
+            EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP, i));
+            EXPECT_TRUE(job.IsFinished()) << i;
+        });
+        // The worker may well be at its end before the dialog exists.
+        EXPECT_TRUE(job.Start()) << i;
+        EXPECT_TRUE(job.IsFinished()) << i;
+        listener.join();
+        if (HasFailure())
+            break;
+    }
+}
+
+TEST_F(ListMakerWithUITest, GoesOnAloneInTheBackground) {
+    std::promise<void> go;
+    Job job(owner);
+    job.AtTheBeginning = [&, start = go.get_future().share()] {
+        start.wait();
+        job.OnProgress(L"one", L"two");
+        EXPECT_FALSE(job.IsCancelled());
+    };
+    ClickWhenShown(IDC_PROGRESS_BACKGROUND);
+    EXPECT_FALSE(job.Start());
+    EXPECT_EQ(FakeWin::OpenWindows(), 1);
+    EXPECT_FALSE(job.IsFinished());
+    EXPECT_EQ(EndMessages(), 0);
+    go.set_value();
+    EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP));
+    EXPECT_TRUE(job.IsFinished());
+    EXPECT_EQ(EndMessages(), 1);
+    EXPECT_TRUE(FakeWin::EntryExists(List));
+    EXPECT_EQ(FakeWin::ShellExecutions().size(), 1u);
+}
+
+TEST_F(ListMakerWithUITest, EndsWithoutAListWhenCancelled) {
+    Job job(owner);
+    job.AtTheBeginning = [&] {
+        const HWND dialog = WaitForDialog();
+        EXPECT_FALSE(job.IsCancelled());
+        EXPECT_TRUE(FakeWin::Click(dialog, IDC_PROGRESS_CANCEL));
+        EXPECT_TRUE(job.IsCancelled());
+        job.OnProgress(L"one", L"two");
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_STATUS_LINE), L"Cancelling...");
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_DETAIL_LINE), L"");
+        EXPECT_FALSE(FakeWin::Click(dialog, IDC_PROGRESS_CANCEL)) << "once is enough";
+    };
+    EXPECT_TRUE(job.Start());
+    EXPECT_FALSE(FakeWin::EntryExists(List));
+    EXPECT_TRUE(FakeWin::ShellExecutions().empty());
+    EXPECT_TRUE(FakeWin::MessageBoxes().empty());
+}
+
+TEST_F(ListMakerWithUITest, KeepsAListThatWasCancelledWhileItWasWritten) {
+    Job job(owner);
+    job.AtTheDocument = [&] { EXPECT_TRUE(FakeWin::Click(WaitForDialog(), IDC_PROGRESS_CANCEL)); };
+    EXPECT_TRUE(job.Start());
+    EXPECT_TRUE(FakeWin::EntryExists(List));
+    EXPECT_TRUE(FakeWin::ShellExecutions().empty());
+}
+
+TEST_F(ListMakerWithUITest, ForgetsACancelThatGoesToTheBackground) {
+    std::promise<void> go;
+    Job job(owner);
+    job.AtTheBeginning = [&, start = go.get_future().share()] {
+        start.wait();
+        EXPECT_FALSE(job.IsCancelled());
+    };
+    FakeWin::OnDialogShown(IDD_PROGRESS, [](HWND dialog) {
+        EXPECT_TRUE(FakeWin::Click(dialog, IDC_PROGRESS_CANCEL));
+        EXPECT_TRUE(FakeWin::Click(dialog, IDC_PROGRESS_BACKGROUND));
+    });
+    EXPECT_FALSE(job.Start());
+    go.set_value();
+    EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP));
+    EXPECT_TRUE(FakeWin::EntryExists(List));
+    EXPECT_EQ(FakeWin::ShellExecutions().size(), 1u);
+}
+
+TEST_F(ListMakerWithUITest, PostsNothingWithoutAnOwner) {
+    Job job(nullptr, L"C:\\missing");
+    job.AtTheBeginning = [&] { EXPECT_EQ(GetWindow(WaitForDialog(), GW_OWNER), nullptr); };
+    EXPECT_TRUE(job.Start());
+    EXPECT_EQ(FakeWin::MessageBoxes().size(), 1u);
+    EXPECT_EQ(FakeWin::Uses(Call::PostMessageW), 0);
+    EXPECT_EQ(EndMessages(), 0);
+}
+
+TEST_F(ListMakerWithUITest, IsWaitedForInTheBackground) {
+    ClickWhenShown(IDC_PROGRESS_BACKGROUND);
+    {
+        ListMakerWithUI job(nullptr, JobTest::MakePreset(), JobTest::Folder);
+        job.Start();
+    }
+    EXPECT_TRUE(FakeWin::EntryExists(List));
+    EXPECT_EQ(FakeWin::ShellExecutions().size(), 1u);
+}
+
+TEST_F(ListMakerWithUITest, NeedsNoStart) {
+    { ListMakerWithUI job(owner, JobTest::MakePreset(), JobTest::Folder); }
+    EXPECT_FALSE(FakeWin::EntryExists(List));
+    EXPECT_EQ(EndMessages(), 0);
+}
+
+TEST_F(ListMakerWithUITest, ListsOnWhenTheDialogCannotBeOpened) {
+    FakeWin::FailNth(Call::DialogBoxParamW, 1, ERROR_NOT_ENOUGH_MEMORY);
+    {
+        ListMakerWithUI job(owner, JobTest::MakePreset(), JobTest::Folder);
+        try {
+            job.Start();
+            ADD_FAILURE() << "no exception";
+        } catch (const WinLib::Win32Error& error) {
+            EXPECT_EQ(error.Code, static_cast<uint32_t>(ERROR_NOT_ENOUGH_MEMORY));
+        }
+    }
+    EXPECT_TRUE(FakeWin::EntryExists(List));
+    EXPECT_EQ(EndMessages(), 1);
+}
+
+}  // namespace

@@ -1,0 +1,179 @@
+// The job with the real dialog.
+#include <gtest/gtest.h>
+
+#include <future>
+
+#include "TestJob.h"
+#include "resources/resource.h"
+#include "support/TempFolder.h"
+#include "support/ui/DismissModal.h"
+#include "winlib/WindowText.h"
+
+#include <commctrl.h>
+
+namespace {
+
+// The job whose end the owner awaits before its dialog is created, if any.
+ListMaker* awaited = nullptr;
+
+// Being disabled is the last that happens to the owner before the dialog comes into being.
+LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ENABLE && wParam == FALSE && awaited != nullptr) {
+        while (!awaited->IsFinished())
+            Sleep(1);
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+struct ListMakerWithUIWindow : testing::Test {
+    ListMakerWithUIWindow() : owner(MakeOwner()) {
+        folder.AddFile(L"Photos\\inside.txt", 1);
+        folder.AddFolder(L"Lists");
+    }
+    ~ListMakerWithUIWindow() override {
+        awaited = nullptr;
+        DestroyWindow(owner);
+    }
+
+    static HWND MakeOwner() {
+        const INITCOMMONCONTROLSEX request = {sizeof(request), ICC_PROGRESS_CLASS};
+        EXPECT_TRUE(InitCommonControlsEx(&request));
+        const HWND window = CreateWindowExW(0, L"STATIC", L"Owner", WS_POPUP | WS_VISIBLE, 0, 0, 200, 100,
+                                            nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OwnerProcedure));
+        return window;
+    }
+
+    Preset MakePreset() const { return MakeJobPreset(folder.Path(L"Lists"), OpenMethod::Nothing); }
+    bool ListExists() const { return folder.Exists(L"Lists\\List of Photos.txt"); }
+
+    // How many end messages wait in the queue of this thread.
+    int TakeEndMessages() const {
+        int count = 0;
+        MSG message;
+        while (PeekMessageW(&message, owner, WM_APP, WM_APP, PM_REMOVE)) {
+            EXPECT_EQ(message.wParam, 0u);
+            EXPECT_EQ(message.lParam, 0);
+            count++;
+        }
+        return count;
+    }
+
+    const TestSupport::TempFolder folder;
+    const HWND owner;
+};
+
+void Press(HWND dialog, int id) {
+    SendMessageW(GetDlgItem(dialog, id), BM_CLICK, 0, 0);
+}
+
+std::wstring LineOf(HWND dialog, int id) {
+    return WinLib::GetWindowText(GetDlgItem(dialog, id));
+}
+
+TEST_F(ListMakerWithUIWindow, ClosesByItselfAtTheEnd) {
+    ListMakerWithUI job(owner, MakePreset(), folder.Path(L"Photos"));
+    EXPECT_TRUE(job.Start());
+    EXPECT_TRUE(job.IsFinished());
+    EXPECT_TRUE(ListExists());
+    EXPECT_TRUE(IsWindowEnabled(owner));
+}
+
+TEST_F(ListMakerWithUIWindow, ClosesAThousandTimesIfItsJobEndsBeforeItExists) {
+    folder.AddFolder(L"Empty");
+    for (int i = 0; i < 1000 && !HasFailure(); i++) {
+        {
+            ListMakerWithUI job(owner, MakePreset(), folder.Path(L"Empty"));
+            awaited = &job;
+            EXPECT_TRUE(job.Start()) << i;
+        }
+        EXPECT_EQ(TakeEndMessages(), 1) << i;
+    }
+}
+
+TEST_F(ListMakerWithUIWindow, ShowsWhatTheWorkerDoes) {
+    std::promise<HWND> shown;
+    const Ui::DismissModal user([&](HWND dialog) { shown.set_value(dialog); });
+    TestJob job(owner, MakePreset(), folder.Path(L"Photos"));
+    job.AtTheBeginning = [&] {
+        const HWND dialog = shown.get_future().get();
+        EXPECT_EQ(WinLib::GetWindowText(dialog), L"Tamblewick");
+        EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner);
+        job.OnProgress(L"one", L"two");
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_STATUS_LINE), L"one");
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_DETAIL_LINE), L"two");
+    };
+    EXPECT_TRUE(job.Start());
+}
+
+TEST_F(ListMakerWithUIWindow, KeepsTheTextOfACancel) {
+    std::promise<HWND> shown;
+    const Ui::DismissModal user([&](HWND dialog) {
+        Press(dialog, IDC_PROGRESS_CANCEL);
+        shown.set_value(dialog);
+    });
+    TestJob job(owner, MakePreset(), folder.Path(L"Photos"));
+    job.AtTheBeginning = [&] {
+        const HWND dialog = shown.get_future().get();
+        EXPECT_TRUE(job.IsCancelled());
+        job.OnProgress(L"one", L"two");
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_STATUS_LINE), L"Cancelling...");
+        EXPECT_EQ(LineOf(dialog, IDC_PROGRESS_DETAIL_LINE), L"");
+    };
+    EXPECT_TRUE(job.Start());
+    EXPECT_FALSE(ListExists());
+}
+
+TEST_F(ListMakerWithUIWindow, GoesOnAloneInTheBackground) {
+    const Ui::DismissModal user(IDC_PROGRESS_BACKGROUND);
+    std::promise<void> go;
+    {
+        TestJob job(owner, MakePreset(), folder.Path(L"Photos"));
+        job.AtTheBeginning = [start = go.get_future().share()] { start.wait(); };
+        EXPECT_FALSE(job.Start());
+        EXPECT_FALSE(job.IsFinished());
+        EXPECT_FALSE(job.IsCancelled());
+        EXPECT_EQ(TakeEndMessages(), 0);
+        go.set_value();
+    }
+    EXPECT_EQ(TakeEndMessages(), 1);
+    EXPECT_TRUE(ListExists());
+}
+
+TEST_F(ListMakerWithUIWindow, TellsAnErrorOnTheDialog) {
+    std::promise<HWND> shown;
+    const Ui::DismissModal user([&](HWND dialog) { shown.set_value(dialog); });
+    const Ui::DismissFromAside answer(IDOK);
+    HWND dialog = nullptr;
+    TestJob job(owner, MakePreset(), folder.Path(L"missing"));
+    job.AtTheBeginning = [&] { dialog = shown.get_future().get(); };
+    EXPECT_TRUE(job.Start());
+    const std::vector<Ui::SeenDialog> seen = answer.Seen();
+    ASSERT_EQ(seen.size(), 1u);
+    EXPECT_EQ(seen[0].caption, L"Tamblewick");
+    EXPECT_EQ(seen[0].owner, dialog);
+    EXPECT_EQ(seen[0].text, L"The folder '" + folder.Path(L"missing") +
+                                L"' does not exist or cannot be accessed by the application.\n"
+                                L"The listing proccess will be cancelled.");
+}
+
+// Without this thread's service neither the box nor the job would ever come to an end.
+TEST_F(ListMakerWithUIWindow, HasItsErrorAnsweredWhileTheOwnerWaits) {
+    for (int i = 0; i < 20 && !HasFailure(); i++) {
+        const Ui::DismissModal user(IDC_PROGRESS_BACKGROUND);
+        const Ui::DismissFromAside answer(IDOK);
+        std::promise<void> go;
+        {
+            TestJob job(owner, MakePreset(), folder.Path(L"missing"));
+            job.AtTheBeginning = [start = go.get_future().share()] { start.wait(); };
+            EXPECT_FALSE(job.Start());
+            go.set_value();
+        }
+        const std::vector<Ui::SeenDialog> seen = answer.Seen();
+        ASSERT_EQ(seen.size(), 1u);
+        EXPECT_EQ(seen[0].owner, owner);
+        EXPECT_EQ(TakeEndMessages(), 2);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,43 @@
+// The product's job with its dialog, made so that a test can lead the worker.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "listmaker/ListMakerWithUI.h"
+#include "winlib/SentMessages.h"
+
+// Saves lists into the folder, over older ones.
+inline Preset MakeJobPreset(const std::wstring& listFolder, OpenMethod openMethod) {
+    Preset preset(L"test");
+    MetaTypes::Settings saving = preset.Section(Preset::Saving);
+    saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = SaveLocation::Custom;
+    saving.Get<std::wstring>(Preset::SavingRow::CustomFolderPath) = listFolder;
+    saving.Get<bool>(Preset::SavingRow::OverwriteExisting) = true;
+    preset.Section(Preset::Opening).Get<OpenMethod>(Preset::OpeningRow::OpenMethod) = openMethod;
+    return preset;
+}
+
+class TestJob : public ListMakerWithUI {
+public:
+    using ListMakerWithUI::ListMakerWithUI;
+    // As the product's, for the worker calls the operations of this class too.
+    ~TestJob() override {
+        if (worker.joinable())
+            WinLib::WaitServingSentMessages([this] { return IsFinished(); });
+        Join();
+    }
+
+    void OnProgress(const std::wstring& status, const std::wstring& detail) override {
+        ListMakerWithUI::OnProgress(status, detail);
+        if (status == L"Creating document...")
+            AtTheDocument();
+    }
+
+    // Both run on the worker.
+    std::function<void()> AtTheBeginning = [] {};
+    std::function<void()> AtTheDocument = [] {};
+
+protected:
+    void Prepare() override { AtTheBeginning(); }
+};
