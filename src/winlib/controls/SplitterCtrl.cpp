@@ -2,27 +2,14 @@
 
 #include <algorithm>
 
+#include "winlib/ParentCoordinates.h"
+
 namespace WinLib {
 namespace {
 
-HWND ParentOf(HWND window) {
-    const bool isChild = (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0;
-    return isChild ? GetParent(window) : GetDesktopWindow();
-}
-
 POINT ToParent(HWND window, POINT point) {
     ClientToScreen(window, &point);
-    ScreenToClient(ParentOf(window), &point);
-    return point;
-}
-
-RECT RectInParent(HWND window) {
-    RECT rect = {};
-    GetWindowRect(window, &rect);
-    POINT corners[2] = {{rect.left, rect.top}, {rect.right, rect.bottom}};
-    for (POINT& corner : corners)
-        ScreenToClient(ParentOf(window), &corner);
-    return {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
+    return ScreenToParent(window, point);
 }
 
 LONG Width(const RECT& rect) {

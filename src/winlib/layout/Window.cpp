@@ -1,21 +1,10 @@
 #include "winlib/layout/Window.h"
 
+#include "winlib/ParentCoordinates.h"
+
 namespace WinLib::Layout {
 
 namespace {
-
-// Where the window lies in its parent; empty when the window is gone.
-RECT RectInParent(HWND window) {
-    RECT rect = {};
-    GetWindowRect(window, &rect);
-    const bool isChild = (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0;
-    const HWND parent = isChild ? GetParent(window) : GetDesktopWindow();
-    POINT topLeft = {rect.left, rect.top};
-    POINT bottomRight = {rect.right, rect.bottom};
-    ScreenToClient(parent, &topLeft);
-    ScreenToClient(parent, &bottomRight);
-    return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
-}
 
 // One direction of a rectangle.
 struct Span {

@@ -1,0 +1,15 @@
+// Places in the client coordinates of a window's parent, which is what layouts reckon in. For a window that is
+// no child the desktop stands for the parent.
+#pragma once
+
+#include "winlib/Windows.h"
+
+namespace WinLib {
+
+// A point of the screen.
+POINT ScreenToParent(HWND window, POINT point);
+
+// Where the window lies; empty if it has been destroyed.
+RECT RectInParent(HWND window);
+
+}  // namespace WinLib
