@@ -38,6 +38,10 @@ std::mutex mutex;
 std::array<CallFaults, CallCount> faults;
 std::vector<LoggedCall> entries;
 std::vector<FindCall> findCalls;
+size_t loggedUnits = 0;
+
+// What the log takes at most, in characters: a deep tree has a path of thousands for each folder.
+constexpr size_t LogLimit = 8'000'000;
 
 CallFaults& FaultsOf(Call call) {
     return faults[static_cast<size_t>(call)];
@@ -68,6 +72,11 @@ bool Count(Call call) {
         return false;
     uses[static_cast<size_t>(call)].fetch_add(1, std::memory_order_relaxed);
     return anyFault.load(std::memory_order_acquire);
+}
+
+bool HasRoom(const std::wstring& text) {
+    loggedUnits += text.size();
+    return loggedUnits <= LogLimit;
 }
 
 DWORD TakeFault(Call call, const std::wstring* subject) {
@@ -126,6 +135,7 @@ void ClearLog() {
     const std::lock_guard lock(mutex);
     entries.clear();
     findCalls.clear();
+    loggedUnits = 0;
 }
 
 std::vector<FindCall> FindCalls() {
@@ -151,14 +161,16 @@ void Note(Call call, const std::wstring& subject, DWORD detail, DWORD error) {
     if (unwatched > 0 || !logging)
         return;
     const std::lock_guard lock(mutex);
-    entries.push_back({call, subject, detail, error});
+    if (HasRoom(subject))
+        entries.push_back({call, subject, detail, error});
 }
 
 void NoteFind(const FindCall& call) {
     if (unwatched > 0 || !logging)
         return;
     const std::lock_guard lock(mutex);
-    findCalls.push_back(call);
+    if (HasRoom(call.query))
+        findCalls.push_back(call);
 }
 
 void ResetCalls() {
@@ -168,6 +180,7 @@ void ResetCalls() {
     faults = {};
     entries.clear();
     findCalls.clear();
+    loggedUnits = 0;
     anyFault = false;
     logging = true;
 }

@@ -119,7 +119,7 @@ void FailFindNext(const std::wstring& folder, int count, DWORD error);
 void SetTempPathResult(DWORD result);
 
 // One use of a call that has a subject, or of ShellExecuteExW and the like; the calls without a subject and
-// FindNextFileW, which come in great numbers, are not logged.
+// FindNextFileW, which come in great numbers, are not logged. The log ends after eight million characters.
 struct LoggedCall {
     Call call;
     std::wstring subject;

@@ -30,29 +30,7 @@ FilesState& Files() {
     return state;
 }
 
-std::wstring PathSubject(const PathParts& path) {
-    std::wstring subject = path.root;
-    for (const std::wstring& part : path.parts)
-        subject += L"\\" + part;
-    if (path.parts.empty())
-        subject += L"\\";
-    return subject;
-}
-
-std::wstring PathSubject(const wchar_t* path) {
-    const PathParts parts = ParsePath(path, true);
-    return parts.error == 0 ? PathSubject(parts) : path;
-}
-
-std::wstring FolderSubject(const wchar_t* query) {
-    PathParts parts = ParsePath(query, true);
-    if (parts.error != 0 || parts.parts.empty())
-        return query;
-    parts.parts.pop_back();
-    return PathSubject(parts);
-}
-
-PathParts TestPath(const std::wstring& path) {
+ParsedPath TestPath(const std::wstring& path) {
     const bool share = path.starts_with(LR"(\\)");
     return ParsePath(share ? LR"(\\?\UNC)" + path.substr(1) : LR"(\\?\)" + path, false);
 }
@@ -89,7 +67,7 @@ std::shared_ptr<Entry> Existing(const std::wstring& path) {
 }
 
 std::wstring Key(const std::wstring& path) {
-    return Fold(PathSubject(TestPath(path)));
+    return Fold(TestPath(path).Subject());
 }
 
 }  // namespace

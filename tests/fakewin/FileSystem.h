@@ -44,18 +44,26 @@ struct Entry : std::enable_shared_from_this<Entry> {
     std::unique_ptr<FolderPart> folder;     // null for a file
 };
 
-// A path taken apart. root is "C:" or "\\server\share"; parts are the names below it. An error means that the
-// system refuses the path by its form alone.
-struct PathParts {
+// A path in its one form: "C:" or "\\server\share", and below it the names, each behind a backslash. An error
+// means that the system refuses the path by its form alone.
+struct ParsedPath {
     DWORD error = 0;
-    std::wstring root;
-    std::vector<std::wstring> parts;
-    bool verbatim = false;  // had the \\?\ prefix
+    std::wstring text;
+    size_t rootLength = 0;
     bool atVolume = false;  // \\?\C: without a backslash, which names the volume and not its root folder
+
+    bool IsRoot() const { return text.size() == rootLength; }
+
+    // The last name, and the path without it. Not of a root.
+    std::wstring_view Name() const { return std::wstring_view(text).substr(text.rfind(L'\\') + 1); }
+    ParsedPath Folder() const;
+
+    // How reports and faults name it: the root of a drive has a backslash.
+    std::wstring Subject() const { return error == 0 && IsRoot() ? text + L"\\" : text; }
 };
 
-// With allowWildcards the last part may hold * and ?.
-PathParts ParsePath(std::wstring_view path, bool allowWildcards);
+// With allowWildcards the last name may hold * and ?. A path that is refused keeps its text as given.
+ParsedPath ParsePath(std::wstring_view path, bool allowWildcards);
 
 // Whether a name meets a mask with * and ?, without regard to case.
 bool MatchesMask(std::wstring_view name, std::wstring_view mask);
@@ -69,16 +77,20 @@ public:
 
     // Null if there is none; error then tells whether the name (2) or the way to it (3) is missing, or why
     // the path is refused.
-    std::shared_ptr<Entry> Find(const PathParts& path, DWORD& error) const;
+    std::shared_ptr<Entry> Find(const ParsedPath& path, DWORD& error) const;
 
     // Finds or makes the entry, and the folders above it. Throws std::invalid_argument where a test asks for
     // what cannot be.
-    Entry& Make(const PathParts& path, bool folder);
+    Entry& Make(const ParsedPath& path, bool folder);
 
-    bool Remove(const PathParts& path);
+    bool Remove(const ParsedPath& path);
 
 private:
     std::shared_ptr<Entry> root_;  // its children are the drives and shares
+
+    // The folder that was looked up last: most paths lie in it, and a path may have thousands of names.
+    mutable std::wstring lastPath_;
+    mutable std::shared_ptr<Entry> last_;
 };
 
 }  // namespace FakeWin::Internal

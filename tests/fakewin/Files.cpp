@@ -69,21 +69,19 @@ DWORD Step(Find& find, WIN32_FIND_DATAW& data) {
 }
 
 // Opens the enumeration of a query and takes its first entry.
-DWORD Begin(const std::wstring& query, WIN32_FIND_DATAW& data, HANDLE& handle) {
-    PathParts path = ParsePath(query, true);
+DWORD Begin(const ParsedPath& path, const ParsedPath& folder, WIN32_FIND_DATAW& data, HANDLE& handle) {
     if (path.error != 0)
         return path.error;
-    if (path.parts.empty())
+    if (path.IsRoot())
         return ERROR_FILE_NOT_FOUND;
     auto find = std::make_unique<Find>();
-    find->mask = path.parts.back();
-    path.parts.pop_back();
-    find->dots = !path.parts.empty();
-    find->subject = PathSubject(path);
+    find->mask = path.Name();
+    find->dots = !folder.IsRoot();
+    find->subject = folder.Subject();
 
     const std::lock_guard lock(FilesMutex());
     DWORD error;
-    find->folder = Files().tree->Find(path, error);
+    find->folder = Files().tree->Find(folder, error);
     if (!find->folder)
         return error == ERROR_FILE_NOT_FOUND ? ERROR_PATH_NOT_FOUND : error;
     if (!find->folder->folder)
@@ -101,18 +99,20 @@ DWORD Begin(const std::wstring& query, WIN32_FIND_DATAW& data, HANDLE& handle) {
     return 0;
 }
 
-// The entry of a path that one of the attribute calls asks for.
+// Runs use on the entry of a path that one of the attribute calls asks for.
 template <typename Use>
-DWORD WithEntry(LPCWSTR path, Use use) {
-    const PathParts parts = ParsePath(path, false);
-    if (parts.error == 0 && parts.atVolume)
-        return ERROR_INVALID_PARAMETER;
-    const std::lock_guard lock(FilesMutex());
-    DWORD error;
-    const std::shared_ptr<Entry> entry = Files().tree->Find(parts, error);
-    if (entry)
-        use(*entry);
-    return error;
+DWORD WithEntry(Call call, LPCWSTR given, Use use) {
+    const ParsedPath path = ParsePath(given, false);
+    return Watched(call, path.Subject(), 0, [&]() -> DWORD {
+        if (path.error == 0 && path.atVolume)
+            return ERROR_INVALID_PARAMETER;
+        const std::lock_guard lock(FilesMutex());
+        DWORD error;
+        const std::shared_ptr<Entry> entry = Files().tree->Find(path, error);
+        if (entry)
+            use(*entry);
+        return error;
+    });
 }
 
 }  // namespace
@@ -138,34 +138,32 @@ using namespace FakeWin::Internal;
 
 DWORD GetFileAttributesW(LPCWSTR path) {
     DWORD attributes = INVALID_FILE_ATTRIBUTES;
-    Succeeded(Watched(Call::GetFileAttributesW, PathSubject(path), 0, [&] {
-        return WithEntry(path, [&](const Entry& entry) { attributes = entry.attributes; });
-    }));
+    Succeeded(WithEntry(Call::GetFileAttributesW, path,
+                        [&](const Entry& entry) { attributes = entry.attributes; }));
     return attributes;
 }
 
-BOOL GetFileAttributesExW(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data) {
-    return Succeeded(Watched(Call::GetFileAttributesExW, PathSubject(path), 0, [&]() -> DWORD {
-        if (level != GetFileExInfoStandard)
-            return ERROR_INVALID_PARAMETER;
-        return WithEntry(path, [&](const Entry& entry) {
-            WIN32_FIND_DATAW found;
-            Describe(entry, L"", 0, found);
-            *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data) = {found.dwFileAttributes, found.ftCreationTime,
-                                                              found.ftLastAccessTime, found.ftLastWriteTime,
-                                                              found.nFileSizeHigh,    found.nFileSizeLow};
-        });
+BOOL GetFileAttributesExW(LPCWSTR path, GET_FILEEX_INFO_LEVELS, LPVOID data) {
+    return Succeeded(WithEntry(Call::GetFileAttributesExW, path, [&](const Entry& entry) {
+        *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data) = {entry.attributes,
+                                                          entry.created,
+                                                          entry.accessed,
+                                                          entry.written,
+                                                          static_cast<DWORD>(entry.size >> 32),
+                                                          static_cast<DWORD>(entry.size)};
     }));
 }
 
 HANDLE FindFirstFileExW(LPCWSTR query, FINDEX_INFO_LEVELS level, LPVOID data, FINDEX_SEARCH_OPS operation,
                         LPVOID filter, DWORD flags) {
+    const ParsedPath path = ParsePath(query, true);
+    const ParsedPath folder = path.error == 0 && !path.IsRoot() ? path.Folder() : path;
     HANDLE handle = INVALID_HANDLE_VALUE;
     NoteFind({query, level, flags});
-    Succeeded(Watched(Call::FindFirstFileExW, FolderSubject(query), flags, [&]() -> DWORD {
+    Succeeded(Watched(Call::FindFirstFileExW, folder.Subject(), flags, [&]() -> DWORD {
         if (level >= FindExInfoMaxInfoLevel || operation != FindExSearchNameMatch || filter != nullptr)
             return ERROR_INVALID_PARAMETER;
-        return Begin(query, *static_cast<WIN32_FIND_DATAW*>(data), handle);
+        return Begin(path, folder, *static_cast<WIN32_FIND_DATAW*>(data), handle);
     }));
     return handle;
 }

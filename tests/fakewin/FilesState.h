@@ -39,12 +39,7 @@ FilesState& Files();
 void ForgetFinds();
 std::vector<std::wstring> OpenFindSubjects();
 
-// How reports and faults name a path, and the folder that a query searches.
-std::wstring PathSubject(const PathParts& path);
-std::wstring PathSubject(const wchar_t* path);
-std::wstring FolderSubject(const wchar_t* query);
-
 // A path as a test gives it, however long: \\?\ is put in front.
-PathParts TestPath(const std::wstring& path);
+ParsedPath TestPath(const std::wstring& path);
 
 }  // namespace FakeWin::Internal

@@ -80,14 +80,13 @@ int Close(void* cookie) {
 
 // As CREATE_ALWAYS does it: an existing file must be neither read-only nor, with plain attributes asked for,
 // hidden or of the system.
-DWORD Truncate(const wchar_t* path, OpenFile& file) {
+DWORD Truncate(const ParsedPath& path, OpenFile& file) {
     constexpr DWORD Protected = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
-    const PathParts parts = ParsePath(path, false);
     const std::lock_guard lock(FilesMutex());
     DWORD error;
-    file.entry = Files().tree->Find(parts, error);
+    file.entry = Files().tree->Find(path, error);
     if (error == ERROR_FILE_NOT_FOUND)
-        file.entry = Files().tree->Make(parts, false).shared_from_this();
+        file.entry = Files().tree->Make(path, false).shared_from_this();
     else if (error != 0)
         return error;
     if (file.entry->folder || (file.entry->attributes & Protected) != 0)
@@ -112,10 +111,11 @@ FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share) {
         return nullptr;
     }
     auto file = std::make_unique<OpenFile>();
-    file->subject = PathSubject(path);
+    const ParsedPath parsed = ParsePath(path, false);
+    file->subject = parsed.Subject();
     file->text = asked != L"wb";
     const DWORD error = Watched(Call::OpenFile, file->subject, static_cast<DWORD>(share),
-                                [&] { return Truncate(path, *file); });
+                                [&] { return Truncate(parsed, *file); });
     if (error != 0) {
         errno = ErrnoOf(error);
         return nullptr;
