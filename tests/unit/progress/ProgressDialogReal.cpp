@@ -1,0 +1,5 @@
+#include "ProgressDialog.h"
+
+void DefineProgressDialog() {}
+
+const int ManyDialogs = 200;

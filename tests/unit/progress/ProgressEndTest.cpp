@@ -1,0 +1,56 @@
+// The job may end before its dialog exists, while it is being made, or later: it always closes.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+#include "DrivenProgress.h"
+#include "ProgressDialog.h"
+
+namespace {
+
+constexpr INT_PTR Finished = 1;
+
+TEST(ProgressEnd, BeforeTheDialogExistsClosesItAtOnce) {
+    DrivenProgress dialog(L"Tamblewick");
+    dialog.End();
+    EXPECT_EQ(dialog.Run(), Finished);
+    EXPECT_FALSE(IsWindow(dialog.Handle));
+}
+
+TEST(ProgressEnd, WithinInitDialogIsFoundAtItsEnd) {
+    class EndsInInit : public DrivenProgress {
+    public:
+        using DrivenProgress::DrivenProgress;
+        bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
+            if (message == WM_INITDIALOG)
+                End();
+            return DrivenProgress::OnMessage(message, wParam, lParam, result);
+        }
+    } dialog(L"Tamblewick");
+    EXPECT_EQ(dialog.Run(), Finished);
+}
+
+// The moments are spread over the time that a dialog takes to be made and ended.
+TEST(ProgressEnd, OfAWorkerAtAnyMomentCloses) {
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point begin = Clock::now();
+    DrivenProgress first(L"Tamblewick");
+    first.End();
+    first.Run();
+    const Clock::duration whole = Clock::now() - begin;
+
+    for (int i = 0; i < ManyDialogs; ++i) {
+        DrivenProgress dialog(L"Tamblewick");
+        std::thread worker([&, end = Clock::now() + i * whole / ManyDialogs] {
+            while (Clock::now() < end)
+                std::this_thread::yield();
+            dialog.Report(L"Scanning folders...", L"C:\\Data");
+            dialog.End();
+        });
+        EXPECT_EQ(dialog.Run(), Finished) << "job " << i;
+        worker.join();
+    }
+}
+
+}  // namespace
