@@ -25,7 +25,8 @@ inline Preset MakePreset() {
 
 class Job : public TestJob {
 public:
-    explicit Job(HWND owner, const std::wstring& path = Folder) : TestJob(owner, MakePreset(), path) {}
+    explicit Job(HWND ownerWindow, const std::wstring& listedPath = Folder)
+        : TestJob(ownerWindow, MakePreset(), listedPath) {}
 };
 
 struct Fixture : testing::Test {
@@ -46,7 +47,7 @@ struct Fixture : testing::Test {
                                 {IDC_PROGRESS_ICON, L"STATIC", L"", {350, 10, 382, 42}}}});
     }
     ~Fixture() override {
-        EXPECT_EQ(FakeWin::LeftOpen(), L"");
+        EXPECT_EQ(FakeWin::LeftOpen(), "");
         EXPECT_EQ(FakeWin::OpenWindows(), 1) << "the owner alone";
     }
 

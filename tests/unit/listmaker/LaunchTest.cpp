@@ -4,6 +4,9 @@
 
 #include "FakeWin.h"
 #include "settings/Preset.h"
+#include "winlib/Windows.h"
+
+#include <shellapi.h>
 
 using FakeWin::ShellExecution;
 

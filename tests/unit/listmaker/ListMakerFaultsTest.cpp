@@ -20,7 +20,7 @@ Preset MakePreset() {
 
 class Job : public ListMaker {
 public:
-    explicit Job(const Preset& preset = MakePreset()) : ListMaker(preset, L"C:\\Photos") {}
+    explicit Job(const Preset& source = MakePreset()) : ListMaker(source, L"C:\\Photos") {}
     ~Job() override { Join(); }
 
     void Run() {
@@ -70,7 +70,7 @@ TEST_F(ListMakerFaults, ListIsOpened) {
     ASSERT_EQ(FakeWin::ShellExecutions().size(), 1u);
     EXPECT_EQ(FakeWin::ShellExecutions()[0].file, L"\"C:\\Lists\\List of Photos.txt\"");
     EXPECT_TRUE(FakeWin::EntryExists(List));
-    EXPECT_EQ(FakeWin::LeftOpen(), L"");
+    EXPECT_EQ(FakeWin::LeftOpen(), "");
 }
 
 TEST_F(ListMakerFaults, EarlyCancelLeavesNoListAndNoMessage) {

@@ -126,7 +126,7 @@ TEST_F(ListMakerWithUITest, ForgetsACancelThatGoesToTheBackground) {
 
 TEST_F(ListMakerWithUITest, PostsNothingWithoutAnOwner) {
     Job job(nullptr, L"C:\\missing");
-    job.AtTheBeginning = [&] { EXPECT_EQ(GetWindow(WaitForDialog(), GW_OWNER), nullptr); };
+    job.AtTheBeginning = [&] { EXPECT_EQ(GetWindowLongPtrW(WaitForDialog(), GWLP_HWNDPARENT), 0); };
     EXPECT_TRUE(job.Start());
     EXPECT_EQ(FakeWin::MessageBoxes().size(), 1u);
     EXPECT_EQ(FakeWin::Uses(Call::PostMessageW), 0);
