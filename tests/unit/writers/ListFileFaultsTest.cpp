@@ -61,6 +61,14 @@ TEST(ListFileFaults, LineFeedsWithinTheLiteralsOfAPageTakeNoWrite) {
     EXPECT_EQ(FakeWin::WritesTo(Path), 32);
 }
 
+TEST(ListFileFaults, TheFileIsSharedWithAll) {
+    FakeWin::Reset();
+    WriteList(Names(), OneFile().root, Path);
+    ASSERT_EQ(FakeWin::Log().front().call, FakeWin::Call::OpenFile);
+    EXPECT_EQ(FakeWin::Log().front().subject, Path);
+    EXPECT_EQ(FakeWin::Log().front().detail, 0x40u);
+}
+
 TEST(ListFileFaults, TheFileIsClosedAtTheEnd) {
     FakeWin::Reset();
     WriteList(Names(), OneFile().root, Path);
@@ -108,7 +116,7 @@ TEST(ListFileFaults, FullDiskCutsTheListOffAtItsByte) {
 TEST(ListFileFaults, NothingFollowsAWriteThatFailed) {
     const std::string whole = WholeList(ListStyle::Text);
     FakeWin::Reset();
-    FakeWin::FailNth(FakeWin::Call::WriteFile, 3, ERROR_WRITE_FAULT);
+    FakeWin::FailNth(FakeWin::Call::WriteFile, 3, ERROR_DISK_FULL);
     EXPECT_NO_THROW(WriteList(Names(), OneFile().root, Path));
     EXPECT_EQ(FakeWin::Contents(Path), Lines({"Tamblewick 4.0.1", ""}));
 }
