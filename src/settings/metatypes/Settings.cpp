@@ -3,6 +3,15 @@
 #include "settings/metatypes/Serializer.h"
 
 namespace MetaTypes {
+namespace {
+
+// The user may come to read this text, and the standard library's own differs from compiler to compiler.
+class BadCast : public std::bad_cast {
+public:
+    const char* what() const noexcept override { return "bad cast"; }
+};
+
+}  // namespace
 
 Settings Settings::Section(uint32_t row) {
     return Settings(static_cast<const FieldRow*>(table_[row].subTable), Single(row, TypeCode::Section));
@@ -23,7 +32,7 @@ bool Settings::Deserialize(IDeserializer& deserializer) {
 void* Settings::Single(uint32_t row, TypeCode type) const {
     const FieldRow& field = table_[row];
     if (field.type != type || field.count != 1) {
-        throw std::bad_cast();
+        throw BadCast();
     }
     return record_ + field.offset;
 }
@@ -31,7 +40,7 @@ void* Settings::Single(uint32_t row, TypeCode type) const {
 void* Settings::Element(uint32_t row, TypeCode type, size_t index) const {
     const FieldRow& field = table_[row];
     if (field.type != type || field.count < 2 || index >= field.count) {
-        throw std::bad_cast();
+        throw BadCast();
     }
     return record_ + field.offset + index * field.size;
 }
