@@ -1,0 +1,25 @@
+// The far end of a list file, by which a test decides when a list is finished: a pipe in the place of the
+// file takes what the worker writes only when the test reads it.
+#pragma once
+
+#include <string>
+
+#include "winlib/Windows.h"
+
+class HeldList {
+public:
+    // fileName is that of the list, without a folder.
+    explicit HeldList(const std::wstring& fileName);
+    HeldList(const HeldList&) = delete;
+    HeldList& operator=(const HeldList&) = delete;
+    ~HeldList();
+
+    // The folder for the preset to save in.
+    static std::wstring Folder();
+
+    // Reads to the end of the list, which lets the worker go on; from any thread.
+    std::string Read();
+
+private:
+    HANDLE pipe_;
+};

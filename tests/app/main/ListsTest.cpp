@@ -1,0 +1,282 @@
+// The one running list: in front, in the background, with errors, and while the window closes.
+
+#include <atomic>
+#include <thread>
+
+#include "HeldList.h"
+#include "MainWindowTest.h"
+#include "app/MessageLoop.h"
+#include "support/TempFolder.h"
+#include "support/ui/DismissModal.h"
+
+namespace {
+
+class ListsTest : public MainWindowTest {
+protected:
+    ListsTest() { folder.AddFile(L"Listed\\a file.txt"); }
+
+    // One preset that saves its lists in saveFolder and opens nothing.
+    void OpenSavingIn(const std::wstring& saveFolder) {
+        Store({L"Preset"});
+        registry.SetString(KeyOf(0) + L"\\Saving", L"SaveLocation", L"Custom");
+        registry.SetString(KeyOf(0) + L"\\Saving", L"CustomFolderPath", saveFolder);
+        registry.SetString(KeyOf(0) + L"\\Opening", L"OpenMethod", L"Nothing");
+        Open();
+    }
+
+    uint32_t IdOf(HTREEITEM item) const { return static_cast<uint32_t>(tree.Parameter(item)); }
+    uint32_t PresetId() const { return IdOf(tree.Item(L"Preset")); }
+    std::wstring Listed() const { return folder.Path(L"Listed"); }
+
+    // Starts the list and sends it to the background.
+    void StartInBackground() {
+        const Ui::DismissModal background(IDC_PROGRESS_BACKGROUND);
+        controller->StartList(PresetId(), Listed());
+        EXPECT_EQ(background.Seen().size(), 1u);
+    }
+
+    // Everything is as before the list.
+    void ExpectCollected() const {
+        EXPECT_TRUE(CanCreateList());
+        EXPECT_FALSE(IsBusy());
+        EXPECT_TRUE(IsWindowEnabled(window));
+    }
+
+    TestSupport::TempFolder folder;
+};
+
+TEST_F(ListsTest, WritesTheListAndIsReadyForTheNext) {
+    OpenSavingIn(folder.Path());
+    controller->StartList(PresetId(), Listed());
+    EXPECT_TRUE(folder.Exists(L"List of Listed.txt"));
+    RunLoopUntil([this] { return CanCreateList(); }, "the end message");
+    ExpectCollected();
+    controller->StartList(PresetId(), Listed());
+    EXPECT_TRUE(folder.Exists(L"List of Listed (2).txt"));
+    RunLoop();
+    ExpectCollected();
+}
+
+TEST_F(ListsTest, AnyItemOfAPresetStandsForIt) {
+    OpenSavingIn(folder.Path());
+    controller->StartList(IdOf(tree.Child(tree.Item(L"Preset"), L"Sorting")), Listed());
+    EXPECT_TRUE(folder.Exists(L"List of Listed.txt"));
+}
+
+TEST_F(ListsTest, ManyListsInARow) {
+    registry.SetDword(KeyOf(0) + L"\\Saving", L"OverwriteExisting", 1);
+    OpenSavingIn(folder.Path());
+    for (int i = 0; i < 20; i++) {
+        controller->StartList(PresetId(), Listed());
+        RunLoop();
+        ExpectCollected();
+    }
+}
+
+TEST_F(ListsTest, TheDialogStandsInFrontOfTheDisabledWindow) {
+    OpenSavingIn(HeldList::Folder());
+    HeldList list(L"List of Listed.txt");
+    std::thread reader;
+    const Ui::DismissModal look([&](HWND dialog) {
+        EXPECT_EQ(GetWindow(dialog, GW_OWNER), window);
+        EXPECT_FALSE(IsWindowEnabled(window));
+        EXPECT_FALSE(IsWindowEnabled(Control(IDC_MAIN_CREATE_LIST)));
+        EXPECT_FALSE(IsBusy());
+        reader = std::thread([&] { list.Read(); });
+    });
+    controller->StartList(PresetId(), Listed());
+    reader.join();
+    RunLoop();
+    ExpectCollected();
+}
+
+TEST_F(ListsTest, TheEndMessageInsideStartLeavesTheJobAlive) {
+    OpenSavingIn(HeldList::Folder());
+    HeldList list(L"List of Listed.txt");
+    std::string text;
+    std::thread reader;
+    const Ui::DismissModal interfere([&](HWND) {
+        SendMessageW(window, WM_APP, 0, 0);
+        EXPECT_FALSE(CanCreateList());
+        reader = std::thread([&] { text = list.Read(); });
+    });
+    controller->StartList(PresetId(), Listed());
+    reader.join();
+    EXPECT_NE(text.find("a file.txt"), std::string::npos) << text;
+    RunLoop();
+    ExpectCollected();
+}
+
+TEST_F(ListsTest, AnErrorIsShownAndTheJobCollected) {
+    OpenSavingIn(folder.Path());
+    const std::wstring missing = folder.Path(L"missing");
+    for (int i = 0; i < 5; i++) {
+        const Ui::DismissFromAside answer(IDOK);
+        controller->StartList(PresetId(), missing);
+        RunLoop();
+        ExpectCollected();
+        ASSERT_EQ(answer.Seen().size(), 1u);
+        EXPECT_EQ(answer.Seen()[0].caption, L"Tamblewick");
+        EXPECT_EQ(answer.Seen()[0].text, L"The folder '" + missing +
+                                             L"' does not exist or cannot be accessed by the application.\n"
+                                             L"The listing proccess will be cancelled.");
+    }
+    EXPECT_FALSE(folder.Exists(L"List of missing.txt"));
+}
+
+TEST_F(ListsTest, InTheBackgroundTheBarShowsAndTheWindowIsFree) {
+    OpenSavingIn(HeldList::Folder());
+    HeldList list(L"List of Listed.txt");
+    StartInBackground();
+    EXPECT_TRUE(IsBusy());
+    EXPECT_FALSE(CanCreateList());
+    EXPECT_TRUE(IsWindowEnabled(window));
+
+    // Nothing that is done now starts a second list or gives the button back.
+    controller->NewFromTemplate(0);
+    tree.Select(tree.Item(L"All files (Simple, Text)"));
+    EXPECT_FALSE(CanCreateList());
+    RunLoop();
+    EXPECT_TRUE(IsBusy());
+
+    // Not even the preset is needed any more.
+    controller->RemovePreset(tree.Item(L"Preset"));
+    EXPECT_NE(list.Read().find("a file.txt"), std::string::npos);
+    RunLoopUntil([this] { return !IsBusy(); }, "the end message");
+    ExpectCollected();
+}
+
+TEST_F(ListsTest, ClosingHidesTheWindowAndWaitsForTheList) {
+    OpenSavingIn(HeldList::Folder());
+    HeldList list(L"List of Listed.txt");
+    StartInBackground();
+    std::string text;
+    bool existed = false;
+    std::thread reader([&] {
+        while (IsWindowVisible(window))
+            Sleep(1);
+        existed = IsWindow(window) != FALSE;
+        text = list.Read();
+    });
+    SendMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindow(window));
+    reader.join();
+    EXPECT_TRUE(existed);
+    EXPECT_NE(text.find("a file.txt"), std::string::npos) << "the list was not cancelled";
+    EXPECT_TRUE(registry.Get(MainSettings::RootKey, L"WindowWidth").has_value());
+}
+
+TEST_F(ListsTest, ClosingBehindTheDialogWaitsForStart) {
+    OpenSavingIn(HeldList::Folder());
+    HeldList list(L"List of Listed.txt");
+    std::string text;
+    std::thread reader;
+    const Ui::DismissModal interfere([&](HWND) {
+        SendMessageW(window, WM_CLOSE, 0, 0);
+        EXPECT_TRUE(IsWindow(window));
+        EXPECT_FALSE(IsWindowVisible(window));
+        reader = std::thread([&] { text = list.Read(); });
+    });
+    controller->StartList(PresetId(), Listed());
+    reader.join();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_NE(text.find("a file.txt"), std::string::npos) << text;
+    EXPECT_EQ(RunMessageLoop(Process()), 0);
+}
+
+// Answers the worker's message boxes from a thread of its own: one on the dialog at once, one on the main
+// window only when that has been hidden.
+class BoxWatcher {
+public:
+    explicit BoxWatcher(HWND window)
+        : window_(window), spared_(GetCurrentThreadId()), watcher_([this] { Watch(); }) {}
+    BoxWatcher(const BoxWatcher&) = delete;
+    BoxWatcher& operator=(const BoxWatcher&) = delete;
+    ~BoxWatcher() {
+        stopped_ = true;
+        watcher_.join();
+    }
+
+    bool SeenOnWindow() const { return seenOnWindow_; }
+
+private:
+    void Watch() {
+        while (!stopped_) {
+            for (HWND box = nullptr; (box = FindWindowExW(nullptr, box, L"#32770", nullptr)) != nullptr;)
+                Consider(box);
+            Sleep(5);  // windows of other threads cannot be waited for
+        }
+    }
+
+    void Consider(HWND box) {
+        DWORD process = 0;
+        const DWORD thread = GetWindowThreadProcessId(box, &process);
+        if (process != GetCurrentProcessId() || thread == spared_ || !IsWindowVisible(box))
+            return;
+        const bool onWindow = GetWindow(box, GW_OWNER) == window_;
+        if (onWindow)
+            seenOnWindow_ = true;
+        if (!onWindow || !IsWindowVisible(window_))
+            PostMessageW(box, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(GetDlgItem(box, IDOK)));
+    }
+
+    const HWND window_;
+    const DWORD spared_;
+    std::atomic<bool> seenOnWindow_ = false;
+    std::atomic<bool> stopped_ = false;
+    std::thread watcher_;
+};
+
+// Sends the progress dialog to the background before it is even shown.
+LRESULT CALLBACK EndAtOnce(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& call = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
+    if (code == HC_ACTION && call.message == WM_INITDIALOG && GetDlgItem(call.hwnd, IDC_PROGRESS_STATUS_LINE))
+        EndDialog(call.hwnd, 0);
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+TEST_F(ListsTest, AnErrorInTheBackgroundCanBeAnsweredWhileTheWindowCloses) {
+    OpenSavingIn(folder.Path());
+    const BoxWatcher watcher(window);
+    const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROCRET, EndAtOnce, nullptr, GetCurrentThreadId());
+    // The dialog must be gone before the worker's first step. Where it was too slow, the error stood on the
+    // dialog, and the next attempt follows.
+    for (int attempt = 0; attempt < 100 && !IsBusy(); attempt++) {
+        controller->StartList(PresetId(), folder.Path(L"missing"));
+        if (IsBusy())
+            RunLoopUntil([&] { return watcher.SeenOnWindow() || !IsBusy(); }, "the box");
+    }
+    UnhookWindowsHookEx(hook);
+    ASSERT_TRUE(watcher.SeenOnWindow());
+    SendMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindow(window));
+}
+
+// The real folder dialog.
+
+TEST_F(ListsTest, CancellingTheFolderDialogChangesNothing) {
+    OpenSavingIn(folder.Path());
+    const Ui::DismissModal cancel(IDCANCEL);
+    SendMessageW(Control(IDC_MAIN_CREATE_LIST), BM_CLICK, 0, 0);
+    ASSERT_EQ(cancel.Seen().size(), 1u);
+    EXPECT_EQ(cancel.Seen()[0].owner, window);
+    ExpectCollected();
+}
+
+TEST_F(ListsTest, TheLastFolderIsOfferedAgainAlsoForAnotherPreset) {
+    OpenSavingIn(folder.Path());
+    controller->StartList(PresetId(), Listed());
+    RunLoop();
+    controller->DuplicatePreset(tree.Item(L"Preset"));
+    tree.Select(tree.Child(tree.Item(L"Copy of Preset"), L"Filter"));
+    const Ui::DismissModal accept([](HWND dialog) {
+        if (GetDlgItem(dialog, IDC_PROGRESS_STATUS_LINE) == nullptr)
+            PostMessageW(dialog, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDOK)));
+    });
+    SendMessageW(Control(IDC_MAIN_CREATE_LIST), BM_CLICK, 0, 0);
+    EXPECT_TRUE(folder.Exists(L"List of Listed (2).txt"));
+    RunLoop();
+    ExpectCollected();
+}
+
+}  // namespace
