@@ -1,0 +1,45 @@
+#include "unit/scanner/ScarceMemory.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+thread_local std::size_t smallestToFail = SIZE_MAX;
+thread_local int sparedAllocations = 0;
+thread_local bool hasStruck = false;
+
+}  // namespace
+
+ScarceMemory::ScarceMemory(std::size_t bytes, int spared) {
+    smallestToFail = bytes;
+    sparedAllocations = spared;
+    hasStruck = false;
+}
+
+ScarceMemory::~ScarceMemory() {
+    smallestToFail = SIZE_MAX;
+}
+
+bool ScarceMemory::HasStruck() {
+    return hasStruck;
+}
+
+void* operator new(std::size_t size) {
+    if (size >= smallestToFail && sparedAllocations-- <= 0) {
+        hasStruck = true;
+        throw std::bad_alloc();
+    }
+    if (void* const memory = std::malloc(size))
+        return memory;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
