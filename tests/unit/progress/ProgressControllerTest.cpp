@@ -166,11 +166,14 @@ TEST(ProgressController, EnterEscAndCloseLeaveItOpen) {
     EXPECT_FALSE(dialog.IsCancelled());
 }
 
+// Any notification of a button but BN_CLICKED.
+constexpr WORD OtherCode = 6;
+
 TEST(ProgressController, OnlyAClickOnItsButtonsCounts) {
     DrivenProgress dialog(L"Tamblewick");
     EXPECT_EQ(dialog.Run([&] {
-        EXPECT_FALSE(dialog.OnControlCommand(IDC_PROGRESS_BACKGROUND, dialog.BackgroundButton, BN_SETFOCUS));
-        EXPECT_FALSE(dialog.OnControlCommand(IDC_PROGRESS_CANCEL, dialog.CancelButton, BN_SETFOCUS));
+        EXPECT_FALSE(dialog.OnControlCommand(IDC_PROGRESS_BACKGROUND, dialog.BackgroundButton, OtherCode));
+        EXPECT_FALSE(dialog.OnControlCommand(IDC_PROGRESS_CANCEL, dialog.CancelButton, OtherCode));
         EXPECT_FALSE(dialog.OnControlCommand(IDC_PROGRESS_STATUS_LINE, dialog.StatusLine, BN_CLICKED));
     }),
               DrivenProgress::StaysOpen);

@@ -79,7 +79,7 @@ TEST(ProgressLayout, ArrangesOnSizingAndAnswersOne) {
         MoveWindow(dialog.Bar, 0, 0, 5, 5, FALSE);
         RECT dragged = {};
         LRESULT result = 0;
-        EXPECT_TRUE(dialog.OnMessage(WM_SIZING, WMSZ_RIGHT, reinterpret_cast<LPARAM>(&dragged), result));
+        EXPECT_TRUE(dialog.OnMessage(WM_SIZING, 2, reinterpret_cast<LPARAM>(&dragged), result));
         EXPECT_EQ(result, 1);
         // A bar that has become lower lies in the middle of its cell.
         EXPECT_EQ(PlaceOf(dialog.Bar), (RECT{16, 85, 570, 90}));
