@@ -5,9 +5,21 @@
 
 namespace WinLib {
 
+namespace {
+
+Window::Controller* ControllerOf(HWND window) {
+    return reinterpret_cast<Window::Controller*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+}  // namespace
+
 namespace Window {
 
+// A window may outlive its controller only when an exception ends the program; the message box that reports
+// it still serves the window's messages, which must find no controller then.
 Controller::~Controller() {
+    if (ControllerOf(Handle) == this)
+        SetWindowLongPtrW(Handle, GWLP_USERDATA, 0);
     Handle = nullptr;
 }
 
@@ -83,10 +95,6 @@ void ModalController::OnCancel() {
 }  // namespace Dialog
 
 namespace {
-
-Window::Controller* ControllerOf(HWND window) {
-    return reinterpret_cast<Window::Controller*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-}
 
 void Bind(Window::Controller& controller, HWND window) {
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&controller));

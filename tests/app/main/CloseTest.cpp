@@ -113,6 +113,22 @@ TEST_F(CloseTest, KeepsEveryPreset) {
     EXPECT_EQ(StoredPresets(), (Stored{{L"A", 2}, {L"B", 1}}));
 }
 
+// As an exception on its way to AppMain does, whose message box then serves the messages of the window.
+TEST_F(CloseTest, TheWindowOutlivesItsController) {
+    Store({L"A"});
+    Open();
+    controller.reset();
+    EXPECT_TRUE(Pages().empty());
+    SetWindowPos(window, nullptr, 0, 0, 700, 500, SWP_NOZORDER);
+    for (const UINT message : {WM_COMMAND, WM_SYSCOLORCHANGE, WM_CLOSE, WM_APP})
+        SendMessageW(window, message, IDM_NEW, 0);
+    SendMessageW(tree.Window(), WM_RBUTTONDOWN, 0, 0);
+    SendMessageW(Control(IDC_MAIN_SPLITTER), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+    RunLoop();
+    EXPECT_TRUE(IsWindow(window));
+    EXPECT_EQ(StoredPresets(), (Stored{{L"A", 1}}));
+}
+
 TEST_F(CloseTest, EndsALabelEdit) {
     Store({L"A"});
     Open();
