@@ -5,6 +5,7 @@
 namespace FakeWin {
 
 void Reset() {
+    Internal::ResetWindows();
     Internal::ResetShell();
     Internal::ResetText();
     Internal::ResetTime();

@@ -59,5 +59,6 @@ void ResetRegistry();
 void ResetTime();
 void ResetText();
 void ResetShell();
+void ResetWindows();
 
 }  // namespace FakeWin::Internal

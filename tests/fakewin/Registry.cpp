@@ -130,7 +130,7 @@ DWORD WithKey(HKEY handle, REGSAM rights, Body body) {
 }
 
 HKEY Give(std::shared_ptr<Key> key, REGSAM access, std::wstring subject) {
-    auto open = std::make_unique<OpenKey>(std::move(key), access, std::move(subject));
+    auto open = std::make_unique<OpenKey>(OpenKey{std::move(key), access, std::move(subject)});
     const HKEY handle = reinterpret_cast<HKEY>(open.get());
     Registry().open[handle] = std::move(open);
     return handle;
