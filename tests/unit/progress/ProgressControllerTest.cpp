@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <thread>
-
 #include "DrivenProgress.h"
+#include "Worker.h"
 #include "resources/resource.h"
 #include "winlib/WindowText.h"
 
@@ -216,7 +215,7 @@ TEST(ProgressController, DoesNotTakeChangesOfTheSystemColors) {
 
 TEST(ProgressController, AWorkersReportsAndEndReachTheDialog) {
     DrivenProgress dialog(L"Tamblewick");
-    std::thread worker([&] {
+    const Worker worker([&] {
         while (dialog.Window() == nullptr)
             Sleep(1);
         for (int i = 0; i < 100; ++i)
@@ -226,7 +225,6 @@ TEST(ProgressController, AWorkersReportsAndEndReachTheDialog) {
         dialog.End();
     });
     EXPECT_EQ(dialog.Run(), Finished);
-    worker.join();
 }
 
 }  // namespace

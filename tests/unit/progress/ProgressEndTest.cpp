@@ -6,6 +6,7 @@
 
 #include "DrivenProgress.h"
 #include "ProgressDialog.h"
+#include "Worker.h"
 
 namespace {
 
@@ -42,14 +43,13 @@ TEST(ProgressEnd, OfAWorkerAtAnyMomentCloses) {
 
     for (int i = 0; i < ManyDialogs; ++i) {
         DrivenProgress dialog(L"Tamblewick");
-        std::thread worker([&, end = Clock::now() + i * whole / ManyDialogs] {
+        const Worker worker([&, end = Clock::now() + i * whole / ManyDialogs] {
             while (Clock::now() < end)
                 std::this_thread::yield();
             dialog.Report(L"Scanning folders...", L"C:\\Data");
             dialog.End();
         });
         EXPECT_EQ(dialog.Run(), Finished) << "job " << i;
-        worker.join();
     }
 }
 

@@ -156,6 +156,7 @@ TEST_F(AttachedControl, ProceduresLetExceptionsThrough) {
     EXPECT_THROW(WindowProcedure(window, WM_USER, 0, 0), int);
     EXPECT_THROW(DialogProcedure(window, WM_USER, 0, 0), int);
     EXPECT_THROW(SendMessageW(window, WM_USER, 0, 0), int);
+    DestroyWindow(window);
 }
 
 TEST_F(AttachedControl, ADestroyedWindowStillPointsToItsController) {
