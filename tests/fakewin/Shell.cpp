@@ -2,8 +2,9 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include <map>
+#include <memory>
 #include <mutex>
-#include <set>
 
 #include "Internal.h"
 
@@ -18,7 +19,7 @@ struct State {
     std::vector<ShellExecution> executions;
     std::vector<ShellNotification> notifications;
     std::function<void(const ShellExecution&)> program;
-    std::set<HANDLE> processes;
+    std::map<HANDLE, std::unique_ptr<Process>> processes;
     std::vector<DWORD> waits;
     DWORD exitCode = 0;
     Wow64 wow64 = Wow64::No;
@@ -55,19 +56,14 @@ ShellExecution Record(const SHELLEXECUTEINFOW& info) {
 
 // The process of a handle; under the mutex, null if there is none.
 Process* FindProcess(HANDLE handle) {
-    return Shell().processes.contains(handle) ? static_cast<Process*>(handle) : nullptr;
+    const auto found = Shell().processes.find(handle);
+    return found != Shell().processes.end() ? found->second.get() : nullptr;
 }
 
 BOOL IsWow64ProcessFake(HANDLE, PBOOL answer) {
     const std::lock_guard lock(mutex);
     *answer = Shell().wow64 == Wow64::Yes;
     return TRUE;
-}
-
-void CloseProcesses() {
-    for (const HANDLE handle : Shell().processes)
-        delete static_cast<Process*>(handle);
-    Shell().processes.clear();
 }
 
 }  // namespace
@@ -111,7 +107,6 @@ namespace Internal {
 
 void ResetShell() {
     const std::lock_guard lock(mutex);
-    CloseProcesses();
     Shell() = State();
 }
 
@@ -133,8 +128,9 @@ BOOL ShellExecuteExW(SHELLEXECUTEINFOW* info) {
         const std::lock_guard lock(mutex);
         Shell().executions.push_back(execution);
         if (error == 0 && (info->fMask & SEE_MASK_NOCLOSEPROCESS) != 0) {
-            info->hProcess = new Process{Shell().exitCode};
-            Shell().processes.insert(info->hProcess);
+            auto process = std::make_unique<Process>(Process{Shell().exitCode});
+            info->hProcess = process.get();
+            Shell().processes.emplace(info->hProcess, std::move(process));
         }
         program = Shell().program;
     }
@@ -172,13 +168,8 @@ BOOL GetExitCodeProcess(HANDLE handle, LPDWORD exitCode) {
 BOOL CloseHandle(HANDLE handle) {
     DWORD error = Enter(Call::CloseHandle);
     const std::lock_guard lock(mutex);
-    Process* const process = FindProcess(handle);
-    if (error == 0 && process == nullptr)
+    if (error == 0 && Shell().processes.erase(handle) == 0)
         error = ERROR_INVALID_HANDLE;
-    if (error == 0) {
-        Shell().processes.erase(handle);
-        delete process;
-    }
     return Succeeded(error);
 }
 
