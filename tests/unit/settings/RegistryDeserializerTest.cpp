@@ -137,7 +137,7 @@ TEST_F(RegistryDeserializerTest, FloatsAreTheirBytesOfExactSize) {
     Store(REG_BINARY, Bytes(-2.25));
     ExpectRead(-2.25, 0.0);
     ExpectKept(9.0f);
-    for (const size_t size : {0, 3, 5, 7, 9}) {
+    for (const size_t size : {0u, 3u, 5u, 7u, 9u}) {
         Store(REG_BINARY, std::string(size, '\1'));
         ExpectKept(9.0f);
         ExpectKept(9.0);
@@ -163,7 +163,8 @@ TEST_F(RegistryDeserializerTest, AMissingValueIsKept) {
 
 TEST_F(RegistryDeserializerTest, TheReservedCodesFail) {
     StoreDword(5);
-    for (uint32_t code : {0, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 35}) {
+    for (const uint32_t code :
+         std::initializer_list<uint32_t>{0, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 35}) {
         uint32_t record = 1;
         EXPECT_FALSE(
             RegistryDeserializer(Key).Deserialize(LoneFieldOf(static_cast<TypeCode>(code), 1).rows, &record))

@@ -86,7 +86,7 @@ TEST_F(RegistryTexts, ATextEndsAtItsFirstZeroOrAtItsEnd) {
 }
 
 TEST_F(RegistryTexts, ATextMustBeExactlyOfTheTypeOfTexts) {
-    for (const DWORD type : {REG_EXPAND_SZ, REG_MULTI_SZ, REG_BINARY, REG_NONE}) {
+    for (const DWORD type : std::initializer_list<DWORD>{REG_EXPAND_SZ, REG_MULTI_SZ, REG_BINARY, REG_NONE}) {
         Store(type, TextData({L"Apple\0", 6}));
         ExpectKept(std::string("old"));
         ExpectKept(std::wstring(L"old"));

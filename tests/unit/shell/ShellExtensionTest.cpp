@@ -98,7 +98,7 @@ TEST_F(ShellExtensionTest, AValueOfAnotherTypeIsAbsent) {
         {keys_.Server, extension_.ModulePath},
     };
     for (const auto& [key, text] : values) {
-        for (const DWORD type : {REG_EXPAND_SZ, REG_MULTI_SZ, REG_BINARY}) {
+        for (const DWORD type : std::initializer_list<DWORD>{REG_EXPAND_SZ, REG_MULTI_SZ, REG_BINARY}) {
             keys_.Register(extension_.ModulePath);
             keys_.Set(key, text, type);
             EXPECT_FALSE(extension_.IsRegistered()) << Utf8(key) << " of type " << type;

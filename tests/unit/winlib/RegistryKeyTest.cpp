@@ -97,7 +97,8 @@ TEST_F(RegistryKeyTest, ReadStringOfTheEmptyNameIsTheDefaultValue) {
 TEST_F(RegistryKeyTest, ReadStringOfAnotherTypeOrNothingFails) {
     std::wstring text = L"old";
     EXPECT_FALSE(key_.ReadString(L"Value", text));
-    for (const DWORD type : {REG_DWORD, REG_EXPAND_SZ, REG_MULTI_SZ, REG_BINARY, REG_NONE}) {
+    for (const DWORD type :
+         std::initializer_list<DWORD>{REG_DWORD, REG_EXPAND_SZ, REG_MULTI_SZ, REG_BINARY, REG_NONE}) {
         Store(type, TextData({L"ab\0", 3}));
         EXPECT_FALSE(key_.ReadString(L"Value", text)) << type;
     }
@@ -126,7 +127,7 @@ TEST_F(RegistryKeyTest, ReadStringListAppendsUpToTheFirstEmptyString) {
 TEST_F(RegistryKeyTest, ReadStringListOfAnotherTypeOrNothingFails) {
     std::vector<std::wstring> list{L"old"};
     EXPECT_FALSE(key_.ReadStringList(L"Value", list));
-    for (const DWORD type : {REG_DWORD, REG_SZ, REG_EXPAND_SZ, REG_BINARY}) {
+    for (const DWORD type : std::initializer_list<DWORD>{REG_DWORD, REG_SZ, REG_EXPAND_SZ, REG_BINARY}) {
         Store(type, TextData({L"a\0\0", 3}));
         EXPECT_FALSE(key_.ReadStringList(L"Value", list)) << type;
     }
