@@ -7,13 +7,16 @@
 namespace FakeWin::Internal {
 namespace {
 
-// Ends every message that waits in the queue, without an answer. Under the mutex.
-void FailSent(Queue& queue) {
-    for (const std::shared_ptr<SentMessage>& sent : queue.sent) {
+// Ends each message that waits in the queue for this window, or for any if it is null, without an answer.
+// Under the mutex.
+void FailSent(Queue& queue, HWND window) {
+    std::erase_if(queue.sent, [window](const std::shared_ptr<SentMessage>& sent) {
+        if (window != nullptr && sent->window != window)
+            return false;
         sent->done = true;
         sent->sender->wake.notify_all();
-    }
-    queue.sent.clear();
+        return true;
+    });
 }
 
 // The queue of a thread goes with the thread, and its windows with the queue.
@@ -25,7 +28,7 @@ public:
     }
     ~QueueOwner() {
         const std::lock_guard lock(WindowsMutex());
-        FailSent(*queue_);
+        FailSent(*queue_, nullptr);
         std::erase_if(Windows().windows, [this](const auto& entry) { return entry.second->queue == queue_; });
         std::erase_if(Windows().queues, [this](const auto& queue) { return queue.lock() == queue_; });
         WindowsChanged().notify_all();
@@ -74,6 +77,7 @@ void DropWindow(HWND handle) {
     if (!window)
         return;
     Windows().windows.erase(handle);
+    FailSent(*window->queue, handle);
     std::erase_if(window->queue->posted, [handle](const MSG& message) { return message.hwnd == handle; });
     if (const std::shared_ptr<Window> parent = FindWindow(window->parent))
         std::erase(parent->children, handle);
@@ -92,7 +96,7 @@ void ResetWindows() {
     std::vector<std::weak_ptr<Queue>> queues = std::move(Windows().queues);
     for (const std::weak_ptr<Queue>& weak : queues) {
         if (const std::shared_ptr<Queue> queue = weak.lock()) {
-            FailSent(*queue);
+            FailSent(*queue, nullptr);
             queue->posted.clear();
             queue->quit = false;
             queue->wake.notify_all();
