@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <stdexcept>
 
+#include "scanner/AsciiCase.h"
+
 namespace Scanner {
 
 namespace {
@@ -13,16 +15,12 @@ int Order(Number a, Number b) {
     return (a > b) - (a < b);
 }
 
-wchar_t FoldAscii(wchar_t character) {
-    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
-}
-
 int CompareByCode(const wchar_t* a, const wchar_t* b) {
-    while (*a != L'\0' && FoldAscii(*a) == FoldAscii(*b)) {
+    while (*a != L'\0' && LowerAscii(*a) == LowerAscii(*b)) {
         ++a;
         ++b;
     }
-    return Order(FoldAscii(*a), FoldAscii(*b));
+    return Order(LowerAscii(*a), LowerAscii(*b));
 }
 
 int CompareName(const Comparator& comparator, const Record& a, const Record& b) {

@@ -154,7 +154,7 @@ TEST_F(ScanOrder, SkipsTheDotEntriesAlone) {
 }
 
 TEST_F(ScanOrder, ReadsADeepTree) {
-    constexpr int Levels = 8000;
+    constexpr int Levels = 4000;
     std::wstring path = L"C:\\Data";
     for (int level = 0; level < Levels; ++level)
         path += L"\\d";

@@ -26,14 +26,24 @@ bool ScarceMemory::HasStruck() {
     return hasStruck;
 }
 
-void* operator new(std::size_t size) {
+// All forms, since under a sanitizer none of them calls another.
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     if (size >= smallestToFail && sparedAllocations-- <= 0) {
         hasStruck = true;
-        throw std::bad_alloc();
+        return nullptr;
     }
-    if (void* const memory = std::malloc(size))
+    return std::malloc(size);
+}
+
+void* operator new(std::size_t size) {
+    if (void* const memory = operator new(size, std::nothrow))
         return memory;
     throw std::bad_alloc();
+}
+
+void* operator new[](std::size_t size) {
+    return operator new(size);
 }
 
 void operator delete(void* memory) noexcept {
@@ -41,5 +51,17 @@ void operator delete(void* memory) noexcept {
 }
 
 void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+    std::free(memory);
+}
+
+void operator delete[](void* memory) noexcept {
+    std::free(memory);
+}
+
+void operator delete[](void* memory, std::size_t) noexcept {
     std::free(memory);
 }
