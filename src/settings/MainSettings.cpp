@@ -7,6 +7,7 @@
 #include "settings/metatypes/MakeRow.h"
 #include "settings/metatypes/RegistryDeserializer.h"
 #include "settings/metatypes/RegistrySerializer.h"
+#include "shell/ContextMenuClass.h"
 #include "winlib/RegistryKey.h"
 
 using MetaTypes::EndOfTable;
@@ -55,7 +56,7 @@ bool AreEqual(const std::wstring& a, const std::wstring& b) {
 
 MainSettings::MainSettings()
     : Settings(MainSettingsTable, &record_),
-      Shell(L"Tamblewick", L"{5E2C81D4-3B7F-4A16-9C0E-7F41D2A96B3C}"),
+      Shell(ContextMenuName, ContextMenuClassId),
       record_{.windowPosX = 100,
               .windowPosY = 100,
               .windowWidth = 580,

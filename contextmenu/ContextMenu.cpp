@@ -1,0 +1,160 @@
+#include "contextmenu/ContextMenu.h"
+
+#include <optional>
+
+#include "contextmenu/Module.h"
+#include "contextmenu/Selection.h"
+#include "winlib/Handles.h"
+
+namespace {
+
+// An ampersand in a menu marks the next character, unless it is doubled.
+std::wstring MenuText(const std::wstring& text) {
+    std::wstring escaped;
+    for (const wchar_t c : text) {
+        escaped += c;
+        if (c == L'&')
+            escaped += c;
+    }
+    return escaped;
+}
+
+WinLib::UniqueHandle<HMENU> MakeSubmenu(const PresetMenu& entries, UINT firstId) {
+    WinLib::UniqueHandle<HMENU> menu(CreatePopupMenu());
+    UINT id = firstId;
+    for (const PresetMenu::Entry& entry : entries.Entries()) {
+        if (entry.OpensWindow() && id != firstId)
+            AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+        AppendMenuW(menu.get(), MF_STRING, id++, MenuText(entry.text).c_str());
+    }
+    return menu;
+}
+
+// The arguments stand in quotes. No path holds one, and to the program a backslash before the closing quote,
+// as behind a drive, is an ordinary character.
+bool StartProgram(const std::wstring& arguments) {
+    const std::wstring program = Module::ProgramPath();
+    std::wstring line = L'"' + program + L'"' + arguments;
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION process = {};
+    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &process))
+        return false;
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return true;
+}
+
+bool Run(const PresetMenu::Entry& entry, const std::vector<std::wstring>& folders) {
+    if (entry.OpensWindow())
+        return StartProgram(L"");
+    bool started = true;
+    for (const std::wstring& folder : folders)
+        started = StartProgram(L" \"" + entry.key + L"\" \"" + folder + L'"') && started;
+    return started;
+}
+
+std::wstring Widen(const char* text) {
+    std::wstring wide(static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0)), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, text, -1, wide.data(), static_cast<int>(wide.size()));
+    return wide.c_str();
+}
+
+// The verb that a caller names, or nothing if the entry is named by its offset.
+std::optional<std::wstring> VerbOf(const CMINVOKECOMMANDINFO& info) {
+    const bool extended =
+        info.cbSize >= sizeof(CMINVOKECOMMANDINFOEX) && (info.fMask & CMIC_MASK_UNICODE) != 0;
+    if (extended) {
+        const auto& wide = reinterpret_cast<const CMINVOKECOMMANDINFOEX&>(info);
+        if (!IS_INTRESOURCE(wide.lpVerbW))
+            return wide.lpVerbW;
+    }
+    if (IS_INTRESOURCE(info.lpVerb))
+        return std::nullopt;
+    return Widen(info.lpVerb);
+}
+
+}  // namespace
+
+HRESULT ContextMenu::Initialize(LPCITEMIDLIST, IDataObject* data, HKEY) {
+    return Guarded([&] {
+        folders_ = SelectedFolders(data);
+        menu_ = {};
+        return folders_.empty() ? E_INVALIDARG : S_OK;
+    });
+}
+
+HRESULT ContextMenu::QueryContextMenu(HMENU menu, UINT index, UINT firstId, UINT lastId, UINT flags) {
+    return Guarded([&] {
+        menu_ = {};
+        if ((flags & CMF_DEFAULTONLY) != 0 || folders_.empty() || lastId < firstId)
+            return MAKE_HRESULT(SEVERITY_SUCCESS, 0, 0);
+        PresetMenu entries = PresetMenu::Load();
+        entries.Limit(lastId - firstId + 1);
+        if (entries.Entries().empty())
+            return MAKE_HRESULT(SEVERITY_SUCCESS, 0, 0);
+        WinLib::UniqueHandle<HMENU> submenu = MakeSubmenu(entries, firstId);
+        std::wstring text = L"Tamblewick";
+        MENUITEMINFOW item = {};
+        item.cbSize = sizeof(item);
+        item.fMask = MIIM_STRING | MIIM_SUBMENU;
+        item.hSubMenu = submenu.get();
+        item.dwTypeData = text.data();
+        if (!InsertMenuItemW(menu, index, TRUE, &item))
+            return HRESULT_FROM_WIN32(GetLastError());
+        // The menu owns it from now on.
+        static_cast<void>(submenu.release());
+        menu_ = std::move(entries);
+        return MAKE_HRESULT(SEVERITY_SUCCESS, 0, static_cast<USHORT>(menu_.Entries().size()));
+    });
+}
+
+HRESULT ContextMenu::InvokeCommand(CMINVOKECOMMANDINFO* info) {
+    return Guarded([&] {
+        if (info == nullptr)
+            return E_POINTER;
+        if (folders_.empty())
+            return E_FAIL;
+        std::optional<size_t> index;
+        if (const std::optional<std::wstring> verb = VerbOf(*info)) {
+            // A caller that knows the verb need not have asked for the menu.
+            if (menu_.Entries().empty())
+                menu_ = PresetMenu::Load();
+            index = menu_.Find(*verb);
+        } else {
+            index = reinterpret_cast<UINT_PTR>(info->lpVerb);
+        }
+        if (!index || *index >= menu_.Entries().size())
+            return E_INVALIDARG;
+        return Run(menu_.Entries()[*index], folders_) ? S_OK : E_FAIL;
+    });
+}
+
+HRESULT ContextMenu::GetCommandString(UINT_PTR offset, UINT type, UINT*, CHAR* text, UINT size) {
+    return Guarded([&] {
+        const bool known = offset < menu_.Entries().size();
+        if (type == GCS_VALIDATEA || type == GCS_VALIDATEW)
+            return known ? S_OK : S_FALSE;
+        if (!known || text == nullptr || size == 0)
+            return E_INVALIDARG;
+        const PresetMenu::Entry& entry = menu_.Entries()[offset];
+        const std::wstring answer = (type & ~GCS_UNICODE) == GCS_VERBA ? entry.Verb() : entry.Help();
+        switch (type) {
+            case GCS_VERBW:
+            case GCS_HELPTEXTW:
+                lstrcpynW(reinterpret_cast<wchar_t*>(text), answer.c_str(), static_cast<int>(size));
+                return S_OK;
+            case GCS_VERBA:
+            case GCS_HELPTEXTA: {
+                std::string narrow(answer.size() * 2 + 1, '\0');
+                WideCharToMultiByte(CP_ACP, 0, answer.c_str(), -1, narrow.data(),
+                                    static_cast<int>(narrow.size()), nullptr, nullptr);
+                lstrcpynA(text, narrow.c_str(), static_cast<int>(size));
+                return S_OK;
+            }
+            default:
+                return E_NOTIMPL;
+        }
+    });
+}

@@ -1,0 +1,34 @@
+// What the whole module shares: where it stands, whether anything of it is in use, and the program beside it.
+#pragma once
+
+#include <string>
+
+#include "winlib/Windows.h"
+
+namespace Module {
+
+// Given by DllMain, before anything else happens.
+void SetInstance(HINSTANCE instance);
+HINSTANCE Instance();
+
+// The full path of this module.
+std::wstring Path();
+
+// The program that the module belongs to: the same folder and stem.
+std::wstring ProgramPath();
+
+// Counts the objects and locks that keep the module loaded, from any thread.
+void AddUse();
+void ReleaseUse();
+bool IsInUse();
+
+// Keeps the module loaded as long as it lives: a member of every COM object.
+class Use {
+public:
+    Use() { AddUse(); }
+    ~Use() { ReleaseUse(); }
+    Use(const Use&) = delete;
+    Use& operator=(const Use&) = delete;
+};
+
+}  // namespace Module

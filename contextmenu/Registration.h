@@ -1,0 +1,15 @@
+// The keys by which the shell finds the module: one for folders, one for drives, and the class itself.
+#pragma once
+
+#include "winlib/Windows.h"
+
+namespace Registration {
+
+// Write the keys below classes, which is HKEY_CLASSES_ROOT or the user's own classes, and tell the shell.
+// Gives back the first failure, after which nothing is left half done.
+HRESULT Register(HKEY classes);
+
+// Delete the keys; what is missing already is no failure.
+HRESULT Unregister(HKEY classes);
+
+}  // namespace Registration
