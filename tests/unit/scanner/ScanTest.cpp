@@ -1,37 +1,17 @@
 // Scans of real folders, or of the stand-in's. No test here depends on the order of an enumeration, nor on
 // the time of creation, which Wine does not keep.
-#include "scanner/Scan.h"
-
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "support/TempFolder.h"
-#include "unit/scanner/RecordingListener.h"
-#include "unit/scanner/TestTree.h"
+#include "unit/scanner/ScanTest.h"
 
 using namespace Scanner;
 
 namespace {
 
 using Names = std::vector<std::wstring>;
-
-class ScanTest : public testing::Test {
-protected:
-    ScanTest() {
-        options.recursive = true;
-        options.listener = &listener;
-    }
-
-    bool Run() { return Scan(result, options, folder.Path()); }
-
-    TestSupport::TempFolder folder;
-    RecordingListener listener;
-    Options options;
-    Result result;
-};
 
 bool operator==(const FILETIME& a, const FILETIME& b) {
     return CompareFileTime(&a, &b) == 0;
@@ -146,63 +126,6 @@ TEST_F(ScanTest, KeepsListsWithoutSlack) {
     EXPECT_EQ(result.root.folders.capacity(), 21u);
 }
 
-TEST_F(ScanTest, CountsWhatItKeepsAlone) {
-    options.searchPattern = L"*.txt";
-    folder.AddFile(L"a\\x.txt", 10);
-    folder.AddFile(L"a\\y.doc", 100);
-    folder.AddFile(L"z.TXT", 1);
-    ASSERT_TRUE(Run());
-    EXPECT_EQ(SortedLines(result.root), (Names{L"a\\", L"a\\x.txt", L"z.TXT"}));
-    EXPECT_EQ(result.root.folder->size, 11u);
-    EXPECT_EQ(result.root.folder->totalFiles, 2u);
-}
-
-TEST_F(ScanTest, KeepsFoldersWhateverTheSearchPattern) {
-    options.searchPattern = L"nothing";
-    folder.AddFile(L"a\\b\\x.txt");
-    ASSERT_TRUE(Run());
-    EXPECT_EQ(SortedLines(result.root), (Names{L"a\\", L"a\\b\\"}));
-}
-
-TEST_F(ScanTest, LeavesExcludedFoldersOutWithAllBelowThem) {
-    options.excludedFolders = {L"*\\.git", folder.Path(L"TEMP\\")};
-    folder.AddFile(L"Temp\\x");
-    folder.AddFile(L"Temp\\sub\\x");
-    folder.AddFile(L"Temp2\\x");
-    folder.AddFile(L"app\\.git\\objects\\x");
-    folder.AddFile(L"app\\.gitignore");
-    folder.AddFile(L"sub\\Temp\\x");
-    ASSERT_TRUE(Run());
-    EXPECT_EQ(SortedLines(result.root), (Names{L"Temp2\\", L"Temp2\\x", L"app\\", L"app\\.gitignore",
-                                               L"sub\\", L"sub\\Temp\\", L"sub\\Temp\\x"}));
-}
-
-TEST_F(ScanTest, NeverExcludesTheRoot) {
-    options.excludedFolders = {folder.Path(), L"?:\\*"};
-    folder.AddFile(L"x");
-    folder.AddFolder(L"sub");
-    ASSERT_TRUE(Run());
-    EXPECT_EQ(SortedLines(result.root), (Names{L"x"}));
-}
-
-TEST_F(ScanTest, DoesNotEnterHiddenFoldersIfTheyAreSkipped) {
-    folder.AddFile(L"hidden\\plain.txt");
-    folder.AddFolder(L"hidden", FILE_ATTRIBUTE_HIDDEN);
-    folder.AddFile(L"secret.txt", 5, FILE_ATTRIBUTE_HIDDEN);
-    folder.AddFile(L"system.txt", 0, FILE_ATTRIBUTE_SYSTEM);
-    folder.AddFile(L"both.txt", 0, FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN);
-    options.attributeMask = SkipHidden;
-    ASSERT_TRUE(Run());
-    EXPECT_EQ(SortedLines(result.root), (Names{L"system.txt"}));
-    EXPECT_EQ(result.root.folder->size, 0u);
-
-    Result all;
-    options.attributeMask = 0;
-    ASSERT_TRUE(Scan(all, options, folder.Path()));
-    EXPECT_EQ(SortedLines(all.root),
-              (Names{L"both.txt", L"hidden\\", L"hidden\\plain.txt", L"secret.txt", L"system.txt"}));
-}
-
 TEST_F(ScanTest, SortsByTheKeys) {
     options.folderSortKeys = {{Comparison::Name, true}};
     options.fileSortKeys = {{Comparison::Size, false}};
@@ -222,15 +145,15 @@ TEST_F(ScanTest, FlattensWhatIsCollected) {
         Names folders;
         Names files;
     } rows[] = {
-        {true, true, {L"a", L"b", L"c"}, {L"1", L"2", L"3"}},
-        {true, false, {L"a", L"b", L"c"}, {}},
+        {true, true, {L"a", L"b", L"c", L"d"}, {L"1", L"2", L"3"}},
+        {true, false, {L"a", L"b", L"c", L"d"}, {}},
         {false, true, {}, {L"1", L"2", L"3"}},
         {false, false, {}, {}},
     };
     folder.AddFile(L"1", 1);
     folder.AddFile(L"a\\2", 2);
     folder.AddFile(L"a\\b\\3", 3);
-    folder.AddFolder(L"a\\b\\c");
+    folder.AddFolder(L"a\\b\\c\\d");
     options.flatten = true;
     options.folderSortKeys = {{Comparison::Name, true}};
     options.fileSortKeys = {{Comparison::Name, true}};
@@ -241,10 +164,24 @@ TEST_F(ScanTest, FlattensWhatIsCollected) {
         ASSERT_TRUE(Scan(flat, options, folder.Path()));
         EXPECT_EQ(FolderNames(flat.root), row.folders);
         EXPECT_EQ(FileNames(flat.root), row.files);
-        EXPECT_EQ(flat.root.folder->totalFolders, 3u);
+        EXPECT_EQ(flat.root.folder->totalFolders, 4u);
         EXPECT_EQ(flat.root.folder->totalFiles, 3u);
         EXPECT_EQ(flat.root.folder->size, 6u);
     }
+}
+
+TEST_F(ScanTest, KeepsDepthAndParentsOfFlattenedEntries) {
+    folder.AddFile(L"a\\b\\c\\d\\x");
+    options.flatten = true;
+    options.collectFolders = true;
+    options.collectFiles = true;
+    ASSERT_TRUE(Run());
+    const Folder& deepest = Find(result.root, L"a\\b\\c\\d");
+    EXPECT_EQ(deepest.depth, 3);
+    EXPECT_EQ(deepest.parent, &Find(result.root, L"a\\b\\c"));
+    EXPECT_EQ(deepest.fileCount, 1u);
+    EXPECT_EQ(result.root.files.at(0)->depth, 4);
+    EXPECT_EQ(result.root.files.at(0)->parent, &deepest);
 }
 
 TEST_F(ScanTest, KeepsTheTreeWhateverIsCollected) {
