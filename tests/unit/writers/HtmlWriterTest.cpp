@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "support/TempFolder.h"
 #include "unit/writers/ListSupport.h"
 
 namespace {
@@ -48,40 +49,38 @@ ScanTree OneFile() {
 }
 
 TEST(HtmlWriter, WritesAGroupedBody) {
-    EXPECT_EQ(BodyOf(Names().Indent(1), OneFile()), Lines({
-                                                        "<table>",
-                                                        "\t<tr><td><span class=\"header\">Tamblewick "
-                                                        "4.0.1</span></td></tr>",
-                                                        "\t<tr><td><span class=\"summary\">Summary of path: "
-                                                        "C:\\Data</span></td></tr>",
-                                                        "\t<tr><td><span class=\"summary\">Created: "
-                                                        "*</span></td></tr>",
-                                                        "</table>",
-                                                        "<br />",
-                                                        "<hr />",
-                                                        "<br />",
-                                                        "<table class=\"folders\" style=\"margin-left:0px\">",
-                                                        "\t<tr>",
-                                                        "\t\t<th>Name</th>",
-                                                        "\t</tr>",
-                                                        "\t<tr>",
-                                                        "\t\t<td>Sub</td>",
-                                                        "\t</tr>",
-                                                        "</table>",
-                                                        "<table class=\"files\" style=\"margin-left:16px\">",
-                                                        "\t<tr>",
-                                                        "\t\t<th>Filename</th>",
-                                                        "\t</tr>",
-                                                        "\t<tr>",
-                                                        "\t\t<td>a.txt</td>",
-                                                        "\t</tr>",
-                                                        "</table>",
-                                                        "<br />",
-                                                        "<hr />",
-                                                        "<br />",
-                                                        "</body>",
-                                                        "</html>",
-                                                    }));
+    const std::string body = Lines({
+        "<table>",
+        "\t<tr><td><span class=\"header\">Tamblewick 4.0.1</span></td></tr>",
+        "\t<tr><td><span class=\"summary\">Summary of path: C:\\Data</span></td></tr>",
+        "\t<tr><td><span class=\"summary\">Created: *</span></td></tr>",
+        "</table>",
+        "<br />",
+        "<hr />",
+        "<br />",
+        "<table class=\"folders\" style=\"margin-left:0px\">",
+        "\t<tr>",
+        "\t\t<th>Name</th>",
+        "\t</tr>",
+        "\t<tr>",
+        "\t\t<td>Sub</td>",
+        "\t</tr>",
+        "</table>",
+        "<table class=\"files\" style=\"margin-left:16px\">",
+        "\t<tr>",
+        "\t\t<th>Filename</th>",
+        "\t</tr>",
+        "\t<tr>",
+        "\t\t<td>a.txt</td>",
+        "\t</tr>",
+        "</table>",
+        "<br />",
+        "<hr />",
+        "<br />",
+        "</body>",
+        "</html>",
+    });
+    EXPECT_EQ(BodyOf(Names().Indent(1), OneFile()), body);
 }
 
 TEST(HtmlWriter, StatisticsFollowInATableOfTheirOwn) {
@@ -213,6 +212,19 @@ TEST(HtmlWriter, EndOfFlatFoldersDoesNotAskForColumns) {
     ScanTree tree;
     tree.AddFolder(tree.root, L"Sub");
     EXPECT_EQ(BodyOf(Names().Folders({}).Flat(), tree), Title + Lines({"</table>"}) + Footer);
+}
+
+TEST(HtmlWriter, UnindentAtDepthZeroDoesNothing) {
+    const TestSupport::TempFolder folder;
+    {
+        const ListPreset preset = Names().Indent(1);
+        HtmlWriter writer(preset, folder.Path(L"list").c_str());
+        writer.Unindent();
+        writer.Indent();
+        writer.BeginFiles();
+    }
+    const std::string list = folder.Read(L"list").value_or("no file");
+    EXPECT_NE(list.find("margin-left:16px"), std::string::npos) << list;
 }
 
 TEST(HtmlWriter, EscapesNothing) {

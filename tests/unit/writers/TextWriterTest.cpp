@@ -34,17 +34,18 @@ TEST(TextWriter, WritesAFlatListWithHeadings) {
     preset.Folders({FolderColumn::Number, FolderColumn::Name, FolderColumn::Size})
         .Files({FileColumn::Filename, FileColumn::Size})
         .Flat();
-    EXPECT_EQ(ListOf(preset, OneFileFlat()), Title + Lines({
-                                                         "| #\t| Name\t| Size\t|",
-                                                         "",
-                                                         "1.\tSub\t1.5 KiB",
-                                                         "",
-                                                         "",
-                                                         "",
-                                                         "| Filename\t| Size\t|",
-                                                         "",
-                                                         "a.txt\t1.5 KiB",
-                                                     }));
+    const std::string rows = Lines({
+        "| #\t| Name\t| Size\t|",
+        "",
+        "1.\tSub\t1.5 KiB",
+        "",
+        "",
+        "",
+        "| Filename\t| Size\t|",
+        "",
+        "a.txt\t1.5 KiB",
+    });
+    EXPECT_EQ(ListOf(preset, OneFileFlat()), Title + rows);
 }
 
 // Byte for byte, the mark and the ends of line included.
@@ -68,13 +69,14 @@ TEST(TextWriter, StatisticsAreTheTotalsOfTheRoot) {
     tree.root.folder->totalFolders = 1234567;
     tree.root.folder->totalFiles = 98765432109;
     const ListPreset preset = ListPreset().Statistics().Sizes(SizeStyle::Bytes);
-    EXPECT_EQ(ListOf(preset, tree), Title + Lines({
-                                                "Total size: 5000000000 Bytes",
-                                                "Total number of folders: 1234567",
-                                                "Total number of files: 98765432109",
-                                                "",
-                                                "",
-                                            }));
+    const std::string rows = Lines({
+        "Total size: 5000000000 Bytes",
+        "Total number of folders: 1234567",
+        "Total number of files: 98765432109",
+        "",
+        "",
+    });
+    EXPECT_EQ(ListOf(preset, tree), Title + rows);
 }
 
 ScanTree ThreeLevels() {
@@ -90,16 +92,17 @@ ScanTree ThreeLevels() {
 }
 
 TEST(TextWriter, GroupedRowsAreIndentedByTheirDepth) {
-    EXPECT_EQ(ListOf(NamesAndSizes().Indent(1), ThreeLevels()), Title + Lines({
-                                                                            "A\t6 Bytes",
-                                                                            "\tB\t3 Bytes",
-                                                                            "\t\tC\t1 Bytes",
-                                                                            "\t\t\tc.txt\t1 Bytes",
-                                                                            "\t\tb.txt\t2 Bytes",
-                                                                            "\ta.txt\t3 Bytes",
-                                                                            "Z\t0 Bytes",
-                                                                            "top.txt\t4 Bytes",
-                                                                        }));
+    const std::string rows = Lines({
+        "A\t6 Bytes",
+        "\tB\t3 Bytes",
+        "\t\tC\t1 Bytes",
+        "\t\t\tc.txt\t1 Bytes",
+        "\t\tb.txt\t2 Bytes",
+        "\ta.txt\t3 Bytes",
+        "Z\t0 Bytes",
+        "top.txt\t4 Bytes",
+    });
+    EXPECT_EQ(ListOf(NamesAndSizes().Indent(1), ThreeLevels()), Title + rows);
 }
 
 TEST(TextWriter, IndentSizeCountsTabs) {
@@ -120,29 +123,31 @@ TEST(TextWriter, FlatRowsAreNotIndented) {
     tree.Flatten();
     ListPreset preset;
     preset.Folders({FolderColumn::PathAndName}).Files({FileColumn::Path}).Flat().Indent(3).Headers(false);
-    EXPECT_EQ(ListOf(preset, tree), Title + Lines({
-                                                "C:\\Data\\A",
-                                                "C:\\Data\\A\\B",
-                                                "C:\\Data\\A\\B\\C",
-                                                "C:\\Data\\Z",
-                                                "",
-                                                "",
-                                                "",
-                                                "C:\\Data\\A\\B\\C",
-                                                "C:\\Data\\A\\B",
-                                                "C:\\Data\\A",
-                                                "C:\\Data",
-                                            }));
+    const std::string rows = Lines({
+        "C:\\Data\\A",
+        "C:\\Data\\A\\B",
+        "C:\\Data\\A\\B\\C",
+        "C:\\Data\\Z",
+        "",
+        "",
+        "",
+        "C:\\Data\\A\\B\\C",
+        "C:\\Data\\A\\B",
+        "C:\\Data\\A",
+        "C:\\Data",
+    });
+    EXPECT_EQ(ListOf(preset, tree), Title + rows);
 }
 
 TEST(TextWriter, FlatListWithoutHeadingsKeepsTheEmptyLinesBetweenTheLists) {
-    EXPECT_EQ(ListOf(NamesAndSizes().Flat().Headers(false), OneFileFlat()), Title + Lines({
-                                                                                        "Sub\t1.5 KiB",
-                                                                                        "",
-                                                                                        "",
-                                                                                        "",
-                                                                                        "a.txt\t1.5 KiB",
-                                                                                    }));
+    const std::string rows = Lines({
+        "Sub\t1.5 KiB",
+        "",
+        "",
+        "",
+        "a.txt\t1.5 KiB",
+    });
+    EXPECT_EQ(ListOf(NamesAndSizes().Flat().Headers(false), OneFileFlat()), Title + rows);
 }
 
 TEST(TextWriter, GroupedListHasNoHeadingsInAnyCase) {
@@ -154,24 +159,26 @@ TEST(TextWriter, GroupedListHasNoHeadingsInAnyCase) {
 TEST(TextWriter, FlatListWithoutFoldersBeginsWithTwoEmptyLines) {
     ScanTree tree;
     tree.AddFile(tree.root, L"a.txt", 1536);
-    EXPECT_EQ(ListOf(NamesAndSizes().Flat(), tree), Title + Lines({
-                                                                "",
-                                                                "",
-                                                                "| Filename\t| Size\t|",
-                                                                "",
-                                                                "a.txt\t1.5 KiB",
-                                                            }));
+    const std::string rows = Lines({
+        "",
+        "",
+        "| Filename\t| Size\t|",
+        "",
+        "a.txt\t1.5 KiB",
+    });
+    EXPECT_EQ(ListOf(NamesAndSizes().Flat(), tree), Title + rows);
 }
 
 TEST(TextWriter, FlatListWithoutFilesEndsWithOneEmptyLine) {
     ScanTree tree;
     tree.AddFolder(tree.root, L"Sub");
-    EXPECT_EQ(ListOf(NamesAndSizes().Flat(), tree), Title + Lines({
-                                                                "| Name\t| Size\t|",
-                                                                "",
-                                                                "Sub\t0 Bytes",
-                                                                "",
-                                                            }));
+    const std::string rows = Lines({
+        "| Name\t| Size\t|",
+        "",
+        "Sub\t0 Bytes",
+        "",
+    });
+    EXPECT_EQ(ListOf(NamesAndSizes().Flat(), tree), Title + rows);
 }
 
 TEST(TextWriter, EmptyFolderGivesTheTitleAlone) {
@@ -182,26 +189,28 @@ TEST(TextWriter, EmptyFolderGivesTheTitleAlone) {
 TEST(TextWriter, OneColumnNeedsNoTabButInTheHeading) {
     ListPreset preset;
     preset.Folders({FolderColumn::Name}).Files({FileColumn::Filename}).Flat();
-    EXPECT_EQ(ListOf(preset, OneFileFlat()), Title + Lines({
-                                                         "| Name\t|",
-                                                         "",
-                                                         "Sub",
-                                                         "",
-                                                         "",
-                                                         "",
-                                                         "| Filename\t|",
-                                                         "",
-                                                         "a.txt",
-                                                     }));
+    const std::string rows = Lines({
+        "| Name\t|",
+        "",
+        "Sub",
+        "",
+        "",
+        "",
+        "| Filename\t|",
+        "",
+        "a.txt",
+    });
+    EXPECT_EQ(ListOf(preset, OneFileFlat()), Title + rows);
 }
 
 TEST(TextWriter, WithoutFolderColumnsFilesAreIndentedAllTheSame) {
-    EXPECT_EQ(ListOf(NamesAndSizes().Folders({}), ThreeLevels()), Title + Lines({
-                                                                              "\t\t\tc.txt\t1 Bytes",
-                                                                              "\t\tb.txt\t2 Bytes",
-                                                                              "\ta.txt\t3 Bytes",
-                                                                              "top.txt\t4 Bytes",
-                                                                          }));
+    const std::string rows = Lines({
+        "\t\t\tc.txt\t1 Bytes",
+        "\t\tb.txt\t2 Bytes",
+        "\ta.txt\t3 Bytes",
+        "top.txt\t4 Bytes",
+    });
+    EXPECT_EQ(ListOf(NamesAndSizes().Folders({}), ThreeLevels()), Title + rows);
 }
 
 // The heading of no column is its two ends of line.

@@ -68,25 +68,23 @@ TEST(WalkTree, FolderWithOnlyFilesEndsItsFoldersInTheGroupedStyleAlone) {
     ScanTree tree;
     tree.AddFile(tree.root, L"a.txt");
     tree.AddFile(tree.root, L"b.txt");
-    EXPECT_EQ(StepsOf(tree, false), (Steps{
-                                        "WriteHeader C:\\Data at C:\\Data",
-                                        "BeginFiles",
-                                        "WriteFile 1 a.txt at C:\\Data",
-                                        "WriteFile 2 b.txt at C:\\Data",
-                                        "EndFiles",
-                                        "EndFolders 0",
-                                        "Unindent",
-                                        "WriteFooter C:\\Data at ",
-                                    }));
-    EXPECT_EQ(StepsOf(tree, true), (Steps{
-                                       "WriteHeader C:\\Data at C:\\Data",
-                                       "BeginFiles",
-                                       "WriteFile 1 a.txt at C:\\Data",
-                                       "WriteFile 2 b.txt at C:\\Data",
-                                       "EndFiles",
-                                       "Unindent",
-                                       "WriteFooter C:\\Data at ",
-                                   }));
+    const Steps grouped = {
+        "WriteHeader C:\\Data at C:\\Data",
+        "BeginFiles",
+        "WriteFile 1 a.txt at C:\\Data",
+        "WriteFile 2 b.txt at C:\\Data",
+        "EndFiles",
+        "EndFolders 0",
+        "Unindent",
+        "WriteFooter C:\\Data at ",
+    };
+    EXPECT_EQ(StepsOf(tree, false), grouped);
+    const Steps flat = {
+        "WriteHeader C:\\Data at C:\\Data", "BeginFiles", "WriteFile 1 a.txt at C:\\Data",
+        "WriteFile 2 b.txt at C:\\Data",    "EndFiles",   "Unindent",
+        "WriteFooter C:\\Data at ",
+    };
+    EXPECT_EQ(StepsOf(tree, true), flat);
 }
 
 ScanTree TwoLevels() {
@@ -102,73 +100,75 @@ ScanTree TwoLevels() {
 }
 
 TEST(WalkTree, FoldersComeBeforeFilesAndNumbersRestart) {
-    EXPECT_EQ(StepsOf(TwoLevels(), false), (Steps{
-                                               "WriteHeader C:\\Data at C:\\Data",
-                                               "BeginFolders 2",
-                                               "WriteFolder 1 First at C:\\Data",
-                                               "Indent",
-                                               "BeginFolders 2",
-                                               "WriteFolder 1 Inner at C:\\Data\\First",
-                                               "Indent",
-                                               "BeginFiles",
-                                               "WriteFile 1 deep at C:\\Data\\First\\Inner",
-                                               "EndFiles",
-                                               "EndFolders 0",
-                                               "Unindent",
-                                               "WriteFolder 2 Empty at C:\\Data\\First",
-                                               "Indent",
-                                               "Unindent",
-                                               "BeginFiles",
-                                               "WriteFile 1 one at C:\\Data\\First",
-                                               "WriteFile 2 two at C:\\Data\\First",
-                                               "EndFiles",
-                                               "EndFolders 2",
-                                               "Unindent",
-                                               "WriteFolder 2 Second at C:\\Data",
-                                               "Indent",
-                                               "BeginFiles",
-                                               "WriteFile 1 three at C:\\Data\\Second",
-                                               "EndFiles",
-                                               "EndFolders 0",
-                                               "Unindent",
-                                               "BeginFiles",
-                                               "WriteFile 1 top at C:\\Data",
-                                               "EndFiles",
-                                               "EndFolders 2",
-                                               "Unindent",
-                                               "WriteFooter C:\\Data at ",
-                                           }));
+    const Steps grouped = {
+        "WriteHeader C:\\Data at C:\\Data",
+        "BeginFolders 2",
+        "WriteFolder 1 First at C:\\Data",
+        "Indent",
+        "BeginFolders 2",
+        "WriteFolder 1 Inner at C:\\Data\\First",
+        "Indent",
+        "BeginFiles",
+        "WriteFile 1 deep at C:\\Data\\First\\Inner",
+        "EndFiles",
+        "EndFolders 0",
+        "Unindent",
+        "WriteFolder 2 Empty at C:\\Data\\First",
+        "Indent",
+        "Unindent",
+        "BeginFiles",
+        "WriteFile 1 one at C:\\Data\\First",
+        "WriteFile 2 two at C:\\Data\\First",
+        "EndFiles",
+        "EndFolders 2",
+        "Unindent",
+        "WriteFolder 2 Second at C:\\Data",
+        "Indent",
+        "BeginFiles",
+        "WriteFile 1 three at C:\\Data\\Second",
+        "EndFiles",
+        "EndFolders 0",
+        "Unindent",
+        "BeginFiles",
+        "WriteFile 1 top at C:\\Data",
+        "EndFiles",
+        "EndFolders 2",
+        "Unindent",
+        "WriteFooter C:\\Data at ",
+    };
+    EXPECT_EQ(StepsOf(TwoLevels(), false), grouped);
 }
 
 TEST(WalkTree, FlatTreeEndsItsFoldersBeforeTheFiles) {
     ScanTree tree = TwoLevels();
     tree.Flatten();
-    EXPECT_EQ(StepsOf(tree, true), (Steps{
-                                       "WriteHeader C:\\Data at C:\\Data",
-                                       "BeginFolders 4",
-                                       "WriteFolder 1 First at C:\\Data",
-                                       "Indent",
-                                       "Unindent",
-                                       "WriteFolder 2 Inner at C:\\Data",
-                                       "Indent",
-                                       "Unindent",
-                                       "WriteFolder 3 Empty at C:\\Data",
-                                       "Indent",
-                                       "Unindent",
-                                       "WriteFolder 4 Second at C:\\Data",
-                                       "Indent",
-                                       "Unindent",
-                                       "EndFolders 4",
-                                       "BeginFiles",
-                                       "WriteFile 1 deep at C:\\Data",
-                                       "WriteFile 2 one at C:\\Data",
-                                       "WriteFile 3 two at C:\\Data",
-                                       "WriteFile 4 three at C:\\Data",
-                                       "WriteFile 5 top at C:\\Data",
-                                       "EndFiles",
-                                       "Unindent",
-                                       "WriteFooter C:\\Data at ",
-                                   }));
+    const Steps flat = {
+        "WriteHeader C:\\Data at C:\\Data",
+        "BeginFolders 4",
+        "WriteFolder 1 First at C:\\Data",
+        "Indent",
+        "Unindent",
+        "WriteFolder 2 Inner at C:\\Data",
+        "Indent",
+        "Unindent",
+        "WriteFolder 3 Empty at C:\\Data",
+        "Indent",
+        "Unindent",
+        "WriteFolder 4 Second at C:\\Data",
+        "Indent",
+        "Unindent",
+        "EndFolders 4",
+        "BeginFiles",
+        "WriteFile 1 deep at C:\\Data",
+        "WriteFile 2 one at C:\\Data",
+        "WriteFile 3 two at C:\\Data",
+        "WriteFile 4 three at C:\\Data",
+        "WriteFile 5 top at C:\\Data",
+        "EndFiles",
+        "Unindent",
+        "WriteFooter C:\\Data at ",
+    };
+    EXPECT_EQ(StepsOf(tree, true), flat);
 }
 
 TEST(WalkTree, ScannedPathIsBroughtIntoItsCanonicalForm) {
