@@ -17,6 +17,10 @@ HeldList::~HeldList() {
     CloseHandle(pipe_);
 }
 
+bool HeldList::IsOpen() const {
+    return PeekNamedPipe(pipe_, nullptr, 0, nullptr, nullptr, nullptr) != FALSE;
+}
+
 std::string HeldList::Read() {
     ConnectNamedPipe(pipe_, nullptr);
     std::string text;

@@ -17,6 +17,9 @@ public:
     // The folder for the preset to save in.
     static std::wstring Folder();
 
+    // Whether the worker has come as far as to write the list.
+    bool IsOpen() const;
+
     // Reads to the end of the list, which lets the worker go on; from any thread.
     std::string Read();
 

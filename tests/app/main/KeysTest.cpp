@@ -168,6 +168,20 @@ TEST_F(KeysTest, F1OpensTheAboutBoxWithTheWindowAsOwner) {
     EXPECT_EQ(dialog.owner, window);
 }
 
+TEST_F(KeysTest, AcceleratorsAreDeadBehindADialog) {
+    OpenWith({L"A"});
+    const Ui::DismissModal options([](HWND dialog) {
+        for (const int key : {VK_F5, VK_F6, VK_DELETE})
+            PostMessageW(GetDlgItem(dialog, IDC_OPTIONS_CLOSE), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+        PostMessageW(dialog, WM_COMMAND, IDC_OPTIONS_CLOSE,
+                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDC_OPTIONS_CLOSE)));
+    });
+    controller->ShowOptions();
+    RunLoop();
+    EXPECT_EQ(options.Seen().size(), 1u);
+    EXPECT_EQ(StoredPresets(), (Stored{{L"A", 1}}));
+}
+
 TEST_F(KeysTest, EnterPressesCreateList) {
     OpenWith({L"A"});
     const Ui::SeenDialog dialog = PressAndAnswer(VK_RETURN, IDCANCEL);

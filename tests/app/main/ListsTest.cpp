@@ -8,6 +8,7 @@
 #include "app/MessageLoop.h"
 #include "support/TempFolder.h"
 #include "support/ui/DismissModal.h"
+#include "winlib/SentMessages.h"
 
 namespace {
 
@@ -33,6 +34,10 @@ protected:
         const Ui::DismissModal background(IDC_PROGRESS_BACKGROUND);
         controller->StartList(PresetId(), Listed());
         EXPECT_EQ(background.Seen().size(), 1u);
+    }
+
+    static void Push(HWND dialog, WORD button) {
+        SendMessageW(dialog, WM_COMMAND, button, reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
     }
 
     // Everything is as before the list.
@@ -142,6 +147,38 @@ TEST_F(ListsTest, InTheBackgroundTheBarShowsAndTheWindowIsFree) {
     // Not even the preset is needed any more.
     controller->RemovePreset(tree.Item(L"Preset"));
     EXPECT_NE(list.Read().find("a file.txt"), std::string::npos);
+    RunLoopUntil([this] { return !IsBusy(); }, "the end message");
+    ExpectCollected();
+}
+
+TEST_F(ListsTest, ACancelledListLeavesNothingBehind) {
+    OpenSavingIn(HeldList::Folder());
+    HeldList list(L"List of Listed.txt");
+    std::thread reader;
+    const Ui::DismissModal cancel([&](HWND dialog) {
+        WinLib::WaitServingSentMessages([&] { return list.IsOpen(); });
+        Push(dialog, IDC_PROGRESS_CANCEL);
+        reader = std::thread([&] { list.Read(); });
+    });
+    controller->StartList(PresetId(), Listed());
+    reader.join();
+    EXPECT_FALSE(IsBusy());
+    RunLoop();
+    ExpectCollected();
+}
+
+TEST_F(ListsTest, BackgroundAfterCancelShowsTheBarUntilTheEnd) {
+    OpenSavingIn(HeldList::Folder());
+    HeldList list(L"List of Listed.txt");
+    const Ui::DismissModal both([&](HWND dialog) {
+        WinLib::WaitServingSentMessages([&] { return list.IsOpen(); });
+        Push(dialog, IDC_PROGRESS_CANCEL);
+        Push(dialog, IDC_PROGRESS_BACKGROUND);
+    });
+    controller->StartList(PresetId(), Listed());
+    EXPECT_TRUE(IsBusy());
+    EXPECT_FALSE(CanCreateList());
+    list.Read();
     RunLoopUntil([this] { return !IsBusy(); }, "the end message");
     ExpectCollected();
 }
@@ -263,9 +300,11 @@ TEST_F(ListsTest, CancellingTheFolderDialogChangesNothing) {
     ExpectCollected();
 }
 
+// The system's dialog needs a folder that was there before it: it does not always find a new one.
 TEST_F(ListsTest, TheLastFolderIsOfferedAgainAlsoForAnotherPreset) {
     OpenSavingIn(folder.Path());
-    controller->StartList(PresetId(), Listed());
+    controller->StartList(PresetId(), L"C:\\windows");
+    EXPECT_TRUE(folder.Exists(L"List of windows.txt"));
     RunLoop();
     controller->DuplicatePreset(tree.Item(L"Preset"));
     tree.Select(tree.Child(tree.Item(L"Copy of Preset"), L"Filter"));
@@ -274,7 +313,7 @@ TEST_F(ListsTest, TheLastFolderIsOfferedAgainAlsoForAnotherPreset) {
             PostMessageW(dialog, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDOK)));
     });
     SendMessageW(Control(IDC_MAIN_CREATE_LIST), BM_CLICK, 0, 0);
-    EXPECT_TRUE(folder.Exists(L"List of Listed (2).txt"));
+    EXPECT_TRUE(folder.Exists(L"List of windows (2).txt"));
     RunLoop();
     ExpectCollected();
 }
