@@ -2,10 +2,9 @@
 #pragma once
 
 #include "winlib/Windows.h"
-#include "winlib/layout/Sizer.h"
+#include "winlib/layout/ClientArea.h"
 
-// Arranges the tree on the dialog as it is now, and has all of it drawn anew.
-void ArrangeOnClient(WinLib::Layout::Sizer& root, HWND dialog);
+using WinLib::Layout::ArrangeOnClient;
 
 // Takes the controls as the resource drew them for the minimum, and arranges. Once, when the tree stands.
 void MeasureAndArrange(WinLib::Layout::Sizer& root, HWND dialog);

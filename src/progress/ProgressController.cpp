@@ -1,10 +1,12 @@
 #include "progress/ProgressController.h"
 
 #include "resources/resource.h"
+#include "winlib/layout/ClientArea.h"
 #include "winlib/layout/Stack.h"
 #include "winlib/layout/Window.h"
 
 using WinLib::Layout::Alignment;
+using WinLib::Layout::ArrangeOnClient;
 using WinLib::Layout::Height;
 using WinLib::Layout::Width;
 
@@ -101,13 +103,13 @@ void ProgressController::BuildLayout() {
 }
 
 bool ProgressController::HandleSizing(WPARAM, RECT&) {
-    ArrangeInClientArea();
+    ArrangeOnClient(RootSizer, Handle);
     return true;
 }
 
 bool ProgressController::HandleSize(WORD type, WORD, WORD) {
     if (type != SIZE_MINIMIZED)
-        ArrangeInClientArea();
+        ArrangeOnClient(RootSizer, Handle);
     return true;
 }
 
@@ -121,12 +123,6 @@ bool ProgressController::HandleGetMinMaxInfo(MINMAXINFO& info) {
 bool ProgressController::HandleSysColorChange() {
     SendMessageW(Bar, WM_SYSCOLORCHANGE, 0, 0);
     return true;
-}
-
-void ProgressController::ArrangeInClientArea() {
-    RECT client = {};
-    GetClientRect(Handle, &client);
-    RootSizer.Arrange(client);
 }
 
 SIZE ProgressController::OuterMinimum() const {

@@ -55,7 +55,6 @@ public:
 
 private:
     void BuildLayout();
-    void ArrangeInClientArea();
 
     // The size of the whole window whose client area has the minimum size.
     SIZE OuterMinimum() const;

@@ -367,6 +367,10 @@ BOOL AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL menu, DWORD exStyle) {
     return TRUE;
 }
 
+BOOL RedrawWindow(HWND window, const RECT*, HANDLE, UINT) {
+    return IsWindow(window);
+}
+
 BOOL EqualRect(const RECT* first, const RECT* second) {
     return first->left == second->left && first->top == second->top && first->right == second->right &&
            first->bottom == second->bottom;

@@ -1,0 +1,11 @@
+// How a dialog puts its sizer tree on its client area.
+#pragma once
+
+#include "winlib/layout/Sizer.h"
+
+namespace WinLib::Layout {
+
+// Arranges the tree on the dialog's present client area and has all of it drawn anew.
+void ArrangeOnClient(Sizer& root, HWND dialog);
+
+}  // namespace WinLib::Layout
