@@ -20,7 +20,8 @@ target_link_libraries(platform INTERFACE utf8cpp)
 if(WIN32)
   target_link_libraries(platform INTERFACE
     comctl32 comdlg32 shell32 ole32 advapi32 gdi32 user32 kernel32)
-  target_link_options(platform INTERFACE -static)
+  # Without the moment of linking the same sources give the same file.
+  target_link_options(platform INTERFACE -static -Wl,--no-insert-timestamp)
 else()
   find_package(Threads REQUIRED)
   target_link_libraries(platform INTERFACE fakewin Threads::Threads)
