@@ -10,10 +10,6 @@ MessagePump::MessagePump(HWND dialog)
 void MessagePump::RunUntilIdle() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            quitCode_ = static_cast<int>(message.wParam);
-            continue;
-        }
         if (filter_(message))
             continue;
         TranslateMessage(&message);

@@ -4,7 +4,6 @@
 
 #include <chrono>
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "winlib/Windows.h"
@@ -27,12 +26,8 @@ public:
     bool RunUntil(const std::function<bool()>& done, std::chrono::milliseconds deadline,
                   const std::string& what);
 
-    // What PostQuitMessage was given, once the pump has met it.
-    std::optional<int> QuitCode() const { return quitCode_; }
-
 private:
     Filter filter_;
-    std::optional<int> quitCode_;
 };
 
 }  // namespace Ui
