@@ -2,7 +2,6 @@
 
 #include "FakeWin.h"
 #include "FakeWindows.h"
-#include "PresetValues.h"
 #include "settings/MainSettings.h"
 #include "support/TestRegistry.h"
 
@@ -120,6 +119,14 @@ TEST(MainSettingsFaults, KeysAreOpenedWithTheAccessTheyNeedAndClosed) {
         }
     }
     EXPECT_EQ(FakeWin::OpenKeys(), 0);
+}
+
+TEST(MainSettingsFaults, DeleteKeyOfTheEmptyKeyDoesNotEvenOpenTheRootKey) {
+    TestRegistry registry;
+    EXPECT_TRUE(Preset(L"abc").Save());
+    FakeWin::ClearLog();
+    Preset(L"").DeleteKey();
+    EXPECT_TRUE(FakeWin::Log().empty());
 }
 
 TEST(MainSettingsFaults, AFailedDeleteLeavesThePresetForTheNextStart) {

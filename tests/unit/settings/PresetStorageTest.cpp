@@ -128,6 +128,8 @@ TEST(PresetStorage, AnEmptyKeyStoresInTheRootKey) {
     TestRegistry registry;
     EXPECT_TRUE(Preset(L"").Save());
     EXPECT_EQ(registry.Get(Root, L"Name"), StringValue(L"New Preset"));
+    EXPECT_EQ(registry.Get(Root + L"\\", L"Name"), StringValue(L"New Preset"));
+    EXPECT_TRUE(Preset(L"").Load());
     EXPECT_EQ(registry.Subkeys(Root), (std::vector<std::wstring>{L"Columns", L"Display", L"Filter", L"Format",
                                                                  L"Opening", L"Saving", L"Sorting"}));
 }
