@@ -13,13 +13,14 @@ protected:
     }
 
     // Releases the button, which opens the menu; the keys are what its loop then finds.
-    void Release(POINT point, const std::vector<WORD>& keys) const {
+    void Release(POINT point, const std::vector<WORD>& keys) {
+        AwaitSecond();
         for (const WORD key : keys)
             PostMessageW(tree.Window(), WM_KEYDOWN, key, 0);
         SendMessageW(tree.Window(), WM_RBUTTONUP, 0, MAKELPARAM(point.x, point.y));
     }
 
-    void RightClick(POINT point, const std::vector<WORD>& keys) const {
+    void RightClick(POINT point, const std::vector<WORD>& keys) {
         Press(point);
         Release(point, keys);
     }

@@ -30,6 +30,7 @@ TEST_F(DamagedTest, LongNames) {
     Open();
     EXPECT_EQ(tree.Names().front(), name);
     EXPECT_EQ(tree.Names().size(), 2u);
+    AwaitSecond();
     controller->DuplicatePreset(tree.Item(name));
     EXPECT_EQ(StoredPresets(), (Stored{{name, 3}, {endless, 2}, {L"Copy of " + name, 1}}));
 }
@@ -38,7 +39,7 @@ TEST_F(DamagedTest, EmptyNames) {
     Store({L"", L""});
     Open();
     EXPECT_EQ(tree.Names(), (std::vector<std::wstring>{L"", L""}));
-    SendMessageW(window, WM_COMMAND, IDM_DUPLICATE, 0);
+    Command(IDM_DUPLICATE);
     EXPECT_EQ(StoredPresets(), (Stored{{L"", 3}, {L"", 2}, {L"Copy of ", 1}}));
 }
 
@@ -47,7 +48,7 @@ TEST_F(DamagedTest, KeysThatAreNoPresetsBecomePresetsAndKeepWhatTheyHold) {
     registry.CreateKey(Root + L"\\empty");
     Open();
     EXPECT_EQ(tree.Names(), (std::vector<std::wstring>{L"New Preset", L"New Preset"}));
-    SendMessageW(window, WM_COMMAND, IDM_TEMPLATE_FIRST, 0);
+    Command(IDM_TEMPLATE_FIRST);
     EXPECT_EQ(registry.Get(Root + L"\\something else", L"Its value"), TestSupport::StringValue(L"kept"));
     EXPECT_TRUE(registry.KeyExists(Root + L"\\empty"));
     EXPECT_EQ(StoredPresets().size(), 3u);
@@ -83,7 +84,7 @@ TEST_F(DamagedTest, EqualPositionsAreSeparatedByTheNextChange) {
     registry.SetString(KeyOf(2), L"Name", L"C");
     Open();
     EXPECT_EQ(tree.Names(), (std::vector<std::wstring>{L"A", L"B", L"C"}));
-    SendMessageW(window, WM_COMMAND, IDM_TEMPLATE_FIRST, 0);
+    Command(IDM_TEMPLATE_FIRST);
     EXPECT_EQ(StoredPresets(), (Stored{{L"A", 4}, {L"B", 3}, {L"C", 2}, {L"All files (Simple, Text)", 1}}));
 }
 

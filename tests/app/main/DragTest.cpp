@@ -76,28 +76,28 @@ protected:
 };
 
 TEST_F(DragTest, EveryDropStandsDirectlyBelowItsTarget) {
-    const Names before = {L"A", L"B", L"C", L"D"};
-    for (const std::wstring& dragged : before) {
-        for (const std::wstring& target : before) {
-            if (dragged == target)
+    Names order = {L"A", L"B", L"C", L"D"};
+    OpenWith(order);
+    // By places, from each to each other one; the order changes on the way.
+    for (size_t from = 0; from < order.size(); from++) {
+        for (size_t to = 0; to < order.size(); to++) {
+            if (from == to)
                 continue;
-            const TestSupport::TestRegistry fresh;
-            OpenWith(before);
-            Names after = before;
-            std::erase(after, dragged);
-            after.insert(std::ranges::find(after, target) + 1, dragged);
+            const std::wstring dragged = order[from];
+            const std::wstring target = order[to];
+            const std::wstring what = dragged + L" onto " + target;
+            order.erase(order.begin() + static_cast<std::ptrdiff_t>(from));
+            order.insert(std::ranges::find(order, target) + 1, dragged);
             Stored positions;
-            for (size_t i = 0; i < after.size(); i++)
-                positions.emplace_back(after[i], static_cast<uint32_t>(after.size() - i));
+            for (size_t i = 0; i < order.size(); i++)
+                positions.emplace_back(order[i], static_cast<uint32_t>(order.size() - i));
 
             Drag(tree.Item(dragged), tree.Item(target));
-            EXPECT_EQ(tree.Names(), after) << testing::PrintToString(dragged + L" onto " + target);
-            EXPECT_EQ(StoredPresets(), positions) << testing::PrintToString(dragged + L" onto " + target);
+            EXPECT_EQ(tree.Names(), order) << testing::PrintToString(what);
+            EXPECT_EQ(StoredPresets(), positions) << testing::PrintToString(what);
             EXPECT_EQ(tree.Text(tree.Selected()), dragged);
             EXPECT_FALSE(IsDragging());
             EXPECT_NE(GetCapture(), tree.Window());
-            DestroyWindow(window);
-            RunLoop();
         }
     }
 }
@@ -311,7 +311,7 @@ TEST_F(DragTest, ItemsKeepTheirPresetsAndPages) {
 TEST_F(DragTest, TheNextPresetStandsBelowTheNewOrder) {
     OpenWith({L"A", L"B"});
     Drag(tree.Item(L"A"), tree.Item(L"B"));
-    SendMessageW(window, WM_COMMAND, IDM_TEMPLATE_FIRST, 0);
+    Command(IDM_TEMPLATE_FIRST);
     EXPECT_EQ(StoredPresets(), (Stored{{L"B", 3}, {L"A", 2}, {L"All files (Simple, Text)", 1}}));
 }
 

@@ -138,6 +138,7 @@ TEST_F(ListsTest, InTheBackgroundTheBarShowsAndTheWindowIsFree) {
     EXPECT_TRUE(IsWindowEnabled(window));
 
     // Nothing that is done now starts a second list or gives the button back.
+    AwaitSecond();
     controller->NewFromTemplate(0);
     tree.Select(tree.Item(L"All files (Simple, Text)"));
     EXPECT_FALSE(CanCreateList());
@@ -306,6 +307,7 @@ TEST_F(ListsTest, TheLastFolderIsOfferedAgainAlsoForAnotherPreset) {
     controller->StartList(PresetId(), L"C:\\windows");
     EXPECT_TRUE(folder.Exists(L"List of windows.txt"));
     RunLoop();
+    AwaitSecond();
     controller->DuplicatePreset(tree.Item(L"Preset"));
     tree.Select(tree.Child(tree.Item(L"Copy of Preset"), L"Filter"));
     const Ui::DismissModal accept([](HWND dialog) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <ctime>
 
 #include "app/MessageLoop.h"
@@ -115,6 +116,7 @@ void MainWindowTest::PostKey(WORD key) {
 }
 
 void MainWindowTest::Press(WORD key) {
+    AwaitSecond();
     PostKey(key);
     RunLoop();
 }
@@ -123,6 +125,21 @@ void MainWindowTest::Type(const std::wstring& text) {
     for (const wchar_t unit : text)
         PostMessageW(GetFocus(), WM_CHAR, unit, 1);
     RunLoop();
+}
+
+void MainWindowTest::Command(WORD id) {
+    AwaitSecond();
+    SendMessageW(window, WM_COMMAND, id, 0);
+}
+
+void MainWindowTest::AwaitSecond() {
+    const auto isGood = [](std::time_t second) {
+        std::srand(static_cast<unsigned>(second));
+        return std::rand() % 37 != 36;
+    };
+    const auto areGood = [&] { return isGood(std::time(nullptr)) && isGood(std::time(nullptr) + 1); };
+    if (!areGood())
+        RunLoopUntil(areGood, "a second with a key");
 }
 
 void MainWindowTest::NextSecond() {

@@ -44,7 +44,13 @@ protected:
     void Type(const std::wstring& text);
     static void PostKey(WORD key);
 
-    // Waits for the next second: presets made within one share a key.
+    // A menu command, in a second as below.
+    void Command(WORD id);
+
+    // The key of a new preset depends on the second: in one of 37 it is empty, and presets made within one
+    // share it. AwaitSecond waits for one whose key, and that of the next second, can be told apart from the
+    // root; NextSecond for a later one.
+    void AwaitSecond();
     void NextSecond();
 
     // Windows of all pages in the order of creation, without the page of instructions, and the group box's id

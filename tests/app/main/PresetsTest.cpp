@@ -13,7 +13,7 @@ constexpr UINT Gray = MF_GRAYED | MF_DISABLED;
 TEST_F(PresetsTest, NewStandsLastSelectedAndOpenForItsName) {
     Store({L"First", L"Second"});
     Open();
-    SendMessageW(window, WM_COMMAND, IDM_NEW, 0);
+    Command(IDM_NEW);
     EXPECT_EQ(tree.Names(), (Names{L"First", L"Second", L"New Preset"}));
     EXPECT_EQ(tree.Text(tree.Selected()), L"New Preset");
     EXPECT_NE(SendMessageW(tree.Window(), TVM_GETEDITCONTROL, 0, 0), 0);
@@ -25,7 +25,7 @@ TEST_F(PresetsTest, NewStandsLastSelectedAndOpenForItsName) {
 
 TEST_F(PresetsTest, FirstPresetReplacesTheInstructions) {
     Open();
-    SendMessageW(window, WM_COMMAND, IDM_NEW, 0);
+    Command(IDM_NEW);
     EXPECT_FALSE(InstructionsVisible());
     EXPECT_TRUE(CanCreateList());
     EXPECT_EQ(EditStates(), (std::vector<UINT>{MF_ENABLED, MF_ENABLED, MF_ENABLED}));
@@ -49,7 +49,7 @@ TEST_F(PresetsTest, EachTemplateStandsLastAndSelectedWithoutLabelEdit) {
         const TestSupport::TestRegistry fresh;
         Store({L"First"});
         Open();
-        SendMessageW(window, WM_COMMAND, row.command, 0);
+        Command(row.command);
         EXPECT_EQ(tree.Names(), (Names{L"First", row.name}));
         EXPECT_EQ(tree.Text(tree.Selected()), row.name);
         EXPECT_EQ(SendMessageW(tree.Window(), TVM_GETEDITCONTROL, 0, 0), 0);
@@ -67,7 +67,7 @@ TEST_F(PresetsTest, DuplicateStandsLastUnselectedWithAllValues) {
     registry.SetString(KeyOf(0) + L"\\Filter", L"CustomSearchPattern", L"*.one;*.two");
     registry.SetString(KeyOf(0) + L"\\Format", L"ListStyle", L"Html");
     Open();
-    SendMessageW(window, WM_COMMAND, IDM_DUPLICATE, 0);
+    Command(IDM_DUPLICATE);
     EXPECT_EQ(tree.Names(), (Names{L"Source", L"Last", L"Copy of Source"}));
     EXPECT_EQ(tree.Text(tree.Selected()), L"Source");
     EXPECT_EQ(StoredPresets(), (Stored{{L"Source", 3}, {L"Last", 2}, {L"Copy of Source", 1}}));
@@ -80,9 +80,9 @@ TEST_F(PresetsTest, DuplicateStandsLastUnselectedWithAllValues) {
 TEST_F(PresetsTest, DuplicateOfACopyIsPrefixedOnceMore) {
     Store({L"Copy of Source"});
     Open();
-    SendMessageW(window, WM_COMMAND, IDM_DUPLICATE, 0);
+    Command(IDM_DUPLICATE);
     NextSecond();
-    SendMessageW(window, WM_COMMAND, IDM_DUPLICATE, 0);
+    Command(IDM_DUPLICATE);
     EXPECT_EQ(tree.Names(), (Names{L"Copy of Source", L"Copy of Copy of Source", L"Copy of Copy of Source"}));
     EXPECT_EQ(
         StoredPresets(),
@@ -92,6 +92,7 @@ TEST_F(PresetsTest, DuplicateOfACopyIsPrefixedOnceMore) {
 TEST_F(PresetsTest, DuplicateFindsThePresetOfAChildItem) {
     Store({L"Source"});
     Open();
+    AwaitSecond();
     controller->DuplicatePreset(tree.Child(tree.Item(L"Source"), L"Sorting"));
     EXPECT_EQ(tree.Names(), (Names{L"Source", L"Copy of Source"}));
 }
@@ -133,7 +134,7 @@ TEST_F(PresetsTest, RemovingTheLastBringsTheInstructionsBack) {
     EXPECT_EQ(EditStates(), (std::vector<UINT>{Gray, Gray, Gray}));
     EXPECT_TRUE(StoredPresets().empty());
     // And a new one works as the first did.
-    SendMessageW(window, WM_COMMAND, IDM_NEW, 0);
+    Command(IDM_NEW);
     EXPECT_EQ(VisiblePage(), IDC_FORMAT_GROUP);
     EXPECT_FALSE(InstructionsVisible());
 }
@@ -184,6 +185,7 @@ TEST_F(PresetsTest, ItemIdsAreNeverUsedTwice) {
     Open();
     const LPARAM first = tree.Parameter(tree.Item(L"A"));
     controller->RemovePreset(tree.Item(L"A"));
+    AwaitSecond();
     controller->NewFromTemplate(0);
     EXPECT_EQ(tree.Parameter(tree.Item(TemplateNames[0])), first + 7);
 }
@@ -195,6 +197,7 @@ TEST_F(PresetsTest, CommandsOfTheMenu) {
                           WORD{40005}, WORD{40008}, WORD{40029}})
         EXPECT_FALSE(controller->OnMenuCommand(id)) << id;
     EXPECT_TRUE(IsWindow(window));
+    AwaitSecond();
     EXPECT_TRUE(controller->OnMenuCommand(IDM_NEW));
     EXPECT_TRUE(controller->OnMenuCommand(IDM_RENAME));
 }
@@ -208,6 +211,7 @@ TEST_F(PresetsTest, AcceleratorsOfItemsNeedAPreset) {
     EXPECT_FALSE(controller->OnAccelerator(VK_F3));
     EXPECT_EQ(StoredPresets(), (Stored{{L"A", 1}}));
     tree.Select(tree.Item(L"A"));
+    AwaitSecond();
     EXPECT_TRUE(controller->OnAccelerator(VK_F6));
     EXPECT_TRUE(controller->OnAccelerator(VK_F2));
     EXPECT_TRUE(controller->OnAccelerator(VK_DELETE));

@@ -110,7 +110,7 @@ TEST_F(SizingTest, MinimumIsTheLayoutAsDrawnAndMaximumTwiceThat) {
 TEST_F(SizingTest, PresetsDoNotChangeTheMinimum) {
     Open();
     const POINT before = Limits().ptMinTrackSize;
-    SendMessageW(window, WM_COMMAND, IDM_TEMPLATE_FIRST, 0);
+    Command(IDM_TEMPLATE_FIRST);
     EXPECT_EQ(Limits().ptMinTrackSize.x, before.x);
     EXPECT_EQ(Limits().ptMinTrackSize.y, before.y);
 }
