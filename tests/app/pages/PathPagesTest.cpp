@@ -1,0 +1,174 @@
+// The pages "Saving" and "Opening": the path that belongs to the last of their choices.
+
+#include "FolderDialog.h"
+#include "OpenPage.h"
+
+#include <gtest/gtest.h>
+
+#include <commdlg.h>
+#include <dlgs.h>
+
+#include "resources/resource.h"
+#include "support/TempFolder.h"
+#include "support/ui/DismissModal.h"
+
+using TestSupport::StringValue;
+using TestSupport::TempFolder;
+using TestSupport::TestRegistry;
+
+namespace {
+
+struct PathRow {
+    const PageKind& page;
+    const wchar_t* section;
+    const wchar_t* choice;
+    const wchar_t* path;
+    std::vector<int> others;  // the buttons that need no path
+    int custom;
+    int edit;
+    int browse;
+};
+
+const PathRow PathPages[] = {
+    {Kind::Saving,
+     L"\\Saving",
+     L"SaveLocation",
+     L"CustomFolderPath",
+     {IDC_SAVING_TEMPORARY, IDC_SAVING_SAME_PATH},
+     IDC_SAVING_CUSTOM,
+     IDC_SAVING_PATH,
+     IDC_SAVING_BROWSE},
+    {Kind::Opening,
+     L"\\Opening",
+     L"OpenMethod",
+     L"CustomProgramPath",
+     {IDC_OPENING_DEFAULT, IDC_OPENING_NOTHING},
+     IDC_OPENING_CUSTOM,
+     IDC_OPENING_PATH,
+     IDC_OPENING_BROWSE},
+};
+
+TEST(PathPages, PathIsEnabledByTheCustomChoiceAlone) {
+    for (const PathRow& row : PathPages) {
+        SCOPED_TRACE(row.page.name);
+        const TestRegistry registry;
+        const OpenPage open(row.page);
+        EXPECT_FALSE(open.IsEnabled(row.edit));
+        EXPECT_FALSE(open.IsEnabled(row.browse));
+        for (const int other : row.others) {
+            open.Click(row.custom);
+            EXPECT_TRUE(open.IsEnabled(row.edit));
+            EXPECT_TRUE(open.IsEnabled(row.browse));
+            open.Click(other);
+            EXPECT_FALSE(open.IsEnabled(row.edit)) << other;
+            EXPECT_FALSE(open.IsEnabled(row.browse)) << other;
+        }
+    }
+}
+
+TEST(PathPages, StoredCustomChoiceEnablesThePath) {
+    for (const PathRow& row : PathPages) {
+        SCOPED_TRACE(row.page.name);
+        const TestRegistry registry;
+        registry.SetString(PresetKey + row.section, row.choice, L"Custom");
+        const OpenPage open(row.page);
+        EXPECT_TRUE(open.IsEnabled(row.edit));
+        EXPECT_TRUE(open.IsEnabled(row.browse));
+    }
+}
+
+TEST(PathPages, AnotherChoiceKeepsThePath) {
+    for (const PathRow& row : PathPages) {
+        SCOPED_TRACE(row.page.name);
+        const TestRegistry registry;
+        registry.SetString(PresetKey + row.section, row.choice, L"Custom");
+        registry.SetString(PresetKey + row.section, row.path, L"C:\\kept");
+        const OpenPage open(row.page);
+        open.Click(row.others[0]);
+        EXPECT_EQ(open.Text(row.edit), L"C:\\kept");
+        EXPECT_EQ(registry.Get(PresetKey + row.section, row.path), StringValue(L"C:\\kept"));
+    }
+}
+
+TEST(PathPages, PathIsNotValidated) {
+    for (const PathRow& row : PathPages) {
+        SCOPED_TRACE(row.page.name);
+        const TestRegistry registry;
+        const OpenPage open(row.page);
+        open.Click(row.custom);
+        SetWindowTextW(open.Control(row.edit), L"nowhere<>|");
+        EXPECT_EQ(registry.Get(PresetKey + row.section, row.path), StringValue(L"nowhere<>|"));
+    }
+}
+
+TEST(PathPages, CancelledBrowsingChangesNothing) {
+    for (const PathRow& row : PathPages) {
+        SCOPED_TRACE(row.page.name);
+        const TestRegistry registry;
+        registry.SetString(PresetKey + row.section, row.choice, L"Custom");
+        registry.SetString(PresetKey + row.section, row.path, L"C:\\kept");
+        const OpenPage open(row.page);
+        const Ui::DismissModal cancel(IDCANCEL);
+        open.Click(row.browse);
+        ASSERT_EQ(cancel.Seen().size(), 1U);
+        EXPECT_EQ(open.Text(row.edit), L"C:\\kept");
+        EXPECT_EQ(registry.Get(PresetKey + row.section, row.path), StringValue(L"C:\\kept"));
+    }
+}
+
+TEST(SavingPage, BrowsingBeginsAtTheFolderAndStoresTheChoice) {
+    const TestRegistry registry;
+    const std::wstring folder = QuietFolder();
+    registry.SetString(PresetKey + L"\\Saving", L"SaveLocation", L"Custom");
+    registry.SetString(PresetKey + L"\\Saving", L"CustomFolderPath", folder);
+    const OpenPage open(Kind::Saving);
+    registry.DeleteKey(PresetKey);
+    const AcceptFolder accept(L"drivers");
+    open.Click(IDC_SAVING_BROWSE);
+    ASSERT_EQ(accept.Seen().size(), 1U);
+    EXPECT_NE(accept.Seen()[0].text.find(L"Specify a save folder"), std::wstring::npos);
+    EXPECT_EQ(open.Text(IDC_SAVING_PATH), folder);
+    EXPECT_EQ(registry.Get(PresetKey + L"\\Saving", L"CustomFolderPath"), StringValue(folder));
+}
+
+TEST(OpeningPage, ChosenProgramIsStored) {
+    const TestRegistry registry;
+    const TempFolder folder;
+    folder.AddFile(L"viewer.exe", 1);
+    const OpenPage open(Kind::Opening);
+    open.Click(IDC_OPENING_CUSTOM);
+    const std::wstring program = folder.Path(L"viewer.exe");
+    const Ui::DismissModal choose([&program](HWND dialog) {
+        SetDlgItemTextW(dialog, cmb13, program.c_str());
+        SetDlgItemTextW(dialog, edt1, program.c_str());
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    open.Click(IDC_OPENING_BROWSE);
+    ASSERT_EQ(choose.Seen().size(), 1U);
+    EXPECT_EQ(choose.Seen()[0].caption, L"Select program");
+    EXPECT_EQ(open.Text(IDC_OPENING_PATH), program);
+    EXPECT_EQ(registry.Get(PresetKey + L"\\Opening", L"CustomProgramPath"), StringValue(program));
+}
+
+TEST(OpeningPage, OffersProgramsAndAllFiles) {
+    const TestRegistry registry;
+    const OpenPage open(Kind::Opening);
+    open.Click(IDC_OPENING_CUSTOM);
+    std::vector<std::wstring> filters;
+    LRESULT chosen = -1;
+    const Ui::DismissModal look([&](HWND dialog) {
+        const HWND combo = GetDlgItem(dialog, cmb1);
+        chosen = SendMessageW(combo, CB_GETCURSEL, 0, 0);
+        for (LRESULT i = 0; i < SendMessageW(combo, CB_GETCOUNT, 0, 0); i++) {
+            wchar_t text[128] = {};
+            SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text));
+            filters.push_back(text);
+        }
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    open.Click(IDC_OPENING_BROWSE);
+    EXPECT_EQ(filters, (std::vector<std::wstring>{L"Program files (*.exe, *.bat)", L"All files (*.*)"}));
+    EXPECT_EQ(chosen, 0);
+}
+
+}  // namespace
