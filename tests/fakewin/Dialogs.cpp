@@ -203,16 +203,18 @@ INT_PTR DialogBoxParamW(HINSTANCE instance, LPCWSTR templateName, HWND owner, DL
     if (const DWORD fault = Enter(Call::DialogBoxParamW, std::to_wstring(templateId)))
         return SetLastError(fault), -1;
     const bool ownerWasEnabled = owner != nullptr && IsWindowEnabled(owner);
-    const HWND dialog = MakeDialog(instance, templateId, owner, procedure, parameter, true);
-    if (dialog == nullptr)
-        return -1;
     if (ownerWasEnabled)
         EnableWindow(owner, FALSE);
-    RunModalLoop(dialog, templateId);
-    const INT_PTR result = ResultOf(dialog);
+    INT_PTR result = -1;
+    const HWND dialog = MakeDialog(instance, templateId, owner, procedure, parameter, true);
+    if (dialog != nullptr) {
+        RunModalLoop(dialog, templateId);
+        result = ResultOf(dialog);
+    }
     if (ownerWasEnabled)
         EnableWindow(owner, TRUE);
-    DestroyWindow(dialog);
+    if (dialog != nullptr)
+        DestroyWindow(dialog);
     return result;
 }
 

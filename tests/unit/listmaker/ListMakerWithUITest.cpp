@@ -42,21 +42,62 @@ TEST_F(ListMakerWithUITest, ShowsWhatTheWorkerDoes) {
     EXPECT_TRUE(job.Start());
 }
 
-TEST_F(ListMakerWithUITest, IsFinishedBeforeAnyoneHearsOfIt) {
-    for (int i = 1; i <= 1000; i++) {
+// The job of the owner below.
+ListMaker* watched = nullptr;
+
+// Being disabled is the last that happens to the owner before the dialog comes into being.
+LRESULT CALLBACK AwaitingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ENABLE && wParam == FALSE)
+        while (!watched->IsFinished())
+            std::this_thread::yield();
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST_F(ListMakerWithUITest, ClosesAThousandTimesIfItEndsBeforeItsDialogExists) {
+    const HWND awaiting = FakeWin::CreatePlainWindow(AwaitingProcedure);
+    FakeWin::AddFolder(L"C:\\Empty");
+    for (int i = 1; i <= 1000 && !HasFailure(); i++) {
+        ListMakerWithUI job(awaiting, JobTest::MakePreset(), L"C:\\Empty");
+        watched = &job;
+        EXPECT_TRUE(job.Start()) << i;
+        EXPECT_TRUE(FakeWin::WaitForPosted(awaiting, WM_APP, i));
+    }
+    DestroyWindow(awaiting);
+}
+
+TEST_F(ListMakerWithUITest, EndsAThousandTimesAtAnyMoment) {
+    FakeWin::AddFolder(L"C:\\Empty");
+    for (int i = 1; i <= 1000 && !HasFailure(); i++) {
         ListMakerWithUI job(owner, JobTest::MakePreset(), L"C:\\Empty");
-        FakeWin::AddFolder(L"C:\\Empty");
-        std::thread listener([&] {
-            EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP, i));
-            EXPECT_TRUE(job.IsFinished()) << i;
-        });
-        // The worker may well be at its end before the dialog exists.
         EXPECT_TRUE(job.Start()) << i;
         EXPECT_TRUE(job.IsFinished()) << i;
-        listener.join();
-        if (HasFailure())
-            break;
+        EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP, i));
     }
+}
+
+// Whether the job was finished each time that its owner was enabled: at first by the worker, from within its
+// call that ends the dialog.
+std::vector<bool> finishedWhenEnabled;
+
+LRESULT CALLBACK AskingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ENABLE && wParam != FALSE)
+        finishedWhenEnabled.push_back(watched->IsFinished());
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST_F(ListMakerWithUITest, IsFinishedBeforeItsDialogEnds) {
+    const HWND asking = FakeWin::CreatePlainWindow(AskingProcedure);
+    {
+        Job job(asking);
+        watched = &job;
+        finishedWhenEnabled.clear();
+        job.AtTheBeginning = [] { WaitForDialog(); };
+        EXPECT_TRUE(job.Start());
+    }
+    EXPECT_FALSE(finishedWhenEnabled.empty());
+    for (const bool finished : finishedWhenEnabled)
+        EXPECT_TRUE(finished);
+    DestroyWindow(asking);
 }
 
 TEST_F(ListMakerWithUITest, GoesOnAloneInTheBackground) {
