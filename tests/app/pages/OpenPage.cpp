@@ -38,22 +38,6 @@ std::unique_ptr<Preset> LoadPreset() {
     return preset;
 }
 
-HostWindow::HostWindow() : Application(GetModuleHandleW(nullptr), L"", SW_SHOW) {
-    const INITCOMMONCONTROLSEX classes = {
-        sizeof(classes), ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES | ICC_PROGRESS_CLASS | ICC_BAR_CLASSES};
-    InitCommonControlsEx(&classes);
-    // #32770 is the class of dialogs.
-    Handle = CreateWindowExW(WS_EX_CONTROLPARENT, L"#32770", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
-                             640, 480, nullptr, nullptr, Application.Instance, nullptr);
-}
-
-HostWindow::~HostWindow() {
-    DestroyWindow(Handle);
-    MSG left;
-    while (PeekMessageW(&left, nullptr, 0, 0, PM_REMOVE))
-        DispatchMessageW(&left);
-}
-
 OpenPage::OpenPage(const PageKind& kind) : page(kind.make(preset.get())) {
     WinLib::CreateModeless(host_.Application, window, *page, kind.dialog, host_.Handle,
                            host_.Application.Instance);

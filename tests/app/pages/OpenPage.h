@@ -6,13 +6,13 @@
 #include <optional>
 #include <string>
 
+#include "HostWindow.h"
 #include "TreeReader.h"
 #include "pages/PropertyController.h"
 #include "settings/Preset.h"
 #include "support/TestRegistry.h"
 #include "support/ui/Input.h"
 #include "support/ui/MessagePump.h"
-#include "winlib/Application.h"
 
 struct PageKind {
     const char* name;
@@ -33,17 +33,6 @@ inline const std::wstring PresetKey = L"Software\\Tamblewick\\page";
 
 // A preset with default values, and then with what the registry holds of it.
 std::unique_ptr<Preset> LoadPreset();
-
-class HostWindow {
-public:
-    HostWindow();
-    HostWindow(const HostWindow&) = delete;
-    HostWindow& operator=(const HostWindow&) = delete;
-    ~HostWindow();
-
-    HWND Handle;
-    WinLib::Application Application;
-};
 
 class OpenPage {
 public:
