@@ -23,12 +23,6 @@ inline Preset MakePreset() {
     return MakeJobPreset(L"C:\\Lists", OpenMethod::Default);
 }
 
-class Job : public TestJob {
-public:
-    explicit Job(HWND ownerWindow, const std::wstring& listedPath = Folder)
-        : TestJob(ownerWindow, MakePreset(), listedPath) {}
-};
-
 struct Fixture : testing::Test {
     Fixture() : owner(FakeWin::CreatePlainWindow(L"Owner")) {
         FakeWin::AddFile(std::wstring(Folder) + L"\\inside.txt", 1);

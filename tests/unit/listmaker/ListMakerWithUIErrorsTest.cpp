@@ -5,7 +5,8 @@
 #include "winlib/Win32Error.h"
 
 using FakeWin::Call;
-using JobTest::Job;
+using JobTest::Folder;
+using JobTest::MakePreset;
 
 namespace {
 
@@ -22,7 +23,7 @@ TEST_F(ListMakerWithUIErrors, StandOnTheDialogUnderItsTitle) {
         shown = dialog;
         SetWindowTextW(dialog, L"A title");
     });
-    Job job(owner, Missing);
+    TestJob job(owner, MakePreset(), Missing);
     job.AtTheBeginning = [] { WaitForDialog(); };
     EXPECT_TRUE(job.Start());
     const std::vector<FakeWin::MessageBoxCall> boxes = FakeWin::MessageBoxes();
@@ -38,7 +39,7 @@ TEST_F(ListMakerWithUIErrors, StandOnTheDialogUnderItsTitle) {
 }
 
 TEST_F(ListMakerWithUIErrors, PostTheEndMessageTwice) {
-    Job job(owner, Missing);
+    TestJob job(owner, MakePreset(), Missing);
     job.AtTheBeginning = [] { WaitForDialog(); };
     EXPECT_TRUE(job.Start());
     EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP, 2));
@@ -46,7 +47,7 @@ TEST_F(ListMakerWithUIErrors, PostTheEndMessageTwice) {
 }
 
 TEST_F(ListMakerWithUIErrors, KeepTheDialogWhileTheirBoxIsUp) {
-    Job job(owner, Missing);
+    TestJob job(owner, MakePreset(), Missing);
     FakeWin::OnMessageBox([&](const FakeWin::MessageBoxCall&) {
         EXPECT_FALSE(job.IsCancelled()) << "the dialog is taken";
         EXPECT_EQ(EndMessages(), 0);
@@ -73,7 +74,7 @@ TEST_F(ListMakerWithUIErrors, StandOnTheOwnerInTheBackground) {
     ClickWhenShown(IDC_PROGRESS_BACKGROUND);
     std::promise<void> go;
     {
-        Job job(owner, Missing);
+        TestJob job(owner, MakePreset(), Missing);
         job.AtTheBeginning = [start = go.get_future().share()] { start.wait(); };
         EXPECT_FALSE(job.Start());
         go.set_value();
@@ -86,7 +87,7 @@ TEST_F(ListMakerWithUIErrors, StandAloneInTheBackgroundWithoutAnOwner) {
     ClickWhenShown(IDC_PROGRESS_BACKGROUND);
     std::promise<void> go;
     {
-        Job job(nullptr, Missing);
+        TestJob job(nullptr, MakePreset(), Missing);
         job.AtTheBeginning = [start = go.get_future().share()] { start.wait(); };
         EXPECT_FALSE(job.Start());
         go.set_value();
@@ -98,7 +99,7 @@ TEST_F(ListMakerWithUIErrors, StandAloneInTheBackgroundWithoutAnOwner) {
 TEST_F(ListMakerWithUIErrors, StandOnTheOwnerIfThereNeverWasADialog) {
     FakeWin::FailNth(Call::DialogBoxParamW, 1, ERROR_NOT_ENOUGH_MEMORY);
     {
-        ListMakerWithUI job(owner, JobTest::MakePreset(), Missing);
+        ListMakerWithUI job(owner, MakePreset(), Missing);
         EXPECT_THROW(job.Start(), WinLib::Win32Error);
     }
     ExpectBoxOnTheOwner(owner);
@@ -106,7 +107,7 @@ TEST_F(ListMakerWithUIErrors, StandOnTheOwnerIfThereNeverWasADialog) {
 }
 
 TEST_F(ListMakerWithUIErrors, StandOnTheOwnerAsLongAsTheDialogHasNoWindow) {
-    ListMakerWithUI job(owner, JobTest::MakePreset(), Missing);
+    ListMakerWithUI job(owner, MakePreset(), Missing);
     job.OnProgress(L"one", L"two");
     EXPECT_FALSE(job.IsCancelled());
     job.OnError(MissingMessage);
@@ -116,7 +117,7 @@ TEST_F(ListMakerWithUIErrors, StandOnTheOwnerAsLongAsTheDialogHasNoWindow) {
 
 TEST_F(ListMakerWithUIErrors, DelayTheReturnOfStartUntilTheyAreAnswered) {
     FakeWin::HoldMessageBoxes();
-    Job job(owner, Missing);
+    TestJob job(owner, MakePreset(), Missing);
     job.AtTheBeginning = [] { WaitForDialog(); };
     std::atomic<bool> returned = false;
     std::thread user([&] {
@@ -146,7 +147,7 @@ TEST_F(ListMakerWithUIErrors, CanBeAnsweredWhileTheOwnerWaitsForTheJob) {
     });
     std::promise<void> go;
     {
-        ListMakerWithUI job(owner, JobTest::MakePreset(), JobTest::Folder);
+        ListMakerWithUI job(owner, MakePreset(), Folder);
         FakeWin::OnShellExecute([&, start = go.get_future().share()](const FakeWin::ShellExecution&) {
             start.wait();
             job.OnError(L"late");

@@ -6,15 +6,16 @@
 #include "winlib/Win32Error.h"
 
 using FakeWin::Call;
-using JobTest::Job;
+using JobTest::Folder;
 using JobTest::List;
+using JobTest::MakePreset;
 
 namespace {
 
 using ListMakerWithUITest = JobTest::Fixture;
 
 TEST_F(ListMakerWithUITest, ClosesItsDialogByItselfAtTheEnd) {
-    ListMakerWithUI job(owner, JobTest::MakePreset(), JobTest::Folder);
+    ListMakerWithUI job(owner, MakePreset(), Folder);
     EXPECT_TRUE(job.Start());
     EXPECT_TRUE(job.IsFinished());
     EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP));
@@ -26,7 +27,7 @@ TEST_F(ListMakerWithUITest, ClosesItsDialogByItselfAtTheEnd) {
 }
 
 TEST_F(ListMakerWithUITest, ShowsWhatTheWorkerDoes) {
-    Job job(owner);
+    TestJob job(owner, MakePreset(), Folder);
     job.AtTheBeginning = [&] {
         const HWND dialog = WaitForDialog();
         EXPECT_EQ(WinLib::GetWindowText(dialog), L"Tamblewick");
@@ -57,7 +58,7 @@ TEST_F(ListMakerWithUITest, ClosesAThousandTimesIfItEndsBeforeItsDialogExists) {
     const HWND awaiting = FakeWin::CreatePlainWindow(AwaitingProcedure);
     FakeWin::AddFolder(L"C:\\Empty");
     for (int i = 1; i <= 1000 && !HasFailure(); i++) {
-        ListMakerWithUI job(awaiting, JobTest::MakePreset(), L"C:\\Empty");
+        ListMakerWithUI job(awaiting, MakePreset(), L"C:\\Empty");
         watched = &job;
         EXPECT_TRUE(job.Start()) << i;
         EXPECT_TRUE(FakeWin::WaitForPosted(awaiting, WM_APP, i));
@@ -68,7 +69,7 @@ TEST_F(ListMakerWithUITest, ClosesAThousandTimesIfItEndsBeforeItsDialogExists) {
 TEST_F(ListMakerWithUITest, EndsAThousandTimesAtAnyMoment) {
     FakeWin::AddFolder(L"C:\\Empty");
     for (int i = 1; i <= 1000 && !HasFailure(); i++) {
-        ListMakerWithUI job(owner, JobTest::MakePreset(), L"C:\\Empty");
+        ListMakerWithUI job(owner, MakePreset(), L"C:\\Empty");
         EXPECT_TRUE(job.Start()) << i;
         EXPECT_TRUE(job.IsFinished()) << i;
         EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP, i));
@@ -88,7 +89,7 @@ LRESULT CALLBACK AskingProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 TEST_F(ListMakerWithUITest, IsFinishedBeforeItsDialogEnds) {
     const HWND asking = FakeWin::CreatePlainWindow(AskingProcedure);
     {
-        Job job(asking);
+        TestJob job(asking, MakePreset(), Folder);
         watched = &job;
         finishedWhenEnabled.clear();
         job.AtTheBeginning = [] { WaitForDialog(); };
@@ -102,7 +103,7 @@ TEST_F(ListMakerWithUITest, IsFinishedBeforeItsDialogEnds) {
 
 TEST_F(ListMakerWithUITest, GoesOnAloneInTheBackground) {
     std::promise<void> go;
-    Job job(owner);
+    TestJob job(owner, MakePreset(), Folder);
     job.AtTheBeginning = [&, start = go.get_future().share()] {
         start.wait();
         job.OnProgress(L"one", L"two");
@@ -122,7 +123,7 @@ TEST_F(ListMakerWithUITest, GoesOnAloneInTheBackground) {
 }
 
 TEST_F(ListMakerWithUITest, EndsWithoutAListWhenCancelled) {
-    Job job(owner);
+    TestJob job(owner, MakePreset(), Folder);
     job.AtTheBeginning = [&] {
         const HWND dialog = WaitForDialog();
         EXPECT_FALSE(job.IsCancelled());
@@ -140,7 +141,7 @@ TEST_F(ListMakerWithUITest, EndsWithoutAListWhenCancelled) {
 }
 
 TEST_F(ListMakerWithUITest, KeepsAListThatWasCancelledWhileItWasWritten) {
-    Job job(owner);
+    TestJob job(owner, MakePreset(), Folder);
     job.AtTheDocument = [&] { EXPECT_TRUE(FakeWin::Click(WaitForDialog(), IDC_PROGRESS_CANCEL)); };
     EXPECT_TRUE(job.Start());
     EXPECT_TRUE(FakeWin::EntryExists(List));
@@ -149,7 +150,7 @@ TEST_F(ListMakerWithUITest, KeepsAListThatWasCancelledWhileItWasWritten) {
 
 TEST_F(ListMakerWithUITest, ForgetsACancelThatGoesToTheBackground) {
     std::promise<void> go;
-    Job job(owner);
+    TestJob job(owner, MakePreset(), Folder);
     job.AtTheBeginning = [&, start = go.get_future().share()] {
         start.wait();
         EXPECT_FALSE(job.IsCancelled());
@@ -166,7 +167,7 @@ TEST_F(ListMakerWithUITest, ForgetsACancelThatGoesToTheBackground) {
 }
 
 TEST_F(ListMakerWithUITest, PostsNothingWithoutAnOwner) {
-    Job job(nullptr, L"C:\\missing");
+    TestJob job(nullptr, MakePreset(), L"C:\\missing");
     job.AtTheBeginning = [&] { EXPECT_EQ(GetWindowLongPtrW(WaitForDialog(), GWLP_HWNDPARENT), 0); };
     EXPECT_TRUE(job.Start());
     EXPECT_EQ(FakeWin::MessageBoxes().size(), 1u);
@@ -177,7 +178,7 @@ TEST_F(ListMakerWithUITest, PostsNothingWithoutAnOwner) {
 TEST_F(ListMakerWithUITest, IsWaitedForInTheBackground) {
     ClickWhenShown(IDC_PROGRESS_BACKGROUND);
     {
-        ListMakerWithUI job(nullptr, JobTest::MakePreset(), JobTest::Folder);
+        ListMakerWithUI job(nullptr, MakePreset(), Folder);
         job.Start();
     }
     EXPECT_TRUE(FakeWin::EntryExists(List));
@@ -185,7 +186,7 @@ TEST_F(ListMakerWithUITest, IsWaitedForInTheBackground) {
 }
 
 TEST_F(ListMakerWithUITest, NeedsNoStart) {
-    { ListMakerWithUI job(owner, JobTest::MakePreset(), JobTest::Folder); }
+    { ListMakerWithUI job(owner, MakePreset(), Folder); }
     EXPECT_FALSE(FakeWin::EntryExists(List));
     EXPECT_EQ(EndMessages(), 0);
 }
@@ -193,7 +194,7 @@ TEST_F(ListMakerWithUITest, NeedsNoStart) {
 TEST_F(ListMakerWithUITest, ListsOnWhenTheDialogCannotBeOpened) {
     FakeWin::FailNth(Call::DialogBoxParamW, 1, ERROR_NOT_ENOUGH_MEMORY);
     {
-        ListMakerWithUI job(owner, JobTest::MakePreset(), JobTest::Folder);
+        ListMakerWithUI job(owner, MakePreset(), Folder);
         try {
             job.Start();
             ADD_FAILURE() << "no exception";

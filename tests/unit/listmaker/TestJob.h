@@ -18,10 +18,10 @@ inline Preset MakeJobPreset(const std::wstring& listFolder, OpenMethod openMetho
     return preset;
 }
 
-class TestJob : public ListMakerWithUI {
+class TestJob final : public ListMakerWithUI {
 public:
     using ListMakerWithUI::ListMakerWithUI;
-    // As the product's, for the worker calls the operations of this class too.
+    // As the product's, for the worker calls the operations of this class too. No class derives from it.
     ~TestJob() override {
         if (worker.joinable())
             WinLib::WaitServingSentMessages([this] { return IsFinished(); });
