@@ -70,6 +70,8 @@ bool SplitterCtrl::HandleMouseMove(int x, int y, WPARAM keys) {
     RightSizer->Arrange(right);
     MoveWindow(Handle, splitterRect_.left + shift, splitterRect_.top, Width(splitterRect_),
                splitterRect_.bottom - splitterRect_.top, TRUE);
+    // A control keeps its picture when it moves, and with it what the other side has been drawn over it.
+    RedrawWindow(GetParent(Handle), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     return true;
 }
 
