@@ -6,7 +6,7 @@ cd "$(dirname "$(readlink -f "$0")")"
 . scripts/common.sh
 
 install_packages "${buildPackages[@]}" "${winePackages[@]}" \
-    g++ clang libclang-rt-14-dev libbenchmark-dev tzdata
+    g++ clang libclang-rt-14-dev libbenchmark-dev unzip
 
 # What the threads of a job touch; the rest has one thread.
 threadedTests=(unit_progress unit_listmaker)
@@ -28,6 +28,10 @@ run_tests() {
 run_tests native
 run_tests native-asan
 run_tests native-tsan -R "^($(IFS='|'; echo "${threadedTests[*]}"))\$"
+
+./package.sh
+rm -rf 'build/portable copy v4.0'
+unzip -q -d 'build/portable copy v4.0' build/packages/*-portable.zip
 
 trap stop_wine EXIT
 use_wine wine-test

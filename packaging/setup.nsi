@@ -93,6 +93,8 @@ SectionEnd
 !macroend
 
 Section Uninstall
+    ; A folder in which a program still stands cannot be removed.
+    SetOutPath "$TEMP"
     !insertmacro Unregister
     Delete "$SMPROGRAMS\Tamblewick.lnk"
     !insertmacro MakeWay "tamblewick.exe"
