@@ -76,6 +76,15 @@ TEST(OutOfMemory, SortsAllTheSame) {
     }
 }
 
+TEST(OutOfMemory, TakesNoneForASingleEntry) {
+    TestTree tree({AFolder(L"only"), AFile(L"one")});
+    const Comparator byName({{Comparison::Name, true}}, false, false);
+    const ScarceMemory scarce(1);
+    SortFiles(tree.Root().files, byName);
+    SortFolders(tree.Root().folders, byName);
+    EXPECT_FALSE(ScarceMemory::HasStruck()) << "there is nothing to sort";
+}
+
 // What is left of a scan goes when there is no memory to be had.
 TEST(OutOfMemory, DestroysATreeAllTheSame) {
     TestTree tree({AFolder(L"a", {AFolder(L"b", {AFile(L"x"), AFolder(L"c")}), AFolder(L"d")})});
