@@ -13,7 +13,7 @@ namespace FakeWin {
 namespace {
 
 // The first pass: punctuation in this order, then digits, then letters, then everything else by number.
-constexpr std::wstring_view Punctuation = L" _,;:!?.\"()[]{}@*/\\&#%`^+<=>|~$";
+constexpr std::wstring_view Punctuation = L" !\"#$%&()*,./:;?@[\\]^_`{|}~+<=>";
 constexpr std::wstring_view Skipped = L"-'";
 constexpr int DigitWeight = 0x100;
 constexpr int LetterWeight = 0x200;
@@ -25,7 +25,7 @@ constexpr std::wstring_view Latin1Bases = L"aaaaaaaceeeeiiiidnooooo ouuuuyty";
 // One place of a text: a character, or a run of digits as one number.
 struct Element {
     int weight = 0;
-    int accent = 0;
+    int accent = 0;  // of a number less than 0: one for each leading zero, so that 01 stands before 1
     int upper = 0;
     std::wstring_view digits;  // of a number, without leading zeros
 };
@@ -57,7 +57,9 @@ private:
         Element element;
         element.weight = DigitWeight;
         element.digits = rest_.substr(0, length);
-        element.digits.remove_prefix(std::min(element.digits.find_first_not_of(L'0'), length));
+        const size_t zeros = std::min(element.digits.find_first_not_of(L'0'), length);
+        element.digits.remove_prefix(zeros);
+        element.accent = -static_cast<int>(zeros);
         rest_.remove_prefix(length);
         return element;
     }
