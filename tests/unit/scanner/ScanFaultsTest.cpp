@@ -6,7 +6,6 @@
 
 #include "FakeWin.h"
 #include "scanner/Scan.h"
-#include "support/Text.h"
 #include "unit/scanner/RecordingListener.h"
 #include "unit/scanner/TestTree.h"
 

@@ -6,12 +6,10 @@
 
 #include "FakeWin.h"
 #include "scanner/Scan.h"
-#include "support/Text.h"
 #include "unit/scanner/RecordingListener.h"
 #include "unit/scanner/TestTree.h"
 
 using namespace Scanner;
-using FakeWin::Call;
 
 namespace {
 

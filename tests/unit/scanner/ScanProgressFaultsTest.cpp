@@ -58,11 +58,9 @@ TEST_F(ScanProgress, IsSilentInAShortWalk) {
 }
 
 TEST_F(ScanProgress, IsSilentForFiftyMilliseconds) {
-    // Two readings of the clock lie between the start and the folder a.
     FakeWin::SetTickStep(25);
-    options.recursive = true;
     EXPECT_TRUE(Run());
-    // 25, 50, then 75 for b, which counts anew: 25 for c.
+    // 25 since the start at C:\Data, 50 at a, 75 at b; from there 25 at c.
     EXPECT_EQ(CallsOfTheWalk(), (Names{Scanning(L"C:\\Data\\b"), Cancelled}));
 }
 
@@ -87,7 +85,7 @@ TEST_F(ScanProgress, SurvivesTheEndOfTheClock) {
     FakeWin::SetTickCount(0xFFFFFFFF);
     FakeWin::SetTickStep(30);
     EXPECT_TRUE(Run());
-    // 29 after the wrap is 30 past the start, 59 is 60.
+    // 30 since the start at C:\Data, where the clock stands at 29; 60 at a; from there 30 at b, 60 at c.
     EXPECT_EQ(CallsOfTheWalk(),
               (Names{Scanning(L"C:\\Data\\a"), Cancelled, Scanning(L"C:\\Data\\c"), Cancelled}));
 }
