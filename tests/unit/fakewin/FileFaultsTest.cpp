@@ -180,7 +180,8 @@ TEST(FakeFiles, OpeningAndWritingCanFail) {
 }
 
 TEST(FakeFiles, ProtectedFilesAreNotReplaced) {
-    for (const DWORD attribute : {1u, 2u, 4u}) {
+    for (const DWORD attribute : std::initializer_list<DWORD>{FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN,
+                                                              FILE_ATTRIBUTE_SYSTEM}) {
         FakeWin::AddFile(L"C:\\Temp\\list.txt", std::string("kept"), attribute);
         EXPECT_EQ(OpenList(), nullptr) << attribute;
         EXPECT_EQ(FakeWin::Contents(L"C:\\Temp\\list.txt"), "kept");
