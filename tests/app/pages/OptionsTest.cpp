@@ -18,18 +18,27 @@ using TestSupport::TestRegistry;
 
 namespace {
 
-// The three keys by which the context menu is registered, in the view of all users.
+// The three keys by which the context menu is registered, in the view of all users, and the handler's module,
+// which is missing unless a test puts it in its place.
 class Registration {
 public:
-    Registration() { Remove(); }
-    ~Registration() { Remove(); }
+    explicit Registration(const ShellExtension& shell) : modulePath_(shell.ModulePath) { Remove(); }
+    ~Registration() {
+        Remove();
+        DeleteFileW(modulePath_.c_str());
+    }
     Registration(const Registration&) = delete;
     Registration& operator=(const Registration&) = delete;
 
-    void Write(const ShellExtension& shell) const {
-        Set(FolderKey, shell.ClassId);
-        Set(DriveKey, shell.ClassId);
-        Set(ClassKey + L"\\InProcServer32", shell.ModulePath);
+    void Write() const {
+        Set(FolderKey, ClassId);
+        Set(DriveKey, ClassId);
+        Set(ClassKey + L"\\InProcServer32", modulePath_);
+    }
+
+    void InstallModule() const {
+        const std::wstring folder = modulePath_.substr(0, modulePath_.rfind(L'\\') + 1);
+        ASSERT_TRUE(CopyFileW((folder + L"handler_module.dll").c_str(), modulePath_.c_str(), FALSE));
     }
 
     void Remove() const {
@@ -50,7 +59,9 @@ private:
 
     const std::wstring FolderKey = L"Directory\\shellex\\ContextMenuHandlers\\Tamblewick";
     const std::wstring DriveKey = L"Drive\\shellex\\ContextMenuHandlers\\Tamblewick";
-    const std::wstring ClassKey = L"CLSID\\{5E2C81D4-3B7F-4A16-9C0E-7F41D2A96B3C}";
+    const std::wstring ClassId = L"{5E2C81D4-3B7F-4A16-9C0E-7F41D2A96B3C}";
+    const std::wstring ClassKey = L"CLSID\\" + ClassId;
+    const std::wstring modulePath_;
 };
 
 class OptionsTest : public testing::Test {
@@ -77,16 +88,16 @@ protected:
     }
 
     TestRegistry registry;
-    Registration registration;
     HostWindow host;
     MainSettings settings;
+    Registration registration{settings.Shell};
 };
 
 TEST_F(OptionsTest, BoxesShowSettingAndRegistration) {
     for (const bool on : {false, true}) {
         settings.Get<bool>(MainSettings::ConfirmExit) = on;
         if (on)
-            registration.Write(settings.Shell);
+            registration.Write();
         Run([on](HWND dialog) {
             EXPECT_EQ(IsTicked(dialog, IDC_OPTIONS_CONFIRM_EXIT), on);
             EXPECT_EQ(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU), on);
@@ -121,8 +132,21 @@ TEST_F(OptionsTest, EveryWayOfClosingHasItsResult) {
               1);
 }
 
+TEST_F(OptionsTest, BoxRegistersAndRemovesTheModule) {
+    registration.InstallModule();
+    Run([this](HWND dialog) {
+        EXPECT_TRUE(SwitchContextMenu(dialog).empty());
+        EXPECT_TRUE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
+        EXPECT_TRUE(settings.Shell.IsRegistered());
+        EXPECT_TRUE(SwitchContextMenu(dialog).empty());
+        EXPECT_FALSE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
+        EXPECT_FALSE(settings.Shell.IsRegistered());
+        Close(dialog);
+    });
+}
+
 TEST_F(OptionsTest, FailedRegistrationIsToldAndTheBoxGoesBack) {
-    Run([this, dialogHost = host.Handle](HWND dialog) {
+    Run([](HWND dialog) {
         const auto messages = SwitchContextMenu(dialog);
         ASSERT_EQ(messages.size(), 1U);
         EXPECT_EQ(messages[0].caption, L"Tamblewick");
@@ -137,7 +161,7 @@ TEST_F(OptionsTest, FailedRegistrationIsToldAndTheBoxGoesBack) {
 }
 
 TEST_F(OptionsTest, FailedRemovalIsToldAndTheBoxGoesBack) {
-    registration.Write(settings.Shell);
+    registration.Write();
     Run([](HWND dialog) {
         const auto messages = SwitchContextMenu(dialog);
         ASSERT_EQ(messages.size(), 1U);
@@ -153,7 +177,7 @@ TEST_F(OptionsTest, FailedRemovalIsToldAndTheBoxGoesBack) {
 
 TEST_F(OptionsTest, ClickThatFindsTheWantedStateSaysNothing) {
     Run([this](HWND dialog) {
-        registration.Write(settings.Shell);
+        registration.Write();
         EXPECT_TRUE(SwitchContextMenu(dialog).empty());
         EXPECT_TRUE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
         registration.Remove();
