@@ -8,15 +8,16 @@
 
 namespace {
 
-// An ampersand in a menu marks the next character, unless it is doubled.
+// A menu takes an ampersand as the mark of the next character, unless it is doubled, and a tab as the way to
+// a second column.
 std::wstring MenuText(const std::wstring& text) {
-    std::wstring escaped;
+    std::wstring shown;
     for (const wchar_t c : text) {
-        escaped += c;
+        shown += c == L'\t' ? L' ' : c;
         if (c == L'&')
-            escaped += c;
+            shown += c;
     }
-    return escaped;
+    return shown;
 }
 
 WinLib::UniqueHandle<HMENU> MakeSubmenu(const PresetMenu& entries, UINT firstId) {

@@ -403,6 +403,41 @@ TEST_F(ContextMenuTest, DamagedPresetsLeaveTheShellAlone) {
     EXPECT_EQ(menu.Entries(), std::vector<Shown>{});
 }
 
+TEST_F(ContextMenuTest, NamesAreShownAsTheyAre) {
+    const std::wstring longName(300, L'n');
+    AddPreset(L"aaa", L"A & B && C", 4);
+    AddPreset(L"bbb", L"left\tright", 3);
+    AddPreset(L"ccc", longName, 2);
+    AddPreset(L"ddd", L"", 1);
+    const std::vector<Shown> entries = Menu({folder_.Path(L"Two")}).Entries();
+    ASSERT_EQ(entries.size(), 6u);
+    EXPECT_EQ(entries[0].text, L"A && B &&&& C");
+    EXPECT_EQ(entries[1].text, L"left right");
+    EXPECT_EQ(entries[2].text, longName);
+    EXPECT_EQ(entries[3].text, L"");
+}
+
+TEST_F(ContextMenuTest, FiveHundredPresetsHaveFiveHundredEntries) {
+    for (uint32_t i = 1; i <= 500; ++i)
+        registry_.SetDword(std::wstring(Root) + L"\\p" + std::to_wstring(i), L"Position", i);
+    const Menu menu({folder_.Path(L"Two")}, CMF_NORMAL, FirstId + 1000);
+    EXPECT_EQ(menu.queried, MAKE_HRESULT(SEVERITY_SUCCESS, 0, 501));
+    ASSERT_EQ(menu.Entries().size(), 502u);
+    EXPECT_EQ(menu.Entries()[0], (Shown{L"New Preset", FirstId}));
+    EXPECT_EQ(menu.Entries()[501], (Shown{L"Open Tamblewick...", FirstId + 500}));
+}
+
+TEST_F(ContextMenuTest, KeysWithValuesOfWrongTypesKeepTheDefaults) {
+    const std::wstring key = std::wstring(Root) + L"\\aaa";
+    registry_.SetDword(key, L"Name", 7);
+    registry_.SetString(key, L"Position", L"high");
+    registry_.CreateKey(std::wstring(Root) + L"\\Not a preset\\deeper");
+    const std::vector<Shown> entries = Menu({folder_.Path(L"Two")}).Entries();
+    ASSERT_EQ(entries.size(), 4u);
+    EXPECT_EQ(entries[0].text, L"New Preset");
+    EXPECT_EQ(entries[1].text, L"New Preset");
+}
+
 TEST_F(ContextMenuTest, KeysWithAQuoteHaveNoEntry) {
     AddPreset(L"a\"b", L"Quoted", 2);
     AddPreset(L"aaa", L"First", 1);
