@@ -14,13 +14,20 @@ namespace {
 
 // The first pass: punctuation in this order, then digits, then letters, then everything else by number.
 constexpr std::wstring_view Punctuation = L" !\"#$%&()*,./:;?@[\\]^_`{|}~+<=>";
-constexpr std::wstring_view Skipped = L"-'";
 constexpr int DigitWeight = 0x100;
 constexpr int LetterWeight = 0x200;
 constexpr int OtherWeight = 0x1000;
 
 // What the lower-case letters E0 to FF are without their accents; a blank stands for no letter.
 constexpr std::wstring_view Latin1Bases = L"aaaaaaaceeeeiiiidnooooo ouuuuyty";
+
+bool IsSkipped(wchar_t unit) {
+    return unit == L'-' || unit == L'\'';
+}
+
+bool IsDigit(wchar_t unit) {
+    return unit >= L'0' && unit <= L'9';
+}
 
 // One place of a text: a character, or a run of digits as one number.
 struct Element {
@@ -30,13 +37,45 @@ struct Element {
     std::wstring_view digits;  // of a number, without leading zeros
 };
 
+Element ElementOf(wchar_t unit) {
+    Element element;
+    const wchar_t lower = Internal::Lower(unit);
+    element.upper = lower != unit;
+    const size_t place = Punctuation.find(unit);
+    if (place != std::wstring_view::npos) {
+        element.weight = 1 + static_cast<int>(place);
+    } else if (IsDigit(unit)) {
+        element.weight = DigitWeight + unit - L'0';
+    } else if (lower >= L'a' && lower <= L'z') {
+        element.weight = LetterWeight + lower;
+    } else if (lower >= 0xDF && lower <= 0xFF && lower != 0xF7) {
+        element.weight =
+            LetterWeight + (lower == 0xDF ? L's' : Latin1Bases[static_cast<size_t>(lower - 0xE0)]);
+        element.accent = lower;
+    } else {
+        element.weight = OtherWeight + lower;
+    }
+    return element;
+}
+
+// The elements of Latin-1, of which most texts consist.
+const std::array<Element, 256>& Latin1Elements() {
+    static const auto elements = [] {
+        std::array<Element, 256> all;
+        for (size_t unit = 0; unit < all.size(); ++unit)
+            all[unit] = ElementOf(static_cast<wchar_t>(unit));
+        return all;
+    }();
+    return elements;
+}
+
 class Reader {
 public:
     Reader(std::wstring_view text, bool numbers) : rest_(text), numbers_(numbers) {}
 
     // The next element, or one of weight 0 at the end.
     Element Next() {
-        while (!rest_.empty() && Skipped.find(rest_[0]) != std::wstring_view::npos)
+        while (!rest_.empty() && IsSkipped(rest_[0]))
             rest_.remove_prefix(1);
         if (rest_.empty())
             return {};
@@ -44,12 +83,10 @@ public:
         if (numbers_ && IsDigit(unit))
             return Number();
         rest_.remove_prefix(1);
-        return Single(unit);
+        return unit >= 0 && unit < 256 ? latin1_[static_cast<size_t>(unit)] : ElementOf(unit);
     }
 
 private:
-    static bool IsDigit(wchar_t unit) { return unit >= L'0' && unit <= L'9'; }
-
     Element Number() {
         size_t length = 0;
         while (length < rest_.size() && IsDigit(rest_[length]))
@@ -64,29 +101,9 @@ private:
         return element;
     }
 
-    static Element Single(wchar_t unit) {
-        Element element;
-        const wchar_t lower = Internal::Lower(unit);
-        element.upper = lower != unit;
-        const size_t place = Punctuation.find(unit);
-        if (place != std::wstring_view::npos) {
-            element.weight = 1 + static_cast<int>(place);
-        } else if (IsDigit(unit)) {
-            element.weight = DigitWeight + unit - L'0';
-        } else if (lower >= L'a' && lower <= L'z') {
-            element.weight = LetterWeight + lower;
-        } else if (lower >= 0xDF && lower <= 0xFF && lower != 0xF7) {
-            element.weight =
-                LetterWeight + (lower == 0xDF ? L's' : Latin1Bases[static_cast<size_t>(lower - 0xE0)]);
-            element.accent = lower;
-        } else {
-            element.weight = OtherWeight + lower;
-        }
-        return element;
-    }
-
     std::wstring_view rest_;
     bool numbers_;
+    const std::array<Element, 256>& latin1_ = Latin1Elements();
 };
 
 int Order(int first, int second) {
@@ -102,16 +119,17 @@ int CompareElements(const Element& first, const Element& second) {
     return Order(first.digits.compare(second.digits), 0);
 }
 
-// The last pass: the skipped characters by where they stand, a text without them first.
+// The last pass: the skipped characters by where they stand, a text without them first, the apostrophe before
+// the hyphen.
 int CompareSkipped(std::wstring_view first, std::wstring_view second) {
     const size_t length = std::min(first.size(), second.size());
     for (size_t i = 0; i < length; ++i) {
-        const bool one = Skipped.find(first[i]) != std::wstring_view::npos;
-        const bool other = Skipped.find(second[i]) != std::wstring_view::npos;
+        const bool one = IsSkipped(first[i]);
+        const bool other = IsSkipped(second[i]);
         if (one != other)
             return one ? 1 : -1;
         if (one && first[i] != second[i])
-            return Order(static_cast<int>(Skipped.find(second[i])), static_cast<int>(Skipped.find(first[i])));
+            return Order(first[i], second[i]);
     }
     return Order(static_cast<int>(first.size()), static_cast<int>(second.size()));
 }

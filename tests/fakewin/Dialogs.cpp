@@ -189,7 +189,7 @@ using namespace FakeWin::Internal;
 HWND CreateDialogParamW(HINSTANCE instance, LPCWSTR templateName, HWND owner, DLGPROC procedure,
                         LPARAM parameter) {
     const int templateId = TemplateId(templateName);
-    if (const DWORD fault = Enter(Call::CreateDialogParamW, std::to_wstring(templateId)))
+    if (const DWORD fault = Watched(Call::CreateDialogParamW, std::to_wstring(templateId)))
         return SetLastError(fault), nullptr;
     const HWND dialog = MakeDialog(instance, templateId, owner, procedure, parameter, false);
     if (dialog != nullptr)
@@ -200,7 +200,7 @@ HWND CreateDialogParamW(HINSTANCE instance, LPCWSTR templateName, HWND owner, DL
 INT_PTR DialogBoxParamW(HINSTANCE instance, LPCWSTR templateName, HWND owner, DLGPROC procedure,
                         LPARAM parameter) {
     const int templateId = TemplateId(templateName);
-    if (const DWORD fault = Enter(Call::DialogBoxParamW, std::to_wstring(templateId)))
+    if (const DWORD fault = Watched(Call::DialogBoxParamW, std::to_wstring(templateId)))
         return SetLastError(fault), -1;
     const bool ownerWasEnabled = owner != nullptr && IsWindowEnabled(owner);
     if (ownerWasEnabled)

@@ -133,7 +133,7 @@ void ResetMessageBoxes() {
 using namespace FakeWin;
 
 int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
-    if (const DWORD fault = Enter(Call::MessageBoxW, text != nullptr ? text : L""))
+    if (const DWORD fault = Watched(Call::MessageBoxW, text != nullptr ? text : L""))
         return SetLastError(fault), 0;
     const Answering answering = Show(owner, text, caption, type);
     if (owner != nullptr && !answering.call.ownerExisted)

@@ -41,6 +41,8 @@ TEST(FakeMessageBox, IsRecordedAndAnswered) {
     EXPECT_EQ(boxes[0].type, static_cast<UINT>(MB_ICONERROR));
     EXPECT_TRUE(boxes[0].ownerExisted);
     EXPECT_EQ(boxes[0].thread, std::this_thread::get_id());
+    EXPECT_EQ(FakeWin::Log().back().call, Call::MessageBoxW);
+    EXPECT_EQ(FakeWin::Log().back().subject, L"more");
     EXPECT_EQ(boxes[1].owner, nullptr);
     EXPECT_FALSE(boxes[1].ownerExisted);
     DestroyWindow(owner);
@@ -57,6 +59,13 @@ TEST(FakeMessageBox, DisablesItsOwnerWhileItIsUp) {
     EXPECT_FALSE(enabled);
     EXPECT_TRUE(IsWindowEnabled(owner));
     DestroyWindow(owner);
+}
+
+TEST(FakeMessageBox, CanFailToOpen) {
+    FakeWin::FailOn(Call::MessageBoxW, L"text", 8, 1);
+    EXPECT_EQ(MessageBoxW(nullptr, L"text", L"caption", MB_OK), 0);
+    EXPECT_EQ(GetLastError(), 8u);
+    EXPECT_TRUE(FakeWin::MessageBoxes().empty());
 }
 
 TEST(FakeMessageBox, AnOwnerThatIsGoneIsAnError) {
