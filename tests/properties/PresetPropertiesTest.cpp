@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include "properties/Random.h"
+#include "properties/RecordFields.h"
+#include "settings/MainSettings.h"
+#include "settings/metatypes/Memory.h"
+#include "support/TestRegistry.h"
+
+using MetaTypes::EnumRow;
+using MetaTypes::StoreAs;
+using MetaTypes::TypeCode;
+
+namespace {
+
+uint32_t AnyOf(Random& random, const EnumRow* rows) {
+    uint32_t count = 0;
+    while (rows[count].name != nullptr)
+        ++count;
+    return rows[random.Below(count)].value;
+}
+
+// Any value that the registry can hold: no text with a NUL in it, and no empty text in a list, which ends it.
+void FillRandomly(Random& random, const RecordField& field) {
+    switch (field.row->type) {
+        case TypeCode::Bool:
+            StoreAs(field.data, random.Bool());
+            break;
+        case TypeCode::Enumeration:
+            StoreAs(field.data, AnyOf(random, static_cast<const EnumRow*>(field.row->subTable)));
+            break;
+        case TypeCode::Int32:
+        case TypeCode::UInt32:
+            StoreAs(field.data, static_cast<uint32_t>(random.Bits()));
+            break;
+        case TypeCode::WideString:
+            *reinterpret_cast<std::wstring*>(field.data) = random.Text(300);
+            break;
+        case TypeCode::WideStringList: {
+            auto& list = *reinterpret_cast<std::vector<std::wstring>*>(field.data);
+            list.assign(random.Below(6), {});
+            for (std::wstring& text : list)
+                text = random.Text(20) + L"x";
+            break;
+        }
+        default:
+            ADD_FAILURE() << "a field of a type that is not filled";
+    }
+}
+
+void FillRandomly(Random& random, MetaTypes::Settings& settings) {
+    for (const RecordField& field : FieldsOf(settings))
+        FillRandomly(random, field);
+}
+
+TEST(PresetProperties, ASavedPresetReadsBackEqual) {
+    const TestSupport::TestRegistry registry;
+    ForRandomInputs(30, [](Random& random) {
+        Preset preset(L"random");
+        FillRandomly(random, preset);
+        EXPECT_TRUE(preset.Save());
+
+        Preset again(L"random");
+        FillRandomly(random, again);
+        EXPECT_TRUE(again.Load());
+        EXPECT_EQ(TextsOf(again), TextsOf(preset));
+    });
+}
+
+TEST(PresetProperties, TheApplicationsValuesReadBackEqual) {
+    const TestSupport::TestRegistry registry;
+    ForRandomInputs(100, [](Random& random) {
+        MainSettings settings;
+        FillRandomly(random, settings);
+        EXPECT_TRUE(settings.SaveMain());
+
+        MainSettings again;
+        EXPECT_TRUE(again.LoadAll());
+        EXPECT_EQ(TextsOf(again), TextsOf(settings));
+    });
+}
+
+TEST(PresetProperties, ACopyHasAllValuesAndAnAssignedPresetAllButThePosition) {
+    ForRandomInputs(100, [](Random& random) {
+        Preset preset(L"source");
+        FillRandomly(random, preset);
+        Preset copy(preset);
+        EXPECT_EQ(TextsOf(copy), TextsOf(preset));
+
+        Preset target(L"target");
+        FillRandomly(random, target);
+        const int32_t position = target.Get<int32_t>(Preset::Position);
+        target.Assign(preset);
+        EXPECT_EQ(target.Get<int32_t>(Preset::Position), position);
+        target.Get<int32_t>(Preset::Position) = preset.Get<int32_t>(Preset::Position);
+        EXPECT_EQ(TextsOf(target), TextsOf(preset));
+    });
+}
+
+}  // namespace
