@@ -46,37 +46,37 @@ bool SplitterCtrl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
 }
 
 bool SplitterCtrl::HandleLButtonDown(int x, int y, WPARAM) {
-    dragging_ = true;
+    Dragging = true;
     SetCapture(Handle);
-    dragStart_ = ToParent(Handle, {x, y});
-    splitterRect_ = RectInParent(Handle);
-    leftRect_ = LeftSizer->CurrentRect;
-    rightRect_ = RightSizer->CurrentRect;
+    DragStart = ToParent(Handle, {x, y});
+    SplitterRect = RectInParent(Handle);
+    LeftRect = LeftSizer->CurrentRect;
+    RightRect = RightSizer->CurrentRect;
     return true;
 }
 
 // Everything is reckoned from the start of the drag, so that the sizes do not drift.
 bool SplitterCtrl::HandleMouseMove(int x, int y, WPARAM keys) {
-    if (!dragging_ || !(keys & MK_LBUTTON))
+    if (!Dragging || !(keys & MK_LBUTTON))
         return true;
-    const LONG wanted = ToParent(Handle, {x, y}).x - dragStart_.x;
-    const LONG shift = std::clamp(wanted, -Slack(leftRect_, *LeftSizer), Slack(rightRect_, *RightSizer));
+    const LONG wanted = ToParent(Handle, {x, y}).x - DragStart.x;
+    const LONG shift = std::clamp(wanted, -Slack(LeftRect, *LeftSizer), Slack(RightRect, *RightSizer));
 
-    RECT left = leftRect_;
-    RECT right = rightRect_;
+    RECT left = LeftRect;
+    RECT right = RightRect;
     left.right += shift;
     right.left += shift;
     LeftSizer->Arrange(left);
     RightSizer->Arrange(right);
-    MoveWindow(Handle, splitterRect_.left + shift, splitterRect_.top, Width(splitterRect_),
-               splitterRect_.bottom - splitterRect_.top, TRUE);
+    MoveWindow(Handle, SplitterRect.left + shift, SplitterRect.top, Width(SplitterRect),
+               SplitterRect.bottom - SplitterRect.top, TRUE);
     // A control keeps its picture when it moves, and with it what the other side has been drawn over it.
     RedrawWindow(GetParent(Handle), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     return true;
 }
 
 bool SplitterCtrl::HandleLButtonUp(int, int, WPARAM) {
-    dragging_ = false;
+    Dragging = false;
     ReleaseCapture();
     return true;
 }

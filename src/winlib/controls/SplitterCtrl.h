@@ -29,11 +29,11 @@ public:
     Layout::Sizer* RightSizer = nullptr;
 
 private:
-    bool dragging_ = false;
-    POINT dragStart_ = {};  // as all below in client coordinates of the parent
-    RECT splitterRect_ = {};
-    RECT leftRect_ = {};
-    RECT rightRect_ = {};
+    bool Dragging = false;
+    POINT DragStart = {};  // as all below in client coordinates of the parent
+    RECT SplitterRect = {};
+    RECT LeftRect = {};
+    RECT RightRect = {};
 };
 
 }  // namespace WinLib

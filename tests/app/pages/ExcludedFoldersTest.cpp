@@ -138,6 +138,10 @@ TEST_F(ExcludedFoldersTest, EditedEntryIsStoredWhenTheEditEnds) {
     Ui::TypeKeys(open->pump, {VK_RETURN});
     EXPECT_EQ(Shown(), (Folders{L"a", L"*\\node_modules"}));
     EXPECT_EQ(Stored(), StringListValue({L"a", L"*\\node_modules"}));
+    // And only once: what is selected afterwards stores nothing.
+    ForgetStored();
+    Select(0);
+    EXPECT_FALSE(IsStored());
 }
 
 // Sent by hand, since Wine's list takes an empty text for a cancelled edit.

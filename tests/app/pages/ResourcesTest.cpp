@@ -1,7 +1,8 @@
 // The templates of the pages and dialogs as the resource holds them: every control with its class and text,
 // in the order of Tab, large enough for its text.
 
-#include "OpenPage.h"
+#include "HostWindow.h"
+#include "ResourceTable.h"
 
 #include <gtest/gtest.h>
 
@@ -9,147 +10,9 @@
 
 #include "resources/resource.h"
 #include "support/Text.h"
+#include "winlib/WindowText.h"
 
 namespace {
-
-struct ControlRow {
-    int id;
-    const wchar_t* className;
-    const wchar_t* text;
-    DWORD style;  // the bits that make the control what it is
-};
-
-struct DialogRow {
-    int id;
-    const wchar_t* title;
-    int width;  // in dialog units; 0 for the pages, which only share one size
-    int height;
-    std::vector<ControlRow> controls;
-};
-
-constexpr DWORD Group = BS_GROUPBOX;
-constexpr DWORD Check = BS_AUTOCHECKBOX;
-constexpr DWORD Radio = BS_AUTORADIOBUTTON;
-
-const DialogRow Dialogs[] = {
-    {IDD_MANAGE,
-     L"",
-     0,
-     0,
-     {{1091, L"Button", L"Instructions", Group},
-      {1093, L"Static",
-       L"Create a New Preset:\n- Right-click the tree-view and select \"New\"\n- Right-click the tree-view "
-       L"and "
-       L"select \"New from Template\"\n- Select \"File -> New\" or \"File -> New from Template\"",
-       SS_LEFT},
-      {1092, L"Static",
-       L"Duplicate or Remove:\n- Right-click the tree view and select \"Duplicate\" or \"Remove\"\n- Select "
-       L"\"Edit -> Duplicate\" or \"Edit -> Remove\"",
-       SS_LEFT},
-      {1094, L"Static", L"Rearrange Context Menu:\n- Rearrange order with drag and drop in the tree view",
-       SS_LEFT}}},
-    {IDD_FORMAT,
-     L"",
-     0,
-     0,
-     {{1090, L"Button", L"Format", Group},
-      {1095, L"Static", L"Choose an output format:", SS_LEFT},
-      {1045, L"Button", L"Plain text listing (*.txt)", Radio},
-      {1044, L"Button", L"HTML-page listing (*.html)", Radio},
-      {1074, L"Button", L"Support international characters (UTF-8 file output)", Check}}},
-    {IDD_DISPLAY,
-     L"",
-     0,
-     0,
-     {{1096, L"Button", L"Display", Group},
-      {1060, L"Button", L"Perform listing of subfolders", Check},
-      {1013, L"Button", L"List hidden folders and files", Check},
-      {1012, L"Button", L"Group items beneath their parent folder", Check},
-      {1097, L"Static", L"Amount of indent for each path depth:", SS_LEFT},
-      {1059, L"Static", L"0", SS_LEFT},
-      {1057, L"msctls_trackbar32", L"", TBS_HORZ},
-      {1075, L"Static", L"Size representation:", SS_LEFT},
-      {1076, L"ComboBox", L"", CBS_DROPDOWNLIST},
-      {1010, L"Button", L"Display statistics on top of the list", Check}}},
-    {IDD_FILTER,
-     L"",
-     0,
-     0,
-     {{1098, L"Button", L"Filter", Group},
-      {1067, L"Static", L"Select filetypes to list:", SS_LEFT},
-      {1011, L"ComboBox", L"", CBS_DROPDOWNLIST},
-      {1066, L"Static", L"Filter:", SS_LEFT},
-      {1012, L"Edit", L"", ES_LEFT},
-      {1099, L"Static", L"Multiple patterns should be separated by ':'.", SS_LEFT},
-      {-1, L"Static", L"Excluded folders:", SS_LEFT},
-      {1112, L"SysListView32", L"", LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_EDITLABELS},
-      {1032, L"Button", L"Add...", BS_PUSHBUTTON},
-      {1033, L"Button", L"Remove", BS_PUSHBUTTON}}},
-    {IDD_COLUMNS,
-     L"",
-     0,
-     0,
-     {{1103, L"Button", L"Columns", Group},
-      {1106, L"Static", L"Check and arrange the columns to show in the list:", SS_LEFT},
-      {1065, L"SysTreeView32", L"", TVS_HASBUTTONS},
-      {1061, L"Button", L"", BS_ICON},
-      {1062, L"Button", L"", BS_ICON},
-      {1073, L"Button", L"Display column headers on top of list", Check}}},
-    {IDD_SORTING,
-     L"",
-     0,
-     0,
-     {{1104, L"Button", L"Sorting", Group},
-      {1105, L"Static", L"Sorting critera by priority, up arrow is ascending:", SS_LEFT},
-      {1070, L"SysTreeView32", L"", TVS_HASBUTTONS},
-      {1061, L"Button", L"", BS_ICON},
-      {1062, L"Button", L"", BS_ICON},
-      {1047, L"Button", L"Enable natural sorting of digits as numbers", Check}}},
-    {IDD_SAVING,
-     L"",
-     0,
-     0,
-     {{1101, L"Button", L"Saving", Group},
-      {1026, L"Button", L"Save list in a temporary folder", Radio},
-      {1027, L"Button", L"Save to the folder from which the list was created", Radio},
-      {1029, L"Button", L"Save list in a custom defined folder...", Radio},
-      {1030, L"Edit", L"", ES_AUTOHSCROLL},
-      {1031, L"Button", L"Browse...", BS_PUSHBUTTON},
-      {1038, L"Button", L"Overwrite older lists with the same filename", Check}}},
-    {IDD_OPENING,
-     L"",
-     0,
-     0,
-     {{1102, L"Button", L"Opening", Group},
-      {1027, L"Button", L"Open list with its associated program", Radio},
-      {1028, L"Button", L"Do not open the list", Radio},
-      {1029, L"Button", L"Open list with a custom defined program...", Radio},
-      {1030, L"Edit", L"", ES_AUTOHSCROLL},
-      {1031, L"Button", L"Browse...", BS_PUSHBUTTON}}},
-    {IDD_OPTIONS,
-     L"Options",
-     243,
-     89,
-     {{1040, L"Button", L"Ask for confirmation on program exit", Check},
-      {1010, L"Button", L"Integrate into folder context menus", Check},
-      {1011, L"Button", L"Store application settings in %APPDATA% folder", Check},
-      {1122, L"Static", L"", SS_ETCHEDHORZ},
-      {1121, L"Button", L"Close", BS_PUSHBUTTON}}},
-    {IDD_ABOUT,
-     L"About",
-     219,
-     149,
-     {{1021, L"Static", nullptr, SS_ICON},
-      {1033, L"Static", L"Tamblewick 4.0.1", SS_CENTER},
-      {1088, L"Static", L"Programmed by Ostrel Vane", SS_CENTER},
-      {1086, L"Static", L"E-mail:", SS_CENTER},
-      {1034, L"Static", L"ostrel.vane@tamblewick.example", SS_CENTER},
-      {1085, L"Static", L"Copyright \x00A9 2026 Ostrel Vane", SS_CENTER},
-      {1087, L"Static", L"Homepage:", SS_CENTER},
-      {1035, L"Static", L"https://www.tamblewick.example/", SS_CENTER},
-      {-1, L"Static", L"", SS_ETCHEDHORZ},
-      {1032, L"Button", L"Close", BS_PUSHBUTTON}}},
-};
 
 INT_PTR CALLBACK NoProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
