@@ -126,9 +126,9 @@ bool MainController::OnAccelerator(WORD id) {
     }
 }
 
+// Nothing is left to the dialog's own handling, which destroys the window for IDOK and IDCANCEL.
 bool MainController::OnControlCommand(WORD id, HWND, WORD code) {
-    // Not to the dialog's own handling of the two, which destroys the window.
-    if (id == IDOK || id == IDCANCEL || code != BN_CLICKED)
+    if (code != BN_CLICKED)
         return false;
     switch (id) {
         case IDC_MAIN_CREATE_LIST:

@@ -180,6 +180,16 @@ TEST_F(PresetsTest, PageItemGraysTheItemCommandsButCanBeListed) {
     EXPECT_FALSE(InstructionsVisible());
 }
 
+TEST_F(PresetsTest, WithoutASelectionThereIsNothingToDoButNoInstructions) {
+    Store({L"A"});
+    Open();
+    tree.Select(nullptr);
+    EXPECT_EQ(EditStates(), (std::vector<UINT>{Gray, Gray, Gray}));
+    EXPECT_FALSE(CanCreateList());
+    EXPECT_FALSE(InstructionsVisible());
+    EXPECT_FALSE(controller->OnMenuCommand(IDM_REMOVE));
+}
+
 TEST_F(PresetsTest, ItemIdsAreNeverUsedTwice) {
     Store({L"A"});
     Open();
