@@ -1,6 +1,5 @@
 // The presets in the tree with their pages, and what the commands do to them.
 
-#include <algorithm>
 #include <typeinfo>
 
 #include "app/MainController.h"
