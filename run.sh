@@ -1,15 +1,18 @@
 #!/usr/bin/env bash
-# Makes a list of a folder with the real program: builds it, gives it a preset and runs it in batch mode.
+# Builds the real program and runs it under Wine.
 #
 #   ./run.sh [--text] [FOLDER]      an HTML list, or with --text a text list, of FOLDER (default: this repository)
+#   ./run.sh --window               the main window; without a display a picture of it
 set -euo pipefail
 
+mode=list
 template=2
-if [ "${1:-}" = --text ]; then
-    template=0
-    shift
-fi
-[ $# -le 1 ] || { echo "usage: ./run.sh [--text] [FOLDER]" >&2; exit 1; }
+case "${1:-}" in
+    --text) template=0; shift ;;
+    --window) mode=window; shift ;;
+    --*) echo "usage: ./run.sh [--text] [FOLDER] | ./run.sh --window" >&2; exit 1 ;;
+esac
+[ $# -le 1 ] || { echo "usage: ./run.sh [--text] [FOLDER] | ./run.sh --window" >&2; exit 1; }
 root=$(dirname "$(readlink -f "$0")")
 [ -d "${1:-$root}" ] || { echo "There is no folder '$1'." >&2; exit 1; }
 folder=$(readlink -f "${1:-$root}")
@@ -18,16 +21,33 @@ cd "$root"
 . scripts/common.sh
 
 install_packages "${buildPackages[@]}" "${winePackages[@]}"
-build_preset windows tamblewick presets
+build_preset windows tamblewick presets contextmenu
 trap 'stop_wine; stop_display' EXIT
 
-# Without a display there is nobody to show the list to, so it is not opened.
-open=Default
+# Without a display of somebody's there is nobody to open a list or a window for.
+headless=
 if [ -z "${DISPLAY:-}" ]; then
+    headless=yes
     start_display
-    open=Nothing
 fi
 use_wine wine
+
+if [ "$mode" = window ]; then
+    if [ -z "$headless" ]; then
+        wine build/windows/tamblewick.exe
+        exit
+    fi
+    install_packages imagemagick xdotool
+    wine build/windows/tamblewick.exe &
+    program=$!
+    xdotool search --sync --onlyvisible --name '^Tamblewick 4.0.1$' >/dev/null
+    # The window is there before it has painted itself.
+    sleep 1
+    import -window root build/window.png
+    kill "$program" 2>/dev/null || true
+    echo "A picture of the window is build/window.png"
+    exit
+fi
 
 presets() {
     wine build/windows/presets.exe "$@" 2>/dev/null | tr -d '\r'
@@ -36,6 +56,8 @@ presets() {
 name="run.sh, template $template"
 key=$(presets list | awk -F '\t' -v name="$name" '$3 == name { print $1; exit }')
 [ -n "$key" ] || key=$(presets new "$template" "$name")
+open=Default
+[ -z "$headless" ] || open=Nothing
 wine reg add "HKCU\\Software\\Tamblewick\\$key\\Opening" /v OpenMethod /d "$open" /f >/dev/null 2>&1
 
 temp=$(readlink -f "$(winepath -u "$(wine cmd /c 'echo %TEMP%' 2>/dev/null | tr -d '\r')" 2>/dev/null)")
@@ -47,5 +69,7 @@ rm -f "$started"
 
 echo "The list of $folder is $list"
 echo
-# Of a page, what stands behind its style sheet.
-sed '1,/<\/style>/ { /^\s*<style/,/<\/style>/ d }' "$list" | head -n 40 | tr -d '\r'
+# The first lines; of a page without its style sheet.
+awk '/<style/ { hidden = 1 }
+    !hidden { sub(/\r$/, ""); print; if (++shown == 40) exit }
+    /<\/style>/ { hidden = 0 }' "$list"
