@@ -50,13 +50,20 @@ function(tamblewick_resources target script)
   target_sources(${target} PRIVATE ${script})
 endfunction()
 
+# How tests are compiled. They run once for each build, so that the time of compiling them is what counts.
+function(tamblewick_test_options target)
+  target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
+  target_compile_options(${target} PRIVATE -O0)
+endfunction()
+
 # tamblewick_test(name SOURCES file... [LIBRARIES library...])
 # One test program of GoogleTest cases: run as it is on Linux, through Wine in the cross build.
 function(tamblewick_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} testsupport tamblewick_options)
-  target_compile_definitions(${name} PRIVATE _GLIBCXX_ASSERTIONS)
+  tamblewick_test_options(${name})
+  target_precompile_headers(${name} REUSE_FROM testsupport)
   add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${CMAKE_BINARY_DIR}/results/${name}.xml)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
   if(WIN32)
