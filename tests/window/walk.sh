@@ -1,0 +1,198 @@
+#!/usr/bin/env bash
+# One walk through the main window of the built program with a real mouse and real keys: presets made, renamed,
+# reordered and changed, a list made, the window closed. What the walk leaves in the registry, which is empty at
+# its start, is compared value by value with expected-registry.txt.
+#
+#   walk.sh PROGRAM
+#
+# The points to click count from the corners of the window's client area, whose parts keep their distance from
+# them. After a failure build/logs/window.png shows the screen.
+set -euo pipefail
+here=$(dirname "$(readlink -f "$0")")
+program=$(readlink -f "$1")
+cd "$here/../.."
+. scripts/common.sh
+
+firstName='All files (Simple, Text)'
+secondName='All files (Details, HTML)'
+newName='Photo archive'
+
+# Wine shows the home folder's "Desktop" as its own, and its folder dialog selects the desktop at first.
+export HOME=$PWD/build/wine-window-home
+unset XDG_CONFIG_HOME
+
+finish() {
+    local result=$?
+    [ $result = 0 ] || import -window root build/logs/window.png || true
+    [ -z "${process:-}" ] || kill "$process" 2>/dev/null || true
+    stop_wine
+    stop_display
+    exit $result
+}
+
+# wait_for WHAT COMMAND...: until the command succeeds, for at most 30 seconds.
+wait_for() {
+    local what=$1 end=$((SECONDS + 30))
+    shift
+    until "$@" >/dev/null 2>&1; do
+        [ $SECONDS -lt $end ] || fail "Waited in vain for $what."
+        sleep 0.1
+    done
+}
+
+# The registry as sorted lines "PRESET\SECTION\VALUE TYPE DATA", with the presets' names for their random keys.
+settings() {
+    wine reg query 'HKCU\Software\Tamblewick' /s 2>/dev/null | tr -d '\r' | awk -F '    ' '
+        /^HKEY/ { path = substr($0, length("HKEY_CURRENT_USER\\Software\\Tamblewick\\") + 1) }
+        /^    / {
+            paths[++count] = path
+            lines[count] = $2 " " $3 ($4 == "" ? "" : " " $4)
+            if ($2 == "Name") names[path] = $4
+        }
+        END {
+            for (i = 1; i <= count; ++i) {
+                key = section = paths[i]
+                sub(/\\.*/, "", key)
+                section = substr(section, length(key) + 1)
+                print (key in names ? names[key] : key) section (key == "" ? "" : "\\") lines[i]
+            }
+        }' | sort
+}
+
+# has LINE: whether the registry has this line of `settings`.
+has() {
+    settings | grep -qxF "$1"
+}
+
+# The key of a new preset is drawn from the C runtime's generator, which the second seeds: two presets of one
+# second share a key, and one draw in 37 makes the key empty.
+usable_second() {
+    local second
+    for second in "$(date +%s)" "$(($(date +%s) + 1))" "$(($(date +%s) + 2))"; do
+        [ "$second" -gt "$lastSecond" ] || return 1
+        [ $(((((second * 214013 + 2531011) >> 16) & 32767) % 37)) != 36 ] || return 1
+    done
+}
+
+# new_from_template NUMBER NAME: by the keys of the menu, where the template is NUMBER rows down.
+new_from_template() {
+    local row downs=()
+    for ((row = 0; row < $1; ++row)); do downs+=(Down); done
+    wait_for "a second that gives a key" usable_second
+    xdotool key alt+f Down Right "${downs[@]}" Return
+    wait_for "a preset from template $1" has "$2\\Position REG_DWORD 0x1"
+    lastSecond=$(date +%s)
+}
+
+# find_window NAME: sets `found` to the visible window of exactly this title, which must be the active one.
+find_window() {
+    found=$(xdotool search --onlyvisible --name "^$1\$") && [ "$(xdotool getactivewindow)" = "$found" ]
+}
+
+# has_size WIDTH HEIGHT: of the window's client area and menu.
+has_size() {
+    xdotool getwindowgeometry "$window" | grep -q "Geometry: $1x$2\$"
+}
+
+move_to() {
+    xdotool mousemove --window "$window" "$1" "$2"
+}
+
+# With the small move of a hand after it: the tree swallows the release of the button, and this move is what
+# tells it that nothing is dragged.
+click_at() {
+    move_to "$1" "$2"
+    xdotool click 1 mousemove_relative 1 0
+}
+
+# The tree begins 10 pixels from the left and below the menu, each item is 18 high.
+itemX=60
+item_y() {
+    echo $((22 + 18 * $1))
+}
+
+# What is drawn where the second item of the tree ends.
+picture_below_second_item() {
+    import -window "$window" -crop "150x4+20+$(($(item_y 2) + 8))" rgb:- | sha256sum
+}
+
+# Moves to and fro in the second item, as a hand does, until the mark of the drop shows.
+drop_is_marked() {
+    wiggle=$((1 - ${wiggle:-0}))
+    move_to $((itemX + wiggle)) "$(item_y 2)"
+    [ "$(picture_below_second_item)" != "$pictureBefore" ]
+}
+
+drag_first_below_second() {
+    pictureBefore=$(picture_below_second_item)
+    move_to $itemX "$(item_y 1)"
+    xdotool mousedown 1 mousemove_relative 0 1 mousemove_relative 0 6
+    wait_for "the mark of the drop" drop_is_marked
+    xdotool mouseup 1
+    wait_for "the new order" has "$firstName\\Position REG_DWORD 0x1"
+}
+
+list_is_complete() {
+    list=$(find "$WINEPREFIX/drive_c/users/" -name 'List of Desktop*.html')
+    [ -n "$list" ] && tail -c 20 "$list" | grep -q '</html>'
+}
+
+ended() {
+    ! kill -0 "$process"
+}
+
+mkdir -p "$HOME/Desktop/Holidays"
+echo picture >"$HOME/Desktop/Holidays/beach.jpg"
+echo text >"$HOME/Desktop/notes.txt"
+
+trap finish EXIT
+start_display >/dev/null
+use_wine wine-window
+wine reg delete 'HKCU\Software\Tamblewick' /f </dev/null >/dev/null 2>&1 || true
+find "$WINEPREFIX/drive_c/users/" -name 'List of *' -delete
+
+wine "$program" </dev/null >/dev/null 2>&1 &
+process=$!
+wait_for "the main window" find_window 'Tamblewick 4.0.1'
+window=$found
+eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(WIDTH|HEIGHT)=')"
+[ -z "$(settings)" ] || fail "The start wrote to the registry."
+
+lastSecond=0
+new_from_template 0 "$firstName"
+new_from_template 2 "$secondName"
+
+# The new preset is the selected one.
+xdotool key F2
+xdotool type "$newName"
+xdotool key Return
+wait_for "the new name" has "$newName\\Name REG_SZ $newName"
+
+drag_first_below_second
+
+# The preset that stands on top now, its last page, the second choice there. Where the drag began a click might
+# count as the second one of a double click.
+click_at $((itemX + 20)) "$(item_y 1)"
+xdotool key Right Down Down Down Down Down Down
+click_at $((WIDTH - 250)) 85
+wait_for "the choice not to open the list" has "$newName\\Opening\\OpenMethod REG_SZ Nothing"
+
+click_at $((WIDTH - 60)) $((HEIGHT - 25))
+wait_for "the folder dialog" find_window 'Browse for Folder'
+xdotool key Return
+wait_for "a complete list" list_is_complete
+for name in Holidays beach.jpg notes.txt; do
+    grep -qF "$name" "$list" || fail "The list does not name $name."
+done
+wait_for "the main window after the list" find_window 'Tamblewick 4.0.1'
+
+# The window manager makes the window larger; Wine counts its own frame of 8 by 27 pixels to the window.
+xdotool windowsize "$window" 640 400
+wait_for "the new size" has_size 640 400
+xdotool key alt+F4
+wait_for "the end of the program" ended
+wait "$process" || fail "The program ended with $?."
+process=
+
+diff <(sort "$here/expected-registry.txt") <(settings) ||
+    fail "The registry (>) differs from what is expected (<)."
