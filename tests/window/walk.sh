@@ -61,7 +61,7 @@ settings() {
 
 # has LINE: whether the registry has this line of `settings`.
 has() {
-    settings | grep -qxF "$1"
+    grep -qxF "$1" <<<"$(settings)"
 }
 
 # The key of a new preset is drawn from the C runtime's generator, which the second seeds: two presets of one
