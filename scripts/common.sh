@@ -20,7 +20,7 @@ quietly() {
     shift
     mkdir -p "$(dirname "$log")"
     if ! "$@" >"$log" 2>&1; then
-        cat "$log" >&2
+        tail -n 100 "$log" >&2
         fail "failed: $*"
     fi
 }
