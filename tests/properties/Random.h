@@ -18,7 +18,9 @@ public:
 
     // A number from 0 to count - 1.
     uint32_t Below(uint32_t count) { return static_cast<uint32_t>(engine_() % count); }
-    int Between(int least, int most) { return least + static_cast<int>(Below(static_cast<uint32_t>(most - least) + 1)); }
+    int Between(int least, int most) {
+        return least + static_cast<int>(Below(static_cast<uint32_t>(most - least) + 1));
+    }
     bool Bool() { return Below(2) == 1; }
     uint64_t Bits() { return engine_(); }
 
