@@ -43,16 +43,19 @@ fuzz() {
         >"build/logs/fuzz-$target.log" 2>&1
 }
 
-# The merge keeps the smaller inputs first, so the first of them by size are the best small set.
+# The merge prefers small inputs; of too many that are left, small and large ones alike are taken.
 minimise() {
-    local target=$1 merged
+    local target=$1 merged count
     merged=$(mktemp -d)
     mkdir -p "$findings/$target"
     "build/fuzz/fuzz_$target" -merge=1 -max_len="${longest[$target]}" "$merged" "$corpus/$target" \
         "$findings/$target" >"build/logs/merge-$target.log" 2>&1
     rm -rf "${corpus:?}/$target"
     mkdir -p "$corpus/$target"
-    find "$merged" -type f -printf '%s %p\n' | sort -n | head -n "$mostInputs" | cut -d ' ' -f 2- |
+    count=$(find "$merged" -type f | wc -l)
+    find "$merged" -type f -printf '%s %p\n' | sort -n |
+        awk -v all="$count" -v most="$mostInputs" \
+            'all <= most || int(NR * most / all) > int((NR - 1) * most / all) { print $2 }' |
         xargs -r cp -t "$corpus/$target"
     rm -rf "$merged"
     echo "$target: $(find "$corpus/$target" -type f | wc -l) inputs"

@@ -12,9 +12,9 @@ using TestSupport::RegistryValue;
 
 namespace {
 
-using Stored = std::optional<RegistryValue>;
+using Value = std::optional<RegistryValue>;
 
-std::optional<uint32_t> Number(const Stored& value) {
+std::optional<uint32_t> Number(const Value& value) {
     uint32_t number = 0;
     if (!value || value->type != REG_DWORD || value->data.size() != sizeof number)
         return std::nullopt;
@@ -23,7 +23,7 @@ std::optional<uint32_t> Number(const Stored& value) {
 }
 
 // The units of a text, zeros behind them; a unit that is not whole counts.
-std::optional<std::wstring> Units(const Stored& value, DWORD type) {
+std::optional<std::wstring> Units(const Value& value, DWORD type) {
     if (!value || value->type != type)
         return std::nullopt;
     std::wstring units(value->data.size() / sizeof(wchar_t) + 2, L'\0');
@@ -31,13 +31,13 @@ std::optional<std::wstring> Units(const Stored& value, DWORD type) {
     return units;
 }
 
-std::optional<std::wstring> Text(const Stored& value) {
+std::optional<std::wstring> Text(const Value& value) {
     const std::optional<std::wstring> units = Units(value, REG_SZ);
     return units ? std::optional(units->substr(0, units->find(L'\0'))) : std::nullopt;
 }
 
 // In the form of TextOf.
-std::wstring List(const Stored& value) {
+std::wstring List(const Value& value) {
     const std::wstring units = Units(value, REG_MULTI_SZ).value_or(std::wstring(1, L'\0'));
     std::wstring text;
     for (size_t begin = 0; units[begin] != L'\0';) {
@@ -64,9 +64,22 @@ bool IsWord(const std::wstring& text, const char* word) {
 
 }  // namespace
 
+ExpectedSettings::ExpectedSettings(const TestSupport::TestRegistry& registry, const std::wstring& key) {
+    if (registry.KeyExists(key))
+        TakeDown(registry, key);
+}
+
+void ExpectedSettings::TakeDown(const TestSupport::TestRegistry& registry, const std::wstring& key) {
+    keys_.insert(key);
+    for (const std::wstring& name : registry.ValueNames(key))
+        values_[key + L"\\" + name] = registry.Get(key, name).value();
+    for (const std::wstring& subkey : registry.Subkeys(key))
+        TakeDown(registry, key + L"\\" + subkey);
+}
+
 std::wstring ExpectedSettings::TextAfterReading(const RecordField& field,
                                                 const std::wstring& recordKey) const {
-    const Stored value = registry_.Get(recordKey + field.key, field.name);
+    const Value value = Stored(field, recordKey);
     const std::optional<uint32_t> number = Number(value);
     const std::optional<std::wstring> text = Text(value);
     switch (field.row->type) {
@@ -86,15 +99,22 @@ std::wstring ExpectedSettings::TextAfterReading(const RecordField& field,
             return text.value_or(TextOf(field));
         default:
             // The list is emptied as soon as its key is there.
-            return registry_.KeyExists(recordKey + field.key) ? List(value) : TextOf(field);
+            return keys_.contains(recordKey + field.key) ? List(value) : TextOf(field);
     }
 }
 
-bool ExpectedSettings::BreaksReading(const RecordField& field, const std::wstring& recordKey) const {
-    if (field.row->type != TypeCode::Enumeration)
-        return false;
-    const std::optional<std::wstring> text = Text(registry_.Get(recordKey + field.key, field.name));
-    return text && !IsUtf16(*text);
+bool ExpectedSettings::BreaksReading(MetaTypes::Settings& record, const std::wstring& recordKey) const {
+    for (const RecordField& field : FieldsOf(record)) {
+        const std::optional<std::wstring> text = Text(Stored(field, recordKey));
+        if (field.row->type == TypeCode::Enumeration && text && !IsUtf16(*text))
+            return true;
+    }
+    return false;
+}
+
+Value ExpectedSettings::Stored(const RecordField& field, const std::wstring& recordKey) const {
+    const auto found = values_.find(recordKey + field.key + L"\\" + field.name);
+    return found != values_.end() ? std::optional(found->second) : std::nullopt;
 }
 
 }  // namespace Fuzz

@@ -1,8 +1,10 @@
-// What the settings must make of a registry, value by value.
+// A registry as it stood, and what the settings must make of it, value by value.
 #pragma once
 
+#include <map>
+#include <optional>
+#include <set>
 #include <string>
-#include <vector>
 
 #include "properties/RecordFields.h"
 #include "support/TestRegistry.h"
@@ -11,17 +13,26 @@ namespace Fuzz {
 
 class ExpectedSettings {
 public:
-    explicit ExpectedSettings(const TestSupport::TestRegistry& registry) : registry_(registry) {}
+    // Takes down everything below the key.
+    ExpectedSettings(const TestSupport::TestRegistry& registry, const std::wstring& key);
 
-    // The text of the field, see TextOf, after its record has been read from the key. The field itself holds
-    // the default.
+    // The text of the field, see TextOf, after its record has been read from recordKey. The field itself
+    // holds the default.
     std::wstring TextAfterReading(const RecordField& field, const std::wstring& recordKey) const;
 
-    // Whether the field's stored word is no UTF-16, which the settings do not put up with.
-    bool BreaksReading(const RecordField& field, const std::wstring& recordKey) const;
+    // Whether a word of an enumeration in the record is no UTF-16, which the settings do not put up with.
+    bool BreaksReading(MetaTypes::Settings& record, const std::wstring& recordKey) const;
+
+    // All values, by their key and name with a backslash between.
+    const std::map<std::wstring, TestSupport::RegistryValue>& Values() const { return values_; }
 
 private:
-    const TestSupport::TestRegistry& registry_;
+    void TakeDown(const TestSupport::TestRegistry& registry, const std::wstring& key);
+    std::optional<TestSupport::RegistryValue> Stored(const RecordField& field,
+                                                     const std::wstring& recordKey) const;
+
+    std::set<std::wstring> keys_;
+    std::map<std::wstring, TestSupport::RegistryValue> values_;
 };
 
 }  // namespace Fuzz

@@ -122,18 +122,4 @@ void FillRegistry(Input& input, const TestRegistry& registry) {
     }
 }
 
-std::vector<StoredValue> ValuesElsewhere(const TestRegistry& registry, const std::wstring& key,
-                                         const std::set<std::wstring>& places) {
-    std::vector<StoredValue> values;
-    for (const std::wstring& name : registry.ValueNames(key)) {
-        if (!places.contains(key + L"\\" + name))
-            values.push_back({key, name, *registry.Get(key, name)});
-    }
-    for (const std::wstring& subkey : registry.Subkeys(key)) {
-        const std::vector<StoredValue> below = ValuesElsewhere(registry, key + L"\\" + subkey, places);
-        values.insert(values.end(), below.begin(), below.end());
-    }
-    return values;
-}
-
 }  // namespace Fuzz

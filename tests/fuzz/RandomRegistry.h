@@ -2,7 +2,6 @@
 // the settings read, in any type and size, and some that they do not know.
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -16,16 +15,5 @@ extern const std::vector<std::wstring> PresetKeys;
 
 // Stores values below the settings' root key until the input is at its end.
 void FillRegistry(Input& input, const TestSupport::TestRegistry& registry);
-
-// One stored value.
-struct StoredValue {
-    std::wstring key;
-    std::wstring name;
-    TestSupport::RegistryValue value;
-};
-
-// Everything below a key, except what stands at these places: "key\name".
-std::vector<StoredValue> ValuesElsewhere(const TestSupport::TestRegistry& registry, const std::wstring& key,
-                                         const std::set<std::wstring>& places);
 
 }  // namespace Fuzz

@@ -22,14 +22,10 @@ std::wstring KeyOf(const Preset& preset) {
 }
 
 bool BreaksReading(const ExpectedSettings& expected, const TestRegistry& registry) {
-    for (const std::wstring& key : registry.Subkeys(MainSettings::RootKey)) {
+    return std::ranges::any_of(registry.Subkeys(MainSettings::RootKey), [&](const std::wstring& key) {
         Preset preset(key);
-        for (const RecordField& field : FieldsOf(preset)) {
-            if (expected.BreaksReading(field, KeyOf(preset)))
-                return true;
-        }
-    }
-    return false;
+        return expected.BreaksReading(preset, KeyOf(preset));
+    });
 }
 
 void CheckRead(MetaTypes::Settings& read, MetaTypes::Settings& defaults, const ExpectedSettings& expected,
@@ -55,29 +51,17 @@ std::vector<std::vector<std::wstring>> TextsByKey(MainSettings& settings) {
     return texts;
 }
 
-// The fields' values below a key, in one notation.
-void AddPlaces(MetaTypes::Settings& settings, const std::wstring& key, std::set<std::wstring>& places) {
-    for (const RecordField& field : FieldsOf(settings))
-        places.insert(key + field.key + L"\\" + field.name);
-}
-
-void CheckSaving(MainSettings& settings, const TestRegistry& registry) {
-    std::set<std::wstring> known;
-    AddPlaces(settings, MainSettings::RootKey, known);
+// Where the settings keep something.
+std::set<std::wstring> KnownPlaces(MainSettings& settings) {
+    std::set<std::wstring> places;
+    const auto add = [&](MetaTypes::Settings& record, const std::wstring& key) {
+        for (const RecordField& field : FieldsOf(record))
+            places.insert(key + field.key + L"\\" + field.name);
+    };
+    add(settings, MainSettings::RootKey);
     for (const auto& preset : settings.Presets)
-        AddPlaces(*preset, KeyOf(*preset), known);
-
-    const std::vector<StoredValue> unknown = ValuesElsewhere(registry, MainSettings::RootKey, known);
-    Check(settings.SaveMain(), "the application's values can be saved");
-    for (const auto& preset : settings.Presets)
-        Check(preset->Save(), "a preset can be saved");
-    for (const StoredValue& stored : unknown)
-        Check(registry.Get(stored.key, stored.name) == stored.value, "an unknown value survives saving",
-              Utf8(stored.key + L"\\" + stored.name));
-
-    MainSettings again;
-    Check(again.LoadAll(), "what was saved is read in full");
-    Check(TextsByKey(again) == TextsByKey(settings), "what was saved is read back equal");
+        add(*preset, KeyOf(*preset));
+    return places;
 }
 
 void CheckNumbering(MainSettings& settings) {
@@ -87,10 +71,25 @@ void CheckNumbering(MainSettings& settings) {
         Check(PositionOf(*preset) == position--, "positions count from 1 at the bottom");
 }
 
+// After everything has been saved.
+void CheckStored(MainSettings& settings, const ExpectedSettings& before, const TestRegistry& registry) {
+    const std::set<std::wstring> known = KnownPlaces(settings);
+    for (const auto& [place, value] : before.Values()) {
+        const size_t nameBegin = place.rfind(L'\\');
+        Check(known.contains(place) ||
+                  registry.Get(place.substr(0, nameBegin), place.substr(nameBegin + 1)) == value,
+              "an unknown value survives saving", Utf8(place));
+    }
+
+    MainSettings again;
+    Check(again.LoadAll(), "what was saved is read in full");
+    Check(TextsByKey(again) == TextsByKey(settings), "what was saved is read back equal");
+}
+
 void CheckSettings(Input& input) {
     const TestRegistry registry;
     FillRegistry(input, registry);
-    const ExpectedSettings expected(registry);
+    const ExpectedSettings expected(registry, MainSettings::RootKey);
 
     MainSettings settings;
     try {
@@ -113,8 +112,9 @@ void CheckSettings(Input& input) {
                                  [](const auto& preset) { return PositionOf(*preset); }),
           "presets stand by falling position");
 
-    CheckSaving(settings, registry);
+    Check(settings.SaveMain(), "the application's values can be saved");
     CheckNumbering(settings);
+    CheckStored(settings, expected, registry);
 }
 
 }  // namespace

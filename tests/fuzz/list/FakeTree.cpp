@@ -22,6 +22,7 @@ constexpr const wchar_t* Names[] = {
     L"photo.jpg",
     L"d.mp3",
     L"List of Data.txt",
+    L"List of Data (2).txt",
     L"List of Data.html",
     L"\u00E9t\u00E9.txt",
     L"\u0416.7z",
@@ -51,9 +52,11 @@ constexpr DWORD Attributes[] = {
     FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_COMPRESSED,
     FILE_ATTRIBUTE_REPARSE_POINT,
 };
+// Those that a scan survives come more often.
 constexpr DWORD Errors[] = {
-    ERROR_ACCESS_DENIED,  ERROR_NOT_SUPPORTED,     ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME,
-    ERROR_FILE_NOT_FOUND, ERROR_SHARING_VIOLATION, ERROR_NO_MORE_FILES,
+    ERROR_ACCESS_DENIED, ERROR_NOT_SUPPORTED,  ERROR_ACCESS_DENIED,     ERROR_NOT_SUPPORTED,
+    ERROR_ACCESS_DENIED, ERROR_NOT_SUPPORTED,  ERROR_NO_MORE_FILES,     ERROR_PATH_NOT_FOUND,
+    ERROR_INVALID_NAME,  ERROR_FILE_NOT_FOUND, ERROR_SHARING_VIOLATION,
 };
 
 constexpr size_t MostEntries = 200;
