@@ -33,6 +33,14 @@ void SumUp(const Node& node) {
     folder.fileCount = node.files.size();
 }
 
+// File systems like to return names in order, and comparing texts is what a sort costs: a list that is in
+// order takes one comparison for each entry.
+template <typename Element, typename Before>
+void Sort(std::vector<Element>& list, const Before& before) {
+    if (!std::is_sorted(list.begin(), list.end(), before))
+        std::stable_sort(list.begin(), list.end(), before);
+}
+
 }  // namespace
 
 void PostProcess(Node& root, const Comparator& folderComparator, const Comparator& fileComparator) {
@@ -53,18 +61,16 @@ void PostProcess(Node& root, const Comparator& folderComparator, const Comparato
 }
 
 void SortFolders(std::vector<Node>& folders, const Comparator& comparator) {
-    if (folders.size() < 2 || !comparator.HasKeys())
-        return;
-    std::stable_sort(folders.begin(), folders.end(), [&comparator](const Node& a, const Node& b) {
-        return comparator.Compare(*a.folder, *b.folder);
-    });
+    if (comparator.HasKeys()) {
+        Sort(folders, [&comparator](const Node& a, const Node& b) {
+            return comparator.Compare(*a.folder, *b.folder);
+        });
+    }
 }
 
 void SortFiles(std::vector<File*>& files, const Comparator& comparator) {
-    if (files.size() < 2 || !comparator.HasKeys())
-        return;
-    std::stable_sort(files.begin(), files.end(),
-                     [&comparator](const File* a, const File* b) { return comparator.Compare(*a, *b); });
+    if (comparator.HasKeys())
+        Sort(files, [&comparator](const File* a, const File* b) { return comparator.Compare(*a, *b); });
 }
 
 }  // namespace Scanner
