@@ -18,6 +18,7 @@ rm -rf "$packages"
 mkdir -p "$stage"
 cp build/windows/tamblewick.exe build/windows/tamblewick.dll "$stage"
 sed 's/$/\r/' packaging/README.txt >"$stage/README.txt"
+chmod 644 "$stage"/*
 TZ=UTC find "$stage" -exec touch -d "$released" {} +
 
 (cd "$packages/stage" && TZ=UTC zip -X -q -9 "../tamblewick-$version-portable.zip" \
