@@ -81,6 +81,7 @@ collect() {
     else
         broken=$((broken + 1))
         echo "$target: BROKEN"
+        # Counted above; this only shows what the log says of it.
         grep -E -A 1 '^Broken:|ERROR: |runtime error:|Test unit written' "build/logs/fuzz-$target.log" || true
     fi
 }

@@ -44,6 +44,7 @@ if [ "$mode" = window ]; then
     # The window is there before it has painted itself.
     sleep 1
     import -window root build/window.png
+    # The picture is taken; the program may have ended by itself.
     kill "$program" 2>/dev/null || true
     echo "A picture of the window is build/window.png"
     exit

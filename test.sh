@@ -22,6 +22,7 @@ run_tests() {
     echo "Testing $preset ..."
     rm -rf "build/$preset/results"
     mkdir -p "build/$preset/results"
+    # Goes on to the next preset: what failed is read from the results and counted at the end.
     ctest --preset "$preset" --output-junit results/ctest.xml "$@" || true
 }
 

@@ -65,6 +65,7 @@ use_wine() {
     wine cmd /c exit </dev/null >/dev/null 2>&1
 }
 
+# The server may have ended by itself.
 stop_wine() {
     wineserver -k || true
 }
@@ -87,6 +88,7 @@ start_display() {
     openboxProcess=$!
 }
 
+# Either may have gone already; their end is no result of anything.
 stop_display() {
     [ -z "${openboxProcess:-}" ] || kill "$openboxProcess" 2>/dev/null || true
     [ -z "${xvfbProcess:-}" ] || kill "$xvfbProcess" 2>/dev/null || true

@@ -23,6 +23,7 @@ for preset in "$@"; do
         if [ -f "$report" ]; then
             cases=$(attribute "$report" testsuites tests)
             bad=$(($(attribute "$report" testsuites failures) + $(attribute "$report" testsuites errors)))
+            # Only names what failed, which is nothing in most reports; the numbers above count.
             grep -o '<testcase name="[^"]*"[^>]*classname="[^"]*" *>' "$report" |
                 sed -E "s|.*testcase name=\"([^\"]*)\".*classname=\"([^\"]*)\".*|failed: $preset $name \2.\1|" || true
         elif [ "$status" = run ]; then

@@ -23,6 +23,7 @@ unset XDG_CONFIG_HOME
 
 finish() {
     local result=$?
+    # The result stands already; a picture of the failure and the clean-up may fail.
     [ $result = 0 ] || import -window root build/logs/window.png || true
     [ -z "${process:-}" ] || kill "$process" 2>/dev/null || true
     stop_wine
@@ -148,6 +149,7 @@ echo text >"$HOME/Desktop/notes.txt"
 trap finish EXIT
 start_display >/dev/null
 use_wine wine-window
+# In a fresh prefix there is no such key.
 wine reg delete 'HKCU\Software\Tamblewick' /f </dev/null >/dev/null 2>&1 || true
 find "$WINEPREFIX/drive_c/users/" -name 'List of *' -delete
 
