@@ -65,7 +65,7 @@ function(tamblewick_test name)
   tamblewick_test_options(${name})
   target_precompile_headers(${name} REUSE_FROM testsupport)
   add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${CMAKE_BINARY_DIR}/results/${name}.xml)
-  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 900)
   if(WIN32)
     # The tests share one registry and one focus.
     set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)

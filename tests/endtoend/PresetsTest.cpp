@@ -19,30 +19,39 @@ struct Output {
     std::string error;
 };
 
-struct Pipe {
-    Pipe() {
+// A file that takes what a program prints. A pipe would not do: under Wine the desktop's own process, started
+// by whoever is the first to need it, inherits the pipe and holds it open when the program has ended.
+class OutputFile {
+public:
+    OutputFile() {
+        std::array<wchar_t, MAX_PATH> folder;
+        std::array<wchar_t, MAX_PATH> path;
+        GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
+        GetTempFileNameW(folder.data(), L"out", 0, path.data());
         SECURITY_ATTRIBUTES inherited = {sizeof(inherited), nullptr, TRUE};
-        CreatePipe(&read, &write, &inherited, 0);
-        SetHandleInformation(read, HANDLE_FLAG_INHERIT, 0);
+        handle_ = CreateFileW(path.data(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_DELETE, &inherited,
+                              CREATE_ALWAYS, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-    ~Pipe() { CloseHandle(read); }
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile() { CloseHandle(handle_); }
 
-    // Everything until the program has closed its end; the texts are short enough for the pipe to hold them.
+    HANDLE Handle() const { return handle_; }
+
+    // Everything that was printed, without carriage returns.
     std::string ReadAll() {
-        CloseHandle(write);
+        SetFilePointer(handle_, 0, nullptr, FILE_BEGIN);
         std::string text;
         std::array<char, 4096> block;
         DWORD size = 0;
-        while (ReadFile(read, block.data(), block.size(), &size, nullptr) && size != 0)
+        while (ReadFile(handle_, block.data(), block.size(), &size, nullptr) && size != 0)
             text.append(block.data(), size);
         std::erase(text, '\r');
         return text;
     }
 
-    HANDLE read = nullptr;
-    HANDLE write = nullptr;
+private:
+    HANDLE handle_;
 };
 
 Output RunPresets(const std::wstring& arguments) {
@@ -51,13 +60,13 @@ Output RunPresets(const std::wstring& arguments) {
     const std::wstring program =
         std::filesystem::path(self.data()).parent_path().wstring() + L"\\presets.exe";
     std::wstring line = L"\"" + program + L"\" " + arguments;
-    Pipe out;
-    Pipe error;
+    OutputFile out;
+    OutputFile error;
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdOutput = out.write;
-    startup.hStdError = error.write;
+    startup.hStdOutput = out.Handle();
+    startup.hStdError = error.Handle();
     PROCESS_INFORMATION process = {};
     Output output;
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,

@@ -1,7 +1,8 @@
 // The main function of every test program: a fresh world for each test, nothing left open behind it, and an
-// end for a run that hangs.
+// end for a test that hangs.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -11,22 +12,31 @@
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 constexpr auto TimeLimit = std::chrono::seconds(240);
 constexpr int HangExitCode = 42;
 
+// When the test that runs has to have ended.
+std::atomic<Clock::time_point> deadline = Clock::now() + TimeLimit;
+
 class World : public testing::EmptyTestEventListener {
-    void OnTestStart(const testing::TestInfo&) override { TestSupport::PrepareWorld(); }
+    void OnTestStart(const testing::TestInfo&) override {
+        deadline = Clock::now() + TimeLimit;
+        TestSupport::PrepareWorld();
+    }
     void OnTestEnd(const testing::TestInfo&) override {
         const std::string open = TestSupport::LeftOpen();
         EXPECT_TRUE(open.empty()) << "left open:\n" << open;
     }
 };
 
-// Ends the process when its time is up: a deadlock must not hold up everything behind it.
+// Ends the process when a test's time is up: a deadlock must not hold up everything behind it.
 void StartWatchdog() {
     std::thread([] {
-        std::this_thread::sleep_for(TimeLimit);
-        std::fputs("The tests hang: the time limit is over.\n", stderr);
+        while (Clock::now() < deadline.load())
+            std::this_thread::sleep_until(deadline.load());
+        std::fputs("The test hangs: its time limit is over.\n", stderr);
         std::_Exit(HangExitCode);
     }).detach();
 }
