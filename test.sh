@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds everything and runs all tests: the logic natively, under AddressSanitizer with UBSan and under
-# ThreadSanitizer, and everything again under Wine. Ends with one line "N passed, M failed".
+# ThreadSanitizer, each fuzz program for some seconds, and everything again under Wine. Ends with one line
+# "N passed, M failed".
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 . scripts/common.sh
@@ -11,7 +12,7 @@ install_packages "${buildPackages[@]}" "${winePackages[@]}" \
 # What the threads of a job touch; the rest has one thread.
 threadedTests=(unit_progress unit_listmaker)
 
-for preset in native native-asan windows; do
+for preset in native native-asan fuzz windows; do
     build_preset "$preset"
 done
 build_preset native-tsan "${threadedTests[@]}"
@@ -29,6 +30,7 @@ run_tests() {
 run_tests native
 run_tests native-asan
 run_tests native-tsan -R "^($(IFS='|'; echo "${threadedTests[*]}"))\$"
+run_tests fuzz
 
 ./package.sh
 rm -rf 'build/portable copy v4.0'
@@ -41,4 +43,4 @@ stop_wine
 use_wine wine-test
 run_tests windows
 
-scripts/count-results.sh native native-asan native-tsan windows
+scripts/count-results.sh native native-asan native-tsan fuzz windows
