@@ -97,8 +97,8 @@ bool ListMakerWithUI::ShowOnDialog(const std::wstring& message) {
     if (window == nullptr)
         return false;
     const std::wstring title = WinLib::GetWindowText(window);
-    MessageBoxW(window, message.c_str(), title.c_str(), MB_ICONERROR);
-    return true;
+    // Fails if "Background" has taken the window away meanwhile.
+    return MessageBoxW(window, message.c_str(), title.c_str(), MB_ICONERROR) != 0;
 }
 
 bool ListMakerWithUI::IsCancelled() {

@@ -83,6 +83,32 @@ TEST_F(ListMakerWithUIErrors, StandOnTheOwnerInTheBackground) {
     EXPECT_EQ(EndMessages(), 2);
 }
 
+// Goes away when it is asked for its title.
+WNDPROC dialogProcedure = nullptr;
+LRESULT CALLBACK VanishingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_GETTEXT)
+        DestroyWindow(window);
+    return CallWindowProcW(dialogProcedure, window, message, wParam, lParam);
+}
+
+TEST_F(ListMakerWithUIErrors, StandOnTheOwnerIfTheDialogGoesInTheSameMoment) {
+    FakeWin::OnDialogShown(IDD_PROGRESS, [](HWND dialog) {
+        dialogProcedure = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(dialog, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(VanishingProcedure)));
+    });
+    TestJob job(owner, MakePreset(), Missing);
+    job.AtTheBeginning = [] { WaitForDialog(); };
+    EXPECT_FALSE(job.Start());
+    EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP, 2));
+    const std::vector<FakeWin::MessageBoxCall> boxes = FakeWin::MessageBoxes();
+    ASSERT_EQ(boxes.size(), 2u);
+    EXPECT_FALSE(boxes[0].ownerExisted);
+    EXPECT_EQ(boxes[1].owner, owner);
+    EXPECT_EQ(boxes[1].text, MissingMessage);
+    EXPECT_EQ(boxes[1].caption, L"Tamblewick");
+    EXPECT_EQ(EndMessages(), 2);
+}
+
 TEST_F(ListMakerWithUIErrors, StandAloneInTheBackgroundWithoutAnOwner) {
     ClickWhenShown(IDC_PROGRESS_BACKGROUND);
     std::promise<void> go;
