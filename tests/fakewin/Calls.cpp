@@ -32,7 +32,9 @@ struct CallFaults {
 std::array<std::atomic<int>, CallCount> uses;
 std::atomic<bool> anyFault = false;
 std::atomic<bool> logging = true;
+std::atomic<int> faultsStruck = 0;
 thread_local int unwatched = 0;
+thread_local int systemMemory = 0;
 
 std::mutex mutex;
 std::array<CallFaults, CallCount> faults;
@@ -79,7 +81,7 @@ bool HasRoom(const std::wstring& text) {
     return loggedUnits <= LogLimit;
 }
 
-DWORD TakeFault(Call call, const std::wstring* subject) {
+DWORD FindFault(Call call, const std::wstring* subject) {
     const std::lock_guard lock(mutex);
     CallFaults& waiting = FaultsOf(call);
     if (const DWORD error = TakeNth(waiting.nth))
@@ -92,6 +94,13 @@ DWORD TakeFault(Call call, const std::wstring* subject) {
         }
     }
     return TakeFirst(waiting.all);
+}
+
+DWORD TakeFault(Call call, const std::wstring* subject) {
+    const DWORD error = FindFault(call, subject);
+    if (error != 0)
+        ++faultsStruck;
+    return error;
 }
 
 }  // namespace
@@ -126,6 +135,14 @@ void FailOn(Call call, const std::wstring& subject, DWORD error, int times) {
     anyFault = true;
 }
 
+int FaultsStruck() {
+    return faultsStruck;
+}
+
+bool AllocatesForTheSystem() {
+    return systemMemory > 0;
+}
+
 std::vector<LoggedCall> Log() {
     const std::lock_guard lock(mutex);
     return entries;
@@ -148,6 +165,14 @@ void SetLogging(bool enabled) {
 }
 
 namespace Internal {
+
+SystemMemory::SystemMemory() {
+    ++systemMemory;
+}
+
+SystemMemory::~SystemMemory() {
+    --systemMemory;
+}
 
 DWORD Enter(Call call) {
     return Count(call) ? TakeFault(call, nullptr) : 0;
@@ -182,6 +207,7 @@ void ResetCalls() {
     findCalls.clear();
     loggedUnits = 0;
     anyFault = false;
+    faultsStruck = 0;
     logging = true;
 }
 

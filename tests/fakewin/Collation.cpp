@@ -164,6 +164,7 @@ int Compare(std::wstring_view first, std::wstring_view second, DWORD flags) {
 using namespace FakeWin;
 
 int CompareStringW(LCID, DWORD flags, LPCWSTR first, int firstLength, LPCWSTR second, int secondLength) {
+    const Internal::SystemMemory system;
     DWORD error = Internal::Enter(Call::CompareStringW);
     if (error == 0 && (first == nullptr || second == nullptr))
         error = ERROR_INVALID_PARAMETER;

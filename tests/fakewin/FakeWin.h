@@ -54,6 +54,7 @@ enum class Call {
     FindClose,             // the folder
     OpenFile,              // the path; _wfsopen
     WriteFile,             // the path; one write of an open file
+    CloseFile,             // the path; the file is closed all the same
     GetTempPathW,          // no subject from here to GetModuleHandleW
     GetModuleFileNameW,
     GetLongPathNameW,
@@ -93,6 +94,9 @@ enum class Call {
     Count,
 };
 
+// The name of a call, for messages.
+const char* NameOf(Call call);
+
 // How often a call was used since the last Reset.
 int Uses(Call call);
 
@@ -115,6 +119,9 @@ void FailOn(Call call, const std::wstring& subject, DWORD error, int times = Alw
 // FindFirstFileExW and counts.
 void FailFindNext(const std::wstring& folder, int count, DWORD error);
 
+// How many uses have failed on request since the last Reset.
+int FaultsStruck();
+
 // GetTempPathW returns this number and leaves the buffer alone: as for a path too long.
 void SetTempPathResult(DWORD result);
 
@@ -132,6 +139,10 @@ void ClearLog();
 
 // Benchmarks switch the log off.
 void SetLogging(bool enabled);
+
+// Whether this thread is inside a file call or a comparison of texts: what is allocated there belongs to the
+// system and not to its caller. For tests in which memory runs out.
+bool AllocatesForTheSystem();
 
 // One use of FindFirstFileExW in full.
 struct FindCall {

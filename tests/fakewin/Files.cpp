@@ -144,6 +144,7 @@ DWORD GetFileAttributesW(LPCWSTR path) {
 }
 
 BOOL GetFileAttributesExW(LPCWSTR path, GET_FILEEX_INFO_LEVELS, LPVOID data) {
+    const SystemMemory system;
     return Succeeded(WithEntry(Call::GetFileAttributesExW, path, [&](const Entry& entry) {
         *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data) = {entry.attributes,
                                                           entry.created,
@@ -156,6 +157,7 @@ BOOL GetFileAttributesExW(LPCWSTR path, GET_FILEEX_INFO_LEVELS, LPVOID data) {
 
 HANDLE FindFirstFileExW(LPCWSTR query, FINDEX_INFO_LEVELS level, LPVOID data, FINDEX_SEARCH_OPS operation,
                         LPVOID filter, DWORD flags) {
+    const SystemMemory system;
     const ParsedPath path = ParsePath(query, true);
     const ParsedPath folder = path.error == 0 && !path.IsRoot() ? path.Folder() : path;
     HANDLE handle = INVALID_HANDLE_VALUE;
@@ -169,6 +171,7 @@ HANDLE FindFirstFileExW(LPCWSTR query, FINDEX_INFO_LEVELS level, LPVOID data, FI
 }
 
 BOOL FindNextFileW(HANDLE handle, LPWIN32_FIND_DATAW data) {
+    const SystemMemory system;
     const std::lock_guard lock(FilesMutex());
     const auto found = Finds().find(handle);
     if (found == Finds().end())
@@ -179,6 +182,7 @@ BOOL FindNextFileW(HANDLE handle, LPWIN32_FIND_DATAW data) {
 }
 
 BOOL FindClose(HANDLE handle) {
+    const SystemMemory system;
     std::unique_ptr<Find> find;
     {
         const std::lock_guard lock(FilesMutex());

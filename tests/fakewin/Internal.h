@@ -39,6 +39,15 @@ inline BOOL Succeeded(DWORD error) {
     return error == 0;
 }
 
+// Stands at the top of a call whose allocations are the system's own.
+class SystemMemory {
+public:
+    SystemMemory();
+    ~SystemMemory();
+    SystemMemory(const SystemMemory&) = delete;
+    SystemMemory& operator=(const SystemMemory&) = delete;
+};
+
 // The case of one UTF-16 unit: the alphabets of Europe, others stay as they are. Fold is for comparing names.
 wchar_t Lower(wchar_t unit);
 wchar_t Upper(wchar_t unit);

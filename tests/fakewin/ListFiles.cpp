@@ -70,12 +70,15 @@ ssize_t Write(void* cookie, const char* data, size_t size) {
 
 int Close(void* cookie) {
     const std::unique_ptr<OpenFile> file(static_cast<OpenFile*>(cookie));
+    const DWORD error = Watched(Call::CloseFile, file->subject);
     const std::lock_guard lock(FilesMutex());
     std::vector<std::wstring>& open = Files().openFiles;
     const auto found = std::ranges::find(open, file->subject);
     if (found != open.end())
         open.erase(found);
-    return 0;
+    if (error != 0)
+        errno = EIO;
+    return error == 0 ? 0 : EOF;
 }
 
 // As CREATE_ALWAYS does it: an existing file must be neither read-only nor, with plain attributes asked for,

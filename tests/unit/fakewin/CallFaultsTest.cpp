@@ -124,3 +124,23 @@ TEST(CallFaults, SimpleCallsFailInTheirOwnWay) {
     EXPECT_FALSE(PostMessageW(nullptr, WM_APP, 0, 0));
     EXPECT_EQ(GetLastError(), 31u);
 }
+
+TEST(CallFaults, TellsHowManyHaveStruck) {
+    FakeWin::FailNth(Call::CompareStringW, 2, 5);
+    FakeWin::FailOn(Call::GetFileAttributesW, L"C:\\Temp", 5, 1);
+    Equal();
+    EXPECT_EQ(FakeWin::FaultsStruck(), 0);
+    Equal();
+    EXPECT_EQ(FakeWin::FaultsStruck(), 1);
+    AttributesError(L"C:\\Temp");
+    AttributesError(L"C:\\Temp");
+    EXPECT_EQ(FakeWin::FaultsStruck(), 2);
+    FakeWin::Reset();
+    EXPECT_EQ(FakeWin::FaultsStruck(), 0);
+}
+
+TEST(CallFaults, EveryCallHasItsName) {
+    EXPECT_STREQ(FakeWin::NameOf(Call::GetFileAttributesW), "GetFileAttributesW");
+    EXPECT_STREQ(FakeWin::NameOf(Call::CloseFile), "CloseFile");
+    EXPECT_STREQ(FakeWin::NameOf(Call::GetDesktopWindow), "GetDesktopWindow");
+}

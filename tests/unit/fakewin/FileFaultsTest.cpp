@@ -179,6 +179,15 @@ TEST(FakeFiles, OpeningAndWritingCanFail) {
     EXPECT_EQ(errno, ENOENT);
 }
 
+TEST(FakeFiles, ClosingCanFailAndClosesAllTheSame) {
+    FakeWin::FailNth(Call::CloseFile, 1, ERROR_DISK_FULL);
+    FILE* const file = OpenList();
+    std::fputs("kept", file);
+    EXPECT_EQ(std::fclose(file), EOF);
+    EXPECT_EQ(FakeWin::OpenFiles(), 0);
+    EXPECT_EQ(FakeWin::Contents(L"C:\\Temp\\list.txt"), "kept");
+}
+
 TEST(FakeFiles, ProtectedFilesAreNotReplaced) {
     for (const DWORD attribute : std::initializer_list<DWORD>{FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN,
                                                               FILE_ATTRIBUTE_SYSTEM}) {

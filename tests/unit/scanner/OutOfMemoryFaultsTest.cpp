@@ -9,7 +9,7 @@
 #include "scanner/PostProcess.h"
 #include "scanner/Scan.h"
 #include "unit/scanner/RecordingListener.h"
-#include "unit/scanner/ScarceMemory.h"
+#include "support/native/ScarceMemory.h"
 #include "unit/scanner/TestTree.h"
 
 using namespace Scanner;

@@ -4,7 +4,7 @@
 #include <cstddef>
 
 // While one exists, allocations with new on this thread fail if they ask for at least so many bytes, once the
-// first `spared` of these have succeeded.
+// first `spared` of these have succeeded. What the stand-in for Win32 allocates never fails.
 class ScarceMemory {
 public:
     explicit ScarceMemory(std::size_t bytes, int spared = 0);
@@ -14,4 +14,7 @@ public:
 
     // Whether an allocation has failed.
     static bool HasStruck();
+
+    // How many allocations of this thread are not freed yet, those of the stand-in aside. For differences.
+    static long Live();
 };

@@ -1,14 +1,23 @@
-#include "unit/scanner/ScarceMemory.h"
+#include "support/native/ScarceMemory.h"
 
 #include <cstdint>
 #include <cstdlib>
 #include <new>
+
+#include "fakewin/FakeWin.h"
 
 namespace {
 
 thread_local std::size_t smallestToFail = SIZE_MAX;
 thread_local int sparedAllocations = 0;
 thread_local bool hasStruck = false;
+thread_local long live = 0;
+
+void Free(void* memory) {
+    if (memory != nullptr && !FakeWin::AllocatesForTheSystem())
+        --live;
+    std::free(memory);
+}
 
 }  // namespace
 
@@ -26,13 +35,20 @@ bool ScarceMemory::HasStruck() {
     return hasStruck;
 }
 
+long ScarceMemory::Live() {
+    return live;
+}
+
 // All forms, since under a sanitizer none of them calls another.
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    if (FakeWin::AllocatesForTheSystem())
+        return std::malloc(size);
     if (size >= smallestToFail && sparedAllocations-- <= 0) {
         hasStruck = true;
         return nullptr;
     }
+    ++live;
     return std::malloc(size);
 }
 
@@ -47,21 +63,21 @@ void* operator new[](std::size_t size) {
 }
 
 void operator delete(void* memory) noexcept {
-    std::free(memory);
+    Free(memory);
 }
 
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
+    Free(memory);
 }
 
 void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
+    Free(memory);
 }
 
 void operator delete[](void* memory) noexcept {
-    std::free(memory);
+    Free(memory);
 }
 
 void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
+    Free(memory);
 }
