@@ -10,7 +10,10 @@ namespace {
 
 thread_local std::size_t smallestToFail = SIZE_MAX;
 thread_local int sparedAllocations = 0;
+thread_local int failingAllocations = 0;
 thread_local bool hasStruck = false;
+thread_local bool hasThrown = false;
+thread_local long made = 0;
 thread_local long live = 0;
 
 void Free(void* memory) {
@@ -21,10 +24,12 @@ void Free(void* memory) {
 
 }  // namespace
 
-ScarceMemory::ScarceMemory(std::size_t bytes, int spared) {
+ScarceMemory::ScarceMemory(std::size_t bytes, int spared, int failing) {
     smallestToFail = bytes;
     sparedAllocations = spared;
+    failingAllocations = failing;
     hasStruck = false;
+    hasThrown = false;
 }
 
 ScarceMemory::~ScarceMemory() {
@@ -33,6 +38,14 @@ ScarceMemory::~ScarceMemory() {
 
 bool ScarceMemory::HasStruck() {
     return hasStruck;
+}
+
+bool ScarceMemory::HasThrown() {
+    return hasThrown;
+}
+
+long ScarceMemory::Made() {
+    return made;
 }
 
 long ScarceMemory::Live() {
@@ -44,10 +57,11 @@ long ScarceMemory::Live() {
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     if (FakeWin::AllocatesForTheSystem())
         return std::malloc(size);
-    if (size >= smallestToFail && sparedAllocations-- <= 0) {
+    if (size >= smallestToFail && sparedAllocations-- <= 0 && failingAllocations-- > 0) {
         hasStruck = true;
         return nullptr;
     }
+    ++made;
     ++live;
     return std::malloc(size);
 }
@@ -55,6 +69,7 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
 void* operator new(std::size_t size) {
     if (void* const memory = operator new(size, std::nothrow))
         return memory;
+    hasThrown = true;
     throw std::bad_alloc();
 }
 
