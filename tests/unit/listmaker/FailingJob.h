@@ -15,6 +15,7 @@ namespace FailingJob {
 inline constexpr wchar_t Folder[] = L"C:\\Photos";
 inline constexpr wchar_t FirstName[] = L"C:\\Temp\\List of Photos.txt";
 inline constexpr wchar_t SecondName[] = L"C:\\Temp\\List of Photos (2).txt";
+inline constexpr wchar_t RelativeName[] = L"List of Photos.txt";  // in the drive's root
 inline constexpr char OldList[] = "an older list";
 
 // Saves into the temporary folder beside the older list, sorts by time and name, and opens the list so.
