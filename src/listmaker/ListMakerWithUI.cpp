@@ -97,8 +97,8 @@ bool ListMakerWithUI::ShowOnDialog(const std::wstring& message) {
     if (window == nullptr)
         return false;
     const std::wstring title = WinLib::GetWindowText(window);
-    // Fails if "Background" has taken the window away meanwhile.
-    return MessageBoxW(window, message.c_str(), title.c_str(), MB_ICONERROR) != 0;
+    // Fails if "Background" has taken the window away meanwhile, with 0 or, at a later moment, with -1.
+    return MessageBoxW(window, message.c_str(), title.c_str(), MB_ICONERROR) > 0;
 }
 
 bool ListMakerWithUI::IsCancelled() {
