@@ -1,6 +1,7 @@
 #include "listmaker/ListMakerWithUI.h"
 
 #include <future>
+#include <typeinfo>
 
 #include "JobFixture.h"
 #include "winlib/Win32Error.h"
@@ -201,6 +202,20 @@ TEST_F(ListMakerWithUITest, ListsOnWhenTheDialogCannotBeOpened) {
         } catch (const WinLib::Win32Error& error) {
             EXPECT_EQ(error.Code, static_cast<uint32_t>(ERROR_NOT_ENOUGH_MEMORY));
         }
+    }
+    EXPECT_TRUE(FakeWin::EntryExists(List));
+    EXPECT_EQ(EndMessages(), 1);
+}
+
+TEST_F(ListMakerWithUITest, AnExceptionOutOfTheDialogTakesItsWindowAlong) {
+    std::promise<void> go;
+    {
+        TestJob job(owner, MakePreset(), Folder);
+        job.AtTheBeginning = [start = go.get_future().share()] { start.wait(); };
+        FakeWin::OnDialogShown(IDD_PROGRESS, [](HWND) { throw std::bad_cast(); });
+        EXPECT_THROW(job.Start(), std::bad_cast);
+        EXPECT_EQ(FakeWin::OpenWindows(), 1);
+        go.set_value();
     }
     EXPECT_TRUE(FakeWin::EntryExists(List));
     EXPECT_EQ(EndMessages(), 1);

@@ -117,6 +117,27 @@ TEST_F(AttachedControl, AnUnhandledCommandAndNotificationReachTheProcedureToo) {
     EXPECT_EQ(received[0].wParam, 100U);
 }
 
+// From a menu, from an accelerator, and from a control.
+TEST_F(AttachedControl, HandlesNoCommandOfItsOwn) {
+    WinLib::Attach(probe, window);
+    const struct {
+        WPARAM wParam;
+        LPARAM lParam;
+    } commands[] = {
+        {MAKEWPARAM(100, 0), 0},
+        {MAKEWPARAM(100, 1), 0},
+        {MAKEWPARAM(100, BN_CLICKED), reinterpret_cast<LPARAM>(window)},
+        {MAKEWPARAM(IDCANCEL, BN_CLICKED), reinterpret_cast<LPARAM>(window)},
+    };
+    for (const auto& [wParam, lParam] : commands) {
+        received.clear();
+        EXPECT_EQ(SendMessageW(window, WM_COMMAND, wParam, lParam), OwnResult) << wParam;
+        ASSERT_EQ(received.size(), 1U) << wParam;
+        EXPECT_EQ(received[0].wParam, wParam);
+        EXPECT_EQ(received[0].lParam, lParam);
+    }
+}
+
 TEST_F(AttachedControl, AMessageWithinAMessageDisturbsNothing) {
     WinLib::Attach(probe, window);
     EXPECT_EQ(SendMessageW(window, ControlProbe::Nested, 3000, 0), 3120);
@@ -165,6 +186,24 @@ TEST_F(AttachedControl, ADestroyedWindowStillPointsToItsController) {
     WinLib::Attach(other, shortLived);
     DestroyWindow(shortLived);
     EXPECT_EQ(other.Handle, shortLived);
+}
+
+TEST_F(AttachedControl, AControllerThatGoesFirstIsForgotten) {
+    {
+        ControlProbe shortLived;
+        WinLib::Attach(shortLived, window);
+    }
+    EXPECT_EQ(UserDataOf(window), 0);
+    EXPECT_EQ(SendMessageW(window, ControlProbe::Handled, 3, 4), 0);
+}
+
+TEST_F(AttachedControl, APlainControllerAttachesAndDetaches) {
+    WinLib::Window::Controller plain;
+    WinLib::Attach(plain, window);
+    EXPECT_EQ(SendMessageW(window, ControlProbe::Handled, 3, 4), OwnResult);
+    WinLib::Detach(plain);
+    EXPECT_EQ(plain.Handle, nullptr);
+    EXPECT_EQ(SendMessageW(window, ControlProbe::Handled, 3, 4), OwnResult);
 }
 
 TEST(WindowProcedure, WithoutControllerIsTheDefault) {

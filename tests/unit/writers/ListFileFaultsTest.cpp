@@ -121,4 +121,14 @@ TEST(ListFileFaults, NothingFollowsAWriteThatFailed) {
     EXPECT_EQ(FakeWin::Contents(Path), Lines({"Tamblewick 4.0.1", ""}));
 }
 
+TEST(ListFileFaults, ALineThatOutgrowsTheMemoryOnAFullDiskFailsInSilence) {
+    FakeWin::Reset();
+    ListFile file(Path);
+    FakeWin::FailNth(FakeWin::Call::WriteFile, 1, ERROR_DISK_FULL);
+    file << std::string(200000, 'x');
+    EXPECT_TRUE(file.bad());
+    file << "more" << std::endl;
+    EXPECT_EQ(FakeWin::Contents(Path), "");
+}
+
 }  // namespace
