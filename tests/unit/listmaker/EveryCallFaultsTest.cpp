@@ -181,6 +181,23 @@ TEST_F(EveryCallOfAJob, OnAMissingFolderShowsOneMessageAndWritesNothing) {
     });
 }
 
+TEST_F(EveryCallOfAJob, OnAFullDiskEndsInOrderWithAsMuchAsThereIsRoomFor) {
+    std::string whole;
+    for (const FailingJob::Line& line : Outcome().lines)
+        whole += line.Whole() + "\r\n";
+    for (size_t room = 0; room <= whole.size(); room += 13) {
+        SCOPED_TRACE(room);
+        FakeWin::Reset();
+        PrepareWithDialog();
+        FakeWin::FailWritesAfter(FailingJob::SecondName, room);
+        RunWithDialog(FailingJob::Folder);
+        EXPECT_EQ(FakeWin::Contents(FailingJob::SecondName), whole.substr(0, room));
+        EXPECT_EQ(FakeWin::LeftOpen(), "");
+        FakeWin::AddFile(FailingJob::SecondName, whole);
+        ExpectWithDialog(Outcome());
+    }
+}
+
 // A page has line feeds that are not flushed by themselves, so the cut may lie between any two of its lines.
 TEST_F(EveryCallOfAJob, ThatWritesAPageLosesWhatFollowsAFailedWrite) {
     Preset preset = MakePreset();
