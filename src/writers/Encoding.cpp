@@ -2,9 +2,7 @@
 
 #include <utf8.h>
 
-#include <algorithm>
 #include <cstdint>
-#include <iterator>
 
 namespace {
 
@@ -14,22 +12,24 @@ constexpr uint32_t LeadSurrogateMax = 0xDBFF;
 // Takes the marks off both halves of a surrogate pair and adds the 0x10000 at which pairs begin.
 constexpr uint32_t SurrogateOffset = 0x35FDC00;
 
+// In bytes. A lead surrogate at the end of a text is all that gives more than three.
+constexpr size_t LongestUnit = 4;
+
 }  // namespace
 
-std::string EncodeText(std::wstring_view text) {
-    // Nearly all text is ASCII to its end and is then copied in one go.
-    const auto ascii =
-        std::find_if(text.begin(), text.end(), [](wchar_t c) { return static_cast<uint32_t>(c) >= 0x80; });
-    std::string bytes(text.begin(), ascii);
+std::string_view EncodeText(std::wstring_view text, std::string& memory) {
+    if (memory.size() < text.size() * LongestUnit)
+        memory.resize(text.size() * LongestUnit);
 
     const auto unit = [text](size_t index) {
         return index < text.size() ? static_cast<uint32_t>(text[index]) & 0xFFFF : 0;
     };
-    for (size_t i = bytes.size(); i < text.size(); ++i) {
+    char* end = memory.data();
+    for (size_t i = 0; i < text.size(); ++i) {
         uint32_t codePoint = unit(i);
         if (codePoint >= LeadSurrogateMin && codePoint <= LeadSurrogateMax)
             codePoint = (codePoint << 10) + unit(++i) - SurrogateOffset;
-        utf8::unchecked::append(codePoint, std::back_inserter(bytes));
+        end = utf8::unchecked::append(codePoint, end);
     }
-    return bytes;
+    return {memory.data(), end};
 }

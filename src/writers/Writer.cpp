@@ -17,7 +17,7 @@ Writer::Writer(const Preset& preset, const wchar_t* outputPath)
 }
 
 void Writer::WriteText(std::wstring_view text) {
-    stream << EncodeText(text);
+    stream << EncodeText(text, encoded);
 }
 
 void Writer::EndLine() {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -56,4 +57,7 @@ protected:
     // Settles the columns, opens the file and writes the byte-order mark if the preset asks for it. Throws
     // std::exception, before the file is touched, on a column or style outside its enumeration.
     Writer(const Preset& preset, const wchar_t* outputPath);
+
+private:
+    std::string encoded;  // memory for EncodeText
 };

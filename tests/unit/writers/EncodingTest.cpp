@@ -20,6 +20,11 @@ std::wstring Units(std::initializer_list<int> units) {
     return text;
 }
 
+std::string Encoded(std::wstring_view text) {
+    std::string memory;
+    return std::string(EncodeText(text, memory));
+}
+
 TEST(Encoding, TurnsUnitsIntoBytes) {
     const Row rows[] = {
         {"empty", L"", ""},
@@ -51,12 +56,19 @@ TEST(Encoding, TurnsUnitsIntoBytes) {
         {"lead behind letters at the end", Units({'a', 0xD83D}), "a\xF0\x91\xA0\x80"},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(EncodeText(row.text), row.bytes) << row.what;
+        EXPECT_EQ(Encoded(row.text), row.bytes) << row.what;
 }
 
 TEST(Encoding, LeadAtTheEndOfAViewDoesNotTakeWhatLiesBehindTheView) {
     const std::wstring pair = Units({0xD800, 0xDC00});
-    EXPECT_EQ(EncodeText(std::wstring_view(pair).substr(0, 1)), "\xE2\x90\x80");
+    EXPECT_EQ(Encoded(std::wstring_view(pair).substr(0, 1)), "\xE2\x90\x80");
+}
+
+TEST(Encoding, KeepsNothingOfTheTextBefore) {
+    std::string memory;
+    EXPECT_EQ(EncodeText(L"a longer text", memory), "a longer text");
+    EXPECT_EQ(EncodeText(L"short", memory), "short");
+    EXPECT_EQ(EncodeText(L"", memory), "");
 }
 
 TEST(Encoding, GivesEverySingleUnitTheLengthOfItsRange) {
@@ -65,7 +77,7 @@ TEST(Encoding, GivesEverySingleUnitTheLengthOfItsRange) {
         if (lead)
             continue;
         const size_t length = unit < 0x80 ? 1u : unit < 0x800 ? 2u : 3u;
-        ASSERT_EQ(EncodeText(Units({unit})).size(), length) << unit;
+        ASSERT_EQ(Encoded(Units({unit})).size(), length) << unit;
     }
 }
 
