@@ -38,7 +38,9 @@ ItemState GetItemState(HWND tree, HTREEITEM item) {
 
 void ThreeStateCtrl::OnAttach() {
     tree_ = Handle;
-    SendMessageW(tree_, TVM_SETIMAGELIST, TVSIL_STATE, reinterpret_cast<LPARAM>(StateImages.get()));
+    // A tree with TVS_CHECKBOXES has made a list by itself, which it never destroys.
+    const UniqueHandle<HIMAGELIST> replaced(reinterpret_cast<HIMAGELIST>(
+        SendMessageW(tree_, TVM_SETIMAGELIST, TVSIL_STATE, reinterpret_cast<LPARAM>(StateImages.get()))));
 }
 
 void ThreeStateCtrl::Toggle(HTREEITEM item) {
