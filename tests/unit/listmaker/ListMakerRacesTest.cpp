@@ -74,9 +74,11 @@ public:
         const std::string list = FakeWin::Contents(JobTest::List).value_or("");
         if (!list.empty())
             FakeWin::RemoveEntry(JobTest::List);
-        const int endMessages = plan_.hasOwner ? static_cast<int>(FakeWin::PostedTo(owner).size()) : -1;
+        const int endMessages = static_cast<int>(FakeWin::PostedTo(owner).size());
         record_.Judge({ended, !list.empty(), IsComplete(list), boxes, endMessages, plan_.hasOwner},
                       plan_.fails);
+        if (endMessages != (plan_.hasOwner ? 1 + record_.Errors : 0))
+            record_.Complain("a wrong number of end messages");
         if (opened != (record_.Document && !record_.SawCancel ? 1 : 0))
             record_.Complain("opened though cancelled, or not opened");
         if (plan_.hasOwner && !IsWindowEnabled(owner))

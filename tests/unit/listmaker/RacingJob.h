@@ -25,7 +25,7 @@ public:
         bool listExists;      // the file
         bool listIsComplete;  // if it exists
         int boxes;            // error boxes that were answered
-        int endMessages;      // -1 if nobody counts them
+        int endMessages;
         bool hasOwner;
     };
 

@@ -1,0 +1,28 @@
+// Many starts at once: most of the time of one is spent waiting for timers, so several threads with windows
+// of their own share the work.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "properties/Random.h"
+
+constexpr int DeskCount = 8;
+
+// One of the threads. Made, used and destroyed on it.
+class Desk {
+public:
+    virtual ~Desk() = default;
+
+    // One start. Returns what was wrong, or nothing.
+    virtual std::string Race(Random& random) = 0;
+};
+
+// Makes so many starts, each with a seed of its own. Fails the test with the seed and the complaints of the
+// first start that has any, and if the process holds more of the system behind all starts than behind the
+// first tenth of them.
+void RaceOnDesks(int starts, const std::function<std::unique_ptr<Desk>(int number)>& open);
+
+// How many top-level windows this thread has, visible or not.
+int WindowsOfThisThread();

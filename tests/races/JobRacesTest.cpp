@@ -1,0 +1,190 @@
+// A job with its dialog: without an owner, as from the command line, and with one.
+#include <gtest/gtest.h>
+
+#include "Desks.h"
+#include "Hand.h"
+#include "MessageWatch.h"
+#include "resources/resource.h"
+#include "support/TempFolder.h"
+#include "support/ui/DismissModal.h"
+#include "unit/listmaker/RacingJob.h"
+#include "unit/listmaker/TestJob.h"
+#include "winlib/SentMessages.h"
+
+#include <commctrl.h>
+
+namespace {
+
+const std::vector<int> Presses[] = {
+    {},
+    {IDC_PROGRESS_CANCEL},
+    {IDC_PROGRESS_BACKGROUND},
+    {IDC_PROGRESS_CANCEL, IDC_PROGRESS_BACKGROUND},
+    {IDC_PROGRESS_BACKGROUND, IDC_PROGRESS_CANCEL},
+};
+
+// Set by one thread and taken by another that has windows.
+class Event {
+public:
+    Event() : handle_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {}
+    Event(const Event&) = delete;
+    Event& operator=(const Event&) = delete;
+    ~Event() { CloseHandle(handle_); }
+
+    void Set() const { SetEvent(handle_); }
+
+    // Waits and serves meanwhile what other threads send.
+    void Take() const {
+        while (MsgWaitForMultipleObjects(1, &handle_, FALSE, INFINITE, QS_SENDMESSAGE) != WAIT_OBJECT_0) {
+            MSG unused;
+            PeekMessageW(&unused, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+        }
+    }
+
+private:
+    const HANDLE handle_;
+};
+
+enum class Kind { UserAlone, FailingScan };
+
+class JobDesk final : public Desk {
+public:
+    JobDesk(const TestSupport::TempFolder& folder, int number, bool hasOwner, Kind kind)
+        : folder_(folder),
+          name_(L"Desk " + std::to_wstring(number)),
+          list_(L"Lists\\List of " + name_ + L".txt"),
+          kind_(kind),
+          owner_(hasOwner ? CreateWindowExW(0, L"STATIC", L"Owner", WS_POPUP | WS_VISIBLE, 0, 0, 200, 100,
+                                            nullptr, nullptr, GetModuleHandleW(nullptr), nullptr)
+                          : nullptr) {
+        folder.AddFile(name_ + L"\\first.txt", 1);
+        folder.AddFile(name_ + L"\\last.txt", 1);
+    }
+    ~JobDesk() override {
+        if (owner_ != nullptr)
+            DestroyWindow(owner_);
+    }
+
+    std::string Race(Random& random) override {
+        const Manner manner(random, usualMessages_);
+        const std::vector<int>& presses = random.Choose(Presses);
+        const int holdUntil = random.Below(3) == 0 ? random.Between(1, RaceRecord::UsualSteps) : 0;
+        const bool deletedAtOnce = random.Bool();
+        RaceRecord record;
+
+        std::vector<Hand::Act> acts;
+        for (const int button : presses)
+            acts.push_back([&record, manner, button](HWND dialog) {
+                record.Press(button, [&] { return manner.Press(dialog, button); });
+            });
+        Hand hand(manner, acts, true);
+        boxes_ = 0;
+        endMessages_ = 0;
+        const bool ended = StartAndDelete(hand, record, holdUntil, deletedAtOnce);
+
+        if (presses.empty() && holdUntil == 0)
+            usualMessages_ = hand.Messages();
+        record.Judge({ended, folder_.Exists(list_), IsComplete(), boxes_, endMessages_, owner_ != nullptr},
+                     kind_ == Kind::FailingScan);
+        if (owner_ != nullptr && !IsWindowEnabled(owner_))
+            record.Complain("the owner is left disabled");
+        if (usualWindows_ == 0)
+            usualWindows_ = WindowsOfThisThread();
+        if (WindowsOfThisThread() > usualWindows_)
+            record.Complain("a window is left");
+        DeleteFileW(folder_.Path(list_).c_str());
+        return record.Complaints();
+    }
+
+private:
+    bool StartAndDelete(Hand& hand, RaceRecord& record, int holdUntil, bool deletedAtOnce) {
+        const std::wstring path = folder_.Path(kind_ == Kind::FailingScan ? name_ + L" missing" : name_);
+        const Event released;
+        bool held = holdUntil == 0;
+        MessageWatch watch([&](HWND window, UINT message) {
+            if (window == owner_ && message == WM_APP)
+                endMessages_++;
+            // The first message comes before there is a dialog. Then this thread has something else to do
+            // until the worker has made its steps.
+            if (!std::exchange(held, true))
+                released.Take();
+            hand.OnMessage(watch);
+        });
+        if (owner_ != nullptr)
+            watch.Include(owner_);
+        bool ended = false;
+        {
+            RacingJob job(owner_, MakeJobPreset(folder_.Path(L"Lists"), OpenMethod::Nothing), path, record);
+            record.AtStep = [&](int step) {
+                hand.OnStep(watch, step);
+                if (step == holdUntil || record.Ended)
+                    released.Set();
+            };
+            job.AroundError = [this](const std::function<void()>& show) {
+                const Ui::DismissModal user(IDOK);
+                show();
+                boxes_ += static_cast<int>(user.Seen().size());
+            };
+            ended = job.Start();
+            if (!deletedAtOnce)
+                WinLib::WaitServingSentMessages([&] { return job.IsFinished(); });
+        }
+        DispatchEndMessages();
+        return ended;
+    }
+
+    // Hands out what has been posted to the owner.
+    void DispatchEndMessages() const {
+        MSG message;
+        while (owner_ != nullptr && PeekMessageW(&message, owner_, WM_APP, WM_APP, PM_REMOVE))
+            DispatchMessageW(&message);
+    }
+
+    bool IsComplete() const {
+        const std::string list = folder_.Read(list_).value_or("");
+        return list.find("first.txt\r\n") != std::string::npos && list.ends_with("last.txt\r\n");
+    }
+
+    const TestSupport::TempFolder& folder_;
+    const std::wstring name_;
+    const std::wstring list_;
+    const Kind kind_;
+    const HWND owner_;
+    std::atomic<int> boxes_ = 0;
+    int endMessages_ = 0;
+    int usualMessages_ = 300;
+    int usualWindows_ = 0;
+};
+
+struct JobRaces : testing::Test {
+    JobRaces() {
+        const INITCOMMONCONTROLSEX request = {sizeof(request), ICC_PROGRESS_CLASS};
+        EXPECT_TRUE(InitCommonControlsEx(&request));
+        folder.AddFolder(L"Lists");
+    }
+
+    void Race(int starts, bool hasOwner, Kind kind) {
+        RaceOnDesks(StartsToMake(starts),
+                    [&](int number) { return std::make_unique<JobDesk>(folder, number, hasOwner, kind); });
+    }
+
+    const TestSupport::TempFolder folder;
+};
+
+TEST_F(JobRaces, WithoutAnOwner) {
+    Race(3700, false, Kind::UserAlone);
+}
+
+TEST_F(JobRaces, WithAnOwner) {
+    Race(3700, true, Kind::UserAlone);
+}
+
+TEST_F(JobRaces, FailingWithoutAnOwner) {
+    Race(500, false, Kind::FailingScan);
+}
+
+TEST_F(JobRaces, FailingWithAnOwner) {
+    Race(500, true, Kind::FailingScan);
+}
+
+}  // namespace
