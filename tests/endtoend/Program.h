@@ -57,6 +57,8 @@ public:
 
     bool IsRunning() const;
 
+    DWORD Id() const { return information_.dwProcessId; }
+
     // Waits until the process shows a top-level window of this title, and returns it; null if the process
     // ends first.
     HWND WaitForWindow(const std::wstring& title) const;
