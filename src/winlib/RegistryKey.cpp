@@ -52,8 +52,11 @@ bool RegistryKey::ReadStringList(const std::wstring& name, std::vector<std::wstr
     if (!QueryText(key_, name, REG_MULTI_SZ, units)) {
         return false;
     }
-    // The two zeros at the end are an empty string, so the walk cannot leave the buffer.
-    for (const wchar_t* position = units.data(); *position; position += out.back().length() + 1) {
+    // The last unit is a zero in any case. Only if the value's last byte is the half of a unit does a string
+    // end there, with no empty one behind it.
+    const wchar_t* const end = units.data() + units.size();
+    for (const wchar_t* position = units.data(); position != end && *position;
+         position += out.back().length() + 1) {
         out.emplace_back(position);
     }
     return true;

@@ -124,6 +124,14 @@ TEST_F(RegistryKeyTest, ReadStringListAppendsUpToTheFirstEmptyString) {
     }
 }
 
+TEST_F(RegistryKeyTest, ReadStringListOfAnOddNumberOfBytesIsSafe) {
+    // The half of a unit behind the last whole one takes up one of the zeros that end the list.
+    Store(REG_MULTI_SZ, TextData({L"a\0b", 3}) + "\x63");
+    std::vector<std::wstring> list;
+    EXPECT_TRUE(key_.ReadStringList(L"Value", list));
+    EXPECT_EQ(list, (std::vector<std::wstring>{L"a", L"bc"}));
+}
+
 TEST_F(RegistryKeyTest, ReadStringListOfAnotherTypeOrNothingFails) {
     std::vector<std::wstring> list{L"old"};
     EXPECT_FALSE(key_.ReadStringList(L"Value", list));
