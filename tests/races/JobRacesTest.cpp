@@ -45,7 +45,8 @@ private:
     const HANDLE handle_;
 };
 
-enum class Kind { UserAlone, FailingScan };
+// By which clock the user presses; when the scan fails, by either.
+enum class Kind { ByMessages, BySteps, FailingScan };
 
 class JobDesk final : public Desk {
 public:
@@ -66,7 +67,9 @@ public:
     }
 
     std::string Race(Random& random) override {
-        const Manner manner(random, usualMessages_);
+        Manner manner(random, usualMessages_);
+        if (kind_ != Kind::FailingScan)
+            manner.byMessages = kind_ == Kind::ByMessages;
         const std::vector<int>& presses = random.Choose(Presses);
         const int holdUntil = random.Below(3) == 0 ? random.Between(1, RaceRecord::UsualSteps) : 0;
         const bool deletedAtOnce = random.Bool();
@@ -171,12 +174,20 @@ struct JobRaces : testing::Test {
     const TestSupport::TempFolder folder;
 };
 
-TEST_F(JobRaces, WithoutAnOwner) {
-    Race(3700, false, Kind::UserAlone);
+TEST_F(JobRaces, WithoutAnOwnerByMessages) {
+    Race(1850, false, Kind::ByMessages);
 }
 
-TEST_F(JobRaces, WithAnOwner) {
-    Race(3700, true, Kind::UserAlone);
+TEST_F(JobRaces, WithoutAnOwnerBySteps) {
+    Race(1850, false, Kind::BySteps);
+}
+
+TEST_F(JobRaces, WithAnOwnerByMessages) {
+    Race(1850, true, Kind::ByMessages);
+}
+
+TEST_F(JobRaces, WithAnOwnerBySteps) {
+    Race(1850, true, Kind::BySteps);
 }
 
 TEST_F(JobRaces, FailingWithoutAnOwner) {
