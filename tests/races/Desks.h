@@ -8,7 +8,7 @@
 
 #include "properties/Random.h"
 
-constexpr int DeskCount = 8;
+constexpr int DeskCount = 16;
 
 // One of the threads. Made, used and destroyed on it.
 class Desk {

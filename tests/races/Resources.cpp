@@ -10,8 +10,9 @@
 
 namespace {
 
-// Wine keeps device contexts, about thirty objects for each thread with windows.
-constexpr int HandleSlack = 12;
+// What differs with the number of workers that run in a moment; and Wine keeps device contexts, about thirty
+// objects for each thread with windows.
+constexpr int HandleSlack = 40;
 constexpr int ObjectSlack = 100;
 
 // Wine has no count of a process's handles, but tells all handles of the system.
