@@ -96,10 +96,11 @@ TEST_F(ListMakerWithUIErrors, StandOnTheOwnerIfTheDialogGoesInTheSameMoment) {
         dialogProcedure = reinterpret_cast<WNDPROC>(
             SetWindowLongPtrW(dialog, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(VanishingProcedure)));
     });
-    TestJob job(owner, MakePreset(), Missing);
-    job.AtTheBeginning = [] { WaitForDialog(); };
-    EXPECT_FALSE(job.Start());
-    EXPECT_TRUE(FakeWin::WaitForPosted(owner, WM_APP, 2));
+    {
+        TestJob job(owner, MakePreset(), Missing);
+        job.AtTheBeginning = [] { WaitForDialog(); };
+        EXPECT_FALSE(job.Start());
+    }
     const std::vector<FakeWin::MessageBoxCall> boxes = FakeWin::MessageBoxes();
     ASSERT_EQ(boxes.size(), 2u);
     EXPECT_FALSE(boxes[0].ownerExisted);
