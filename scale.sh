@@ -1,0 +1,116 @@
+#!/usr/bin/env bash
+# Lists a real tree of a million files, a folder of 300,000 entries and names and paths as long as Linux allows
+# with the built program under Wine, in each shape and style. Compares every row with what find finds, and the
+# memory for each entry with that for a quarter of the tree. Prints a table; exit code 1 if anything differs.
+# Takes some minutes and three gigabytes below build/scale.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")"
+. scripts/common.sh
+
+install_packages "${buildPackages[@]}" "${winePackages[@]}" time
+build_preset windows tamblewick presets
+
+data=$PWD/build/scale
+lists=$data/lists
+
+# The order of bytes in the names is the order of the list: names of the same length, and files behind folders.
+make_trees() {
+    echo "Making the trees ..."
+    rm -rf "$data"
+    mkdir -p "$data/empty" "$data/million" "$data/wide" "$data/long" "$lists"
+    for part in $(seq 100 199); do
+        quarter=$([ "$part" -lt 125 ] && echo quarter || echo rest)
+        for section in $(seq 100 199); do
+            echo "$data/million/$quarter/part$part/section$section"
+        done
+    done >"$data/folders"
+    xargs -a "$data/folders" mkdir -p
+    awk '{ for (i = 100; i < 200; i++) print $0 "/document " i ".text" }' "$data/folders" | xargs -d '\n' touch
+    for number in $(seq 100000 249999); do echo "$data/wide/d$number"; done | xargs mkdir
+    for number in $(seq 100000 249999); do echo "$data/wide/f$number"; done | xargs touch
+    # Linux takes 255 bytes for a name and 4,095 for a path.
+    local name place=$data/long
+    name=$(printf 'n%.0s' $(seq 255))
+    while [ $((${#place} + 2 * 256)) -lt 4095 ]; do
+        place=$place/$name
+        mkdir "$place"
+        touch "$place/${name/n/z}"
+    done
+    touch "$data/complete"
+}
+[ -f "$data/complete" ] || make_trees
+
+trap stop_wine EXIT
+use_wine wine-scale
+use_null_display
+stop_wine
+use_wine wine-scale
+
+windows_path() { echo "Z:${1//\//\\}"; }
+
+key=$(wine build/windows/presets.exe new 0 scale </dev/null | tr -d '\r')
+# set_value SECTION NAME DATA [TYPE]
+set_value() {
+    wine reg add "HKCU\\Software\\Tamblewick\\$key\\$1" /v "$2" /d "$3" /t "${4:-REG_SZ}" /f \
+        </dev/null >/dev/null 2>&1
+}
+set_value Saving SaveLocation Custom
+set_value Saving CustomFolderPath "$(windows_path "$lists")"
+set_value Saving OverwriteExisting 1 REG_DWORD
+set_value Opening OpenMethod Nothing
+
+# The rows of a list are full paths: in a flat one all folders and then all files, in a grouped one each folder
+# with what lies in it, its folders first.
+expected_rows() {
+    local root=$1 flat=$2 kind
+    for kind in $([ "$flat" = 1 ] && echo d f || echo d,f); do
+        find "$root" -mindepth 1 -type "$kind" | LC_ALL=C sort
+    done | sed 's|/|\\|g; s|^|Z:|'
+}
+rows_of() { sed -nE 's|^\t*(<td>)?(Z:[^<\r]*)(</td>)?\r?$|\2|p' "$1"; }
+
+failed=0
+complain() {
+    echo "$*"
+    failed=1
+}
+
+# list SUBJECT STYLE FLAT: makes a list, compares it, and sets seconds, kilobytes and entries.
+list() {
+    local subject=$1 style=$2 flat=$3 file code=0 start=$EPOCHREALTIME
+    rm -f "$lists"/*
+    /usr/bin/time -o "$data/memory" -f %M wine build/windows/tamblewick.exe "$key" \
+        "$(windows_path "$data/$subject")" </dev/null >/dev/null 2>&1 || code=$?
+    seconds=$(awk -v from="$start" -v to="$EPOCHREALTIME" 'BEGIN { printf "%.1f", to - from }')
+    kilobytes=$(tail -n 1 "$data/memory")
+    [ "$code" = 0 ] || complain "$subject $style $flat: exit code $code"
+    file=("$lists"/*)
+    [ -f "${file[0]}" ] || { complain "$subject $style $flat: no list"; return; }
+    expected_rows "$data/$subject" "$flat" >"$data/expected"
+    rows_of "${file[0]}" >"$data/rows"
+    cmp "$data/expected" "$data/rows" || complain "$subject $style $flat: the rows are not what find finds"
+    entries=$(wc -l <"$data/expected")
+}
+
+row='%-16s %-6s %-8s %10s %9s %11s %12s\n'
+printf "$row" tree style shape entries seconds "peak MB" "bytes/entry"
+for style in Text Html; do
+    for flat in 0 1; do
+        set_value Format ListStyle $style
+        set_value Display ShowFlatStyle $flat REG_DWORD
+        list empty $style $flat
+        none=$kilobytes
+        quarter=
+        for subject in million/quarter million wide long; do
+            list $subject $style $flat
+            # Of few entries the memory of the program itself is all there is.
+            each=$([ "$entries" -gt 1000 ] && echo $(((kilobytes - none) * 1024 / entries)) || echo -)
+            printf "$row" $subject $style "$([ $flat = 1 ] && echo flat || echo grouped)" "$entries" "$seconds" \
+                $((kilobytes / 1024)) $each
+            [ $subject != million/quarter ] || quarter=$each
+            [ $subject != million ] || [ $each -le $((quarter * 11 / 10)) ] ||
+                complain "memory grows faster than the tree"
+        done
+    done
+done
+exit $failed
