@@ -57,7 +57,9 @@ bool MainController::HandleClose() {
             IDNO)
         return true;
     RECT window;
-    GetWindowRect(Handle, &window);
+    // A second question, which whoever asks from outside gets while the first one stands, may have closed it.
+    if (!GetWindowRect(Handle, &window))
+        return true;
     Settings.Get<int32_t>(MainSettings::WindowPosX) = window.left;
     Settings.Get<int32_t>(MainSettings::WindowPosY) = window.top;
     Settings.Get<uint32_t>(MainSettings::WindowWidth) = static_cast<uint32_t>(window.right - window.left);

@@ -88,6 +88,25 @@ TEST_F(CloseTest, ConfirmedYes) {
     EXPECT_EQ(registry.Get(MainSettings::RootKey, L"ConfirmExit"), Dword(1));
 }
 
+TEST_F(CloseTest, ConfirmedTwiceAtOnceStoresTheRectangle) {
+    registry.SetDword(MainSettings::RootKey, L"ConfirmExit", 1);
+    Open();
+    SetWindowPos(window, nullptr, 77, 66, 640, 444, SWP_NOZORDER);
+    RECT rect = {};
+    GetWindowRect(window, &rect);
+    int boxes = 0;
+    const Ui::DismissModal answer([&](HWND box) {
+        if (++boxes == 1)
+            SendMessageW(window, WM_CLOSE, 0, 0);
+        else
+            SendMessageW(box, WM_COMMAND, IDYES, 0);
+    });
+    SendMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(boxes, 2);
+    EXPECT_FALSE(IsWindow(window));
+    ExpectStoredRect(rect);
+}
+
 TEST_F(CloseTest, WithoutConfirmationNoBoxShows) {
     registry.SetDword(MainSettings::RootKey, L"ConfirmExit", 0);
     Open();
