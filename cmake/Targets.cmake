@@ -64,7 +64,9 @@ function(tamblewick_test name)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} testsupport tamblewick_options)
   tamblewick_test_options(${name})
   target_precompile_headers(${name} REUSE_FROM testsupport)
-  add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${CMAKE_BINARY_DIR}/results/${name}.xml)
+  # Without its drive the path would count as relative under Wine.
+  add_test(NAME ${name} COMMAND
+    ${name} --gtest_output=xml:$<$<BOOL:${WIN32}>:Z:>${CMAKE_BINARY_DIR}/results/${name}.xml)
   set_tests_properties(${name} PROPERTIES TIMEOUT 900)
   if(WIN32)
     # The tests share one registry and one focus.
