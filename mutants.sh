@@ -79,6 +79,7 @@ cd build/mutants
 passes() {
     local preset=${1% *} name=${1#* }
     quietly build/logs/build.log cmake --build --preset "$preset" --target "$name"
+    mkdir -p "build/$preset/results"
     rm -f "build/$preset/results/$name.xml"
     ctest --preset "$preset" -R "^$name\$" >build/logs/test.log 2>&1
 }
