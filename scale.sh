@@ -61,14 +61,13 @@ set_value Saving CustomFolderPath "$(windows_path "$lists")"
 set_value Saving OverwriteExisting 1 REG_DWORD
 set_value Opening OpenMethod Nothing
 
-# The rows of a list are full paths: in a flat one all folders and then all files, each sorted by folder and name,
-# in a grouped one each folder with what lies in it, its folders first.
+# The rows of a list are full paths: in a grouped one each folder with what lies in it, its folders first, in a flat
+# one all folders and then all files, those of a folder before those of the folders in it.
 expected_rows() {
-    local root=$1 flat=$2 kind
+    local root=$1 flat=$2
     if [ "$flat" = 1 ]; then
-        for kind in d f; do
-            find "$root" -mindepth 1 -type $kind -printf '%h\t%f\n' | LC_ALL=C sort | tr '\t' /
-        done
+        find "$root" -mindepth 1 -type d | LC_ALL=C sort
+        find "$root" -mindepth 1 -type f -printf '%h\t%f\n' | LC_ALL=C sort | tr '\t' /
     else
         find "$root" -mindepth 1 | LC_ALL=C sort
     fi | sed 's|/|\\|g; s|^|Z:|'
