@@ -29,6 +29,8 @@ measure() {
     build_preset "$preset"
     find "build/$preset" -name '*.gcda' -delete
     if [ "$build" = windows ]; then
+        # They need thousands of quick starts and ends, and reach nothing more.
+        export GTEST_FILTER='-ProcessRaces.*'
         trap stop_wine EXIT
         use_wine wine-coverage
         use_null_display
@@ -108,7 +110,7 @@ for build in "${builds[@]}"; do
     echo
     echo "Lines unreached in $build: $(wc -l <"$reports/$build-unreached.txt"), see $reports/$build-unreached.txt"
 done
-if [ -s "$reports/native-unreached.txt" ]; then
+if [[ ${builds[0]} == native && -s $reports/native-unreached.txt ]]; then
     echo
     cat "$reports/native-unreached.txt"
 fi
