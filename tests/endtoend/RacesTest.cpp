@@ -29,7 +29,7 @@ const std::vector<int> Presses[] = {
 
 struct Search {
     DWORD process;
-    int control;  // by which the dialog is told from others
+    int control;
     HWND found;
 };
 
@@ -37,14 +37,17 @@ BOOL CALLBACK Visit(HWND window, LPARAM parameter) {
     Search& search = *reinterpret_cast<Search*>(parameter);
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    if (process != search.process || GetDlgItem(window, search.control) == nullptr)
+    const bool isWanted =
+        GetDlgItem(window, search.control) != nullptr || GetDlgItem(window, IDOK) != nullptr;
+    if (process != search.process || !isWanted)
         return TRUE;
     search.found = window;
     return FALSE;
 }
 
-// Waits for a dialog of the process, visible or not, with this control; null if the process ends first.
-HWND WaitForDialog(const Process& program, int control) {
+// Waits for a window of the process, visible or not, that has this control or is a message box, behind which
+// the control may be gone for good; null if the process ends first.
+HWND WaitForWindow(const Process& program, int control) {
     Search search = {program.Id(), control, nullptr};
     do {
         EnumWindows(Visit, reinterpret_cast<LPARAM>(&search));
@@ -81,15 +84,15 @@ protected:
         const std::wstring list = ListsFolder() + L"\\List of " + name + L".txt";
         Process program(preset_.Key + L" \"" + folder_.Path(name) + L"\"");
         for (const int button : presses) {
-            const HWND dialog = WaitForDialog(program, button);
+            const HWND window = WaitForWindow(program, button);
             // From the moment in which the button exists to one behind the end.
             for (uint32_t turns = random.Below(60) * random.Below(60); turns > 0; turns--)
                 SwitchToThread();
-            if (dialog != nullptr)
-                PostMessageW(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
+            if (const HWND target = GetDlgItem(window, button))
+                PostMessageW(target, BM_CLICK, 0, 0);
         }
         if (fails)
-            AnswerBox(program);
+            AnswerBoxes(program);
         std::string wrong = program.Wait() == 0 ? "" : "not 0 as exit code\n";
         const std::optional<std::string> bytes = TestSupport::ReadBytes(list);
         const bool cancels = std::find(presses.begin(), presses.end(), IDC_PROGRESS_CANCEL) != presses.end();
@@ -107,9 +110,10 @@ protected:
     const TestSupport::TempFolder folder_;
 
 private:
-    // The process ends only with the answer, so a box that never comes is told by Wait.
-    static void AnswerBox(const Process& program) {
-        if (const HWND box = WaitForDialog(program, IDOK))
+    // Until the process ends, which it does only with the answer: a box that goes with its dialog is followed
+    // by another one, and a box that never comes is told by Wait.
+    static void AnswerBoxes(const Process& program) {
+        while (const HWND box = WaitForWindow(program, IDOK))
             PostMessageW(box, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(GetDlgItem(box, IDOK)));
     }
 };

@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Starts lists ten thousand times in one process and three hundred times as processes, while someone presses the
+# dialogs, answers errors and closes the window at any moment. Takes some four minutes.
+#
+#   ./races.sh [STARTS]    STARTS of each test in one process, in the place of its own number
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")"
+. scripts/common.sh
+
+[ -z "${1:-}" ] || export TAMBLEWICK_STARTS=$1
+install_packages "${buildPackages[@]}" "${winePackages[@]}" libbenchmark-dev
+build_preset windows races process_races
+trap stop_wine EXIT
+use_wine wine-test
+use_null_display
+stop_wine
+use_wine wine-test
+mkdir -p build/windows/results
+ctest --preset windows -R 'races$'
