@@ -53,6 +53,24 @@ private:
     std::atomic<ProgressController*>& place_;
 };
 
+// Enables the owner again with the end of a scope, if it was enabled at its beginning. EndDialog does so, but
+// the worker's may find the dialog gone before it has come to the owner.
+class EnabledAtEnd {
+public:
+    explicit EnabledAtEnd(HWND owner)
+        : owner_(owner), wasEnabled_(owner != nullptr && IsWindowEnabled(owner)) {}
+    EnabledAtEnd(const EnabledAtEnd&) = delete;
+    EnabledAtEnd& operator=(const EnabledAtEnd&) = delete;
+    ~EnabledAtEnd() {
+        if (wasEnabled_)
+            EnableWindow(owner_, TRUE);
+    }
+
+private:
+    const HWND owner_;
+    const bool wasEnabled_;
+};
+
 }  // namespace
 
 ListMakerWithUI::ListMakerWithUI(HWND ownerWindow, const Preset& source, const std::wstring& listedPath)
@@ -73,6 +91,7 @@ bool ListMakerWithUI::Start() {
     // Read before the worker exists, which may hold the dialog at any moment from then on.
     ProgressController& dialog = *progress.load();
     ListMaker::Start();
+    const EnabledAtEnd use{owner};
     const DeletedAtEnd life{progress};
 
     const WinLib::Application* application = WinLib::Application::Current();

@@ -140,6 +140,17 @@ TEST_F(ListMakerWithUIWindow, GoesOnAloneInTheBackground) {
     EXPECT_TRUE(ListExists());
 }
 
+// As when this thread destroys the dialog while the worker is about to end it.
+TEST_F(ListMakerWithUIWindow, EnablesTheOwnerAlsoIfNobodyEndsTheDialog) {
+    const Ui::DismissModal user([](HWND dialog) { DestroyWindow(dialog); });
+    std::promise<void> go;
+    TestJob job(owner, MakePreset(), folder.Path(L"Photos"));
+    job.AtTheBeginning = [start = go.get_future().share()] { start.wait(); };
+    EXPECT_FALSE(job.Start());
+    EXPECT_TRUE(IsWindowEnabled(owner));
+    go.set_value();
+}
+
 TEST_F(ListMakerWithUIWindow, TellsAnErrorOnTheDialog) {
     std::promise<HWND> shown;
     const Ui::DismissModal user([&](HWND dialog) { shown.set_value(dialog); });
