@@ -41,7 +41,7 @@ use_wine wine-test
 use_null_display
 stop_wine
 use_wine wine-test
-# Races take minutes and, once in many thousand starts, meet one of Wine's own: races.sh.
+# Ten thousand starts take minutes: races.sh.
 run_tests windows -E 'races$'
 
 scripts/count-results.sh native native-asan native-tsan fuzz windows
