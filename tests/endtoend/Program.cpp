@@ -146,7 +146,7 @@ Process::Process(const std::wstring& arguments) {
     std::wstring line = L"\"" + ProgramPath() + L"\" " + arguments;
     if (!CreateProcessW(ProgramPath().c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                         &startup, &information_))
-        ADD_FAILURE() << "the program could not be started";
+        ADD_FAILURE() << "the program could not be started, error " << GetLastError();
 }
 
 Process::~Process() {

@@ -170,6 +170,9 @@ TEST_F(Packages, RemovalTakesThePresetsWhenAskedTo) {
     registry.SetString(L"Software\\Tamblewick\\abc", L"Name", L"Gone");
     Remove(L" /S /PRESETS");
     EXPECT_FALSE(fs::exists(installed));
+    // They go last.
+    for (int i = 0; i < 2000 && KeyExists(HKEY_CURRENT_USER, L"Software\\Tamblewick"); ++i)
+        Sleep(10);
     EXPECT_FALSE(KeyExists(HKEY_CURRENT_USER, L"Software\\Tamblewick"));
 }
 
