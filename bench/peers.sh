@@ -101,6 +101,7 @@ list() {
     esac
 }
 
+rm -f "$data/lists"/*
 resultsFolder=$(mktemp -d)
 for lister in "${listers[@]}"; do
     list "$lister" empty

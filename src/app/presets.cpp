@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "settings/MainSettings.h"
+#include "settings/PresetKey.h"
 #include "settings/Templates.h"
 #include "winlib/Windows.h"
 
@@ -79,6 +80,14 @@ uint32_t FindTemplate(const std::wstring& text) {
     return number;
 }
 
+// A key is drawn from the second in which its preset is made. Returns in a second whose key is fit for use: not
+// empty, and not the key of a preset that a script made a moment ago.
+void WaitForFreeKey(MainSettings& settings) {
+    for (std::wstring key = MakePresetKey(); key.empty() || settings.FindPreset(key); key = MakePresetKey()) {
+        Sleep(50);
+    }
+}
+
 int NewPreset(const Arguments& arguments) {
     const uint32_t number = FindTemplate(arguments[1]);
     if (number == TemplateCount) {
@@ -86,6 +95,7 @@ int NewPreset(const Arguments& arguments) {
     }
     MainSettings settings;
     settings.LoadAll();
+    WaitForFreeKey(settings);
     Preset& preset = settings.CreateFromTemplate(number);
     if (arguments.size() == 3) {
         preset.Get<std::wstring>(Preset::Name) = arguments[2];

@@ -138,19 +138,23 @@ TEST_F(Presets, WhatIsUnknownGetsOneLineOnStandardErrorAndExitCode1) {
 }
 
 TEST_F(Presets, NewStoresThePresetOfATemplateAndPrintsItsKey) {
-    Output output;
-    // In one of 37 seconds a key is empty and belongs to no subkey: the next second has another.
-    for (int i = 0; i < 3 && output.out.size() < 2; ++i) {
-        if (i != 0)
-            Sleep(1100);
-        output = RunPresets(L"new 3 \"My music\"");
-    }
+    const Output output = RunPresets(L"new 3 \"My music\"");
     EXPECT_EQ(output.code, 0u);
     ASSERT_GE(output.out.size(), 2u);
     const std::wstring key(output.out.begin(), output.out.end() - 1);
     EXPECT_EQ(registry.Get(Root + L"\\" + key, L"Name"), StringValue(L"My music"));
     EXPECT_EQ(registry.Get(Root + L"\\" + key, L"Position"), DwordValue(1));
     EXPECT_EQ(registry.Get(Root + L"\\" + key + L"\\Filter", L"PresetSearchPattern"), DwordValue(1));
+}
+
+// Two in one second would get one key, and the second preset would take the place of the first.
+TEST_F(Presets, NewAsOftenAsOneLikesMakesAsManyPresets) {
+    for (const wchar_t* arguments : {L"new 0 No1", L"new 0 No2", L"new 0 No3"})
+        EXPECT_EQ(RunPresets(arguments).code, 0u);
+    const std::string list = RunPresets(L"list").out;
+    EXPECT_NE(list.find("\t3\tNo1\n"), std::string::npos) << list;
+    EXPECT_NE(list.find("\t2\tNo2\n"), std::string::npos) << list;
+    EXPECT_NE(list.find("\t1\tNo3\n"), std::string::npos) << list;
 }
 
 }  // namespace
