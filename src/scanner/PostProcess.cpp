@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 
 namespace Scanner {
 
@@ -33,12 +34,18 @@ void SumUp(const Node& node) {
     folder.fileCount = node.files.size();
 }
 
-// File systems like to return names in order, and comparing texts is what a sort costs: a list that is in
-// order takes one comparison for each entry.
-template <typename Element, typename Before>
-void Sort(std::vector<Element>& list, const Before& before) {
-    if (!std::is_sorted(list.begin(), list.end(), before))
-        std::stable_sort(list.begin(), list.end(), before);
+// A stable merge sort. File systems like to return names in order, and comparing texts is what a sort costs: a
+// list that is in order takes one comparison for each entry. Unlike std::stable_sort it stays within the list
+// when a pair of names compares one way now and another way later, as when the system cannot compare them once.
+template <typename Iterator, typename Before>
+void Sort(Iterator first, Iterator last, const Before& before) {
+    if (last - first < 2)
+        return;
+    const Iterator middle = first + (last - first) / 2;
+    Sort(first, middle, before);
+    Sort(middle, last, before);
+    if (before(*middle, *std::prev(middle)))
+        std::inplace_merge(first, middle, last, before);
 }
 
 }  // namespace
@@ -62,7 +69,7 @@ void PostProcess(Node& root, const Comparator& folderComparator, const Comparato
 
 void SortFolders(std::vector<Node>& folders, const Comparator& comparator) {
     if (comparator.HasKeys()) {
-        Sort(folders, [&comparator](const Node& a, const Node& b) {
+        Sort(folders.begin(), folders.end(), [&comparator](const Node& a, const Node& b) {
             return comparator.Compare(*a.folder, *b.folder);
         });
     }
@@ -70,7 +77,8 @@ void SortFolders(std::vector<Node>& folders, const Comparator& comparator) {
 
 void SortFiles(std::vector<File*>& files, const Comparator& comparator) {
     if (comparator.HasKeys())
-        Sort(files, [&comparator](const File* a, const File* b) { return comparator.Compare(*a, *b); });
+        Sort(files.begin(), files.end(),
+             [&comparator](const File* a, const File* b) { return comparator.Compare(*a, *b); });
 }
 
 }  // namespace Scanner

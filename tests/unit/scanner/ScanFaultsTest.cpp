@@ -228,3 +228,26 @@ TEST_F(ScanFaults, TiesByCodeWithoutRegardToCase) {
     EXPECT_TRUE(Scan(byExtension, options, L"C:\\Names"));
     EXPECT_EQ(FileNames(byExtension.root), (Names{L"README.doc", L"readme.txt"}));
 }
+
+// A name that stands before another by code and behind it by language: the comparison that fails turns round
+// what the sort has just seen, wherever in the sort it is.
+TEST_F(ScanFaults, KeepsEveryEntryWhenOneComparisonTurnsRound) {
+    const Names names = {L"\x00D6", L"zb", L"za", L"zd", L"zc"};
+    for (const std::wstring& name : names) {
+        FakeWin::AddFile(L"C:\\Names\\" + name);
+        FakeWin::AddFolder(L"C:\\Names\\" + name + L" folder");
+    }
+    options.fileSortKeys = {{Comparison::Name, true}};
+    options.folderSortKeys = {{Comparison::Name, true}};
+    Result sorted;
+    ASSERT_TRUE(Scan(sorted, options, L"C:\\Names"));
+    const int uses = FakeWin::Uses(Call::CompareStringW);
+    ASSERT_GT(uses, 10);
+    for (int use = 1; use <= uses; ++use) {
+        FakeWin::FailNth(Call::CompareStringW, use, ERROR_NOT_ENOUGH_MEMORY);
+        Result broken;
+        EXPECT_TRUE(Scan(broken, options, L"C:\\Names"));
+        EXPECT_EQ(FakeWin::FaultsStruck(), use);
+        EXPECT_EQ(SortedLines(broken.root), SortedLines(sorted.root)) << "use " << use;
+    }
+}
