@@ -5,13 +5,14 @@
 namespace WinLib {
 
 void WaitServingSentMessages(const std::function<bool()>& done) {
-    for (;;) {
-        // First, since a worker that is about to be done often hangs on one last message.
+    // A worker that is about to be done often hangs on one last message: it is served before the first question,
+    // and the worker gets the processor a few times before this thread sleeps.
+    for (int asked = 0;; ++asked) {
         MSG unused;
         PeekMessageW(&unused, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
         if (done())
             return;
-        Sleep(25);
+        Sleep(asked < 100 ? 0 : 25);
     }
 }
 

@@ -6,8 +6,8 @@
 
 namespace WinLib {
 
-// Returns as soon as done() is true, which is asked every 25 milliseconds; serves sent messages each time
-// before it asks.
+// Returns as soon as done() is true, which is asked a hundred times in a row and then every 25 milliseconds;
+// serves sent messages each time before it asks.
 void WaitServingSentMessages(const std::function<bool()>& done);
 
 }  // namespace WinLib

@@ -153,7 +153,7 @@ TEST_F(ListMakerWithUIErrors, DelayTheReturnOfStartUntilTheyAreAnswered) {
         EndDialog(dialog, 0);
         EXPECT_TRUE(FakeWin::WaitForDestroyed(dialog));
         const size_t polls = FakeWin::Sleeps().size();
-        while (!returned && FakeWin::Sleeps().size() < polls + 3)
+        while (!returned && FakeWin::Sleeps().size() < polls + 103)
             std::this_thread::yield();
         EXPECT_FALSE(returned);
         EXPECT_EQ(FakeWin::Sleeps().back(), 25u);

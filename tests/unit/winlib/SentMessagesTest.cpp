@@ -56,7 +56,7 @@ TEST(SentMessages, LeavesPostedMessagesInTheQueue) {
     postedCount = 0;
     PostMessageW(window, Posted, 0, 0);
     int asked = 0;
-    WinLib::WaitServingSentMessages([&] { return ++asked == 3; });
+    WinLib::WaitServingSentMessages([&] { return ++asked == 103; });
     EXPECT_EQ(postedCount, 0);
     MSG message;
     EXPECT_TRUE(PeekMessageW(&message, window, Posted, Posted, PM_REMOVE));
