@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <stdexcept>
 
 #include "scanner/AsciiCase.h"
@@ -21,6 +22,23 @@ int CompareByCode(const wchar_t* a, const wchar_t* b) {
         ++b;
     }
     return Order(LowerAscii(*a), LowerAscii(*b));
+}
+
+bool IsDigit(wchar_t c) {
+    return c >= L'0' && c <= L'9';
+}
+
+// The order of two texts that first differ in a digit, as the numbered names of one folder do. It is that of the
+// two digits in every language: they weigh more than all that follows and never join with what stands before
+// them. Nothing if the texts first differ elsewhere. Takes a small part of the time of CompareStringW.
+std::optional<int> CompareAtDigit(const wchar_t* a, const wchar_t* b) {
+    while (*a != L'\0' && *a == *b) {
+        ++a;
+        ++b;
+    }
+    if (IsDigit(*a) && IsDigit(*b))
+        return Order(*a, *b);
+    return std::nullopt;
 }
 
 int CompareName(const Comparator& comparator, const Record& a, const Record& b) {
@@ -125,6 +143,10 @@ bool Comparator::Compare(const Record& a, const Record& b) const {
 }
 
 int Comparator::CompareText(const wchar_t* a, const wchar_t* b) const {
+    if ((compareFlags_ & SORT_DIGITSASNUMBERS) == 0) {
+        if (const std::optional<int> order = CompareAtDigit(a, b))
+            return *order;
+    }
     const int result = CompareStringW(LOCALE_USER_DEFAULT, compareFlags_, a, -1, b, -1);
     return result == 0 ? CompareByCode(a, b) : result - CSTR_EQUAL;
 }

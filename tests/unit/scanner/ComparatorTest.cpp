@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <string>
 #include <vector>
 
+#include "support/Text.h"
 #include "unit/scanner/TestTree.h"
 
 using namespace Scanner;
@@ -52,6 +54,36 @@ TEST(Comparator, ComparesDigitsAsTextOrAsNumbers) {
     const Comparator natural = By(Comparison::Name, Files, true);
     ExpectBefore(natural, Named(L"a2"), Named(L"a10"));
     ExpectBefore(natural, Named(L"file9"), Named(L"file10"));
+}
+
+// Around each pair of digits stands what other languages join, swap, weigh little or put together of two units.
+TEST(Comparator, OrdersDigitsAsTheSystemDoesWhateverStandsAroundThem) {
+    const std::wstring beginnings[] = {L"",       L"a",       L"ch",     L"-",      L"co-",    L"'",
+                                       L"IMG_",   L"1",       L"09",     L" ",      L"\u00E4", L"a\u0308",
+                                       L"\u0308", L"\u3042",  L"\u30FC", L"\u3005", L"\u0E40", L"\u1100",
+                                       L"\xD83D", L"\xDE00", L"\x01"};
+    const std::wstring ends[] = {L"", L"-", L"a", L"0", L"9", L"\u0301", L"\u20DD", L"\u30FC", L"\xDE00"};
+    std::vector<std::wstring> texts;
+    for (const bool natural : {false, true}) {
+        const Comparator comparator({}, Files, natural);
+        const DWORD flags = NORM_IGNORECASE | (natural ? SORT_DIGITSASNUMBERS : 0u);
+        for (const std::wstring& beginning : beginnings) {
+            texts.clear();
+            for (const std::wstring& end : ends) {
+                for (wchar_t digit = L'0'; digit <= L'9'; ++digit)
+                    texts.push_back(beginning + digit + end);
+            }
+            for (const std::wstring& a : texts) {
+                for (const std::wstring& b : texts) {
+                    const int order =
+                        CompareStringW(LOCALE_USER_DEFAULT, flags, a.c_str(), -1, b.c_str(), -1);
+                    ASSERT_EQ(comparator.CompareText(a.c_str(), b.c_str()), order - CSTR_EQUAL)
+                        << TestSupport::Utf8(a) << "\n"
+                        << TestSupport::Utf8(b);
+                }
+            }
+        }
+    }
 }
 
 TEST(Comparator, ComparesExtensions) {
