@@ -129,8 +129,9 @@ for lister in "${listers[@]}"; do
     awk -v title="${titles[$lister]}" -v entries="$entries" -v floor="$floorTime" \
         -v run="$(median "$lister-tree")" -v empty="$(median "$lister-empty")" \
         -v peak="$(median "$lister-tree.memory")" -v start="$(median "$lister-empty.memory")" 'BEGIN {
+        grown = peak > start ? peak - start : 0
         printf "| %s | %.0f ms | %.0f ms | %.2f us | %.3f | %.1f MB | %.0f bytes |\n", title, run / 1e3, empty / 1e3,
-            (run - empty) / entries, (run - empty) / floor, peak / 1024, (peak - start) * 1024 / entries
+            (run - empty) / entries, (run - empty) / floor, peak / 1024, grown * 1024 / entries
     }'
 done
 rm -rf "$resultsFolder"
