@@ -153,6 +153,14 @@ private:
     const HMENU menu_;
 };
 
+Com<IClassFactory> Factory() {
+    CLSID classId;
+    CLSIDFromString(ClassId, &classId);
+    void* object = nullptr;
+    CoGetClassObject(classId, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, &object);
+    return Com<IClassFactory>(static_cast<IClassFactory*>(object));
+}
+
 class ContextMenuTest : public testing::Test {
 protected:
     ContextMenuTest() {
@@ -391,6 +399,50 @@ TEST_F(ContextMenuTest, ModuleUnloadsWhenNothingOfItIsInUse) {
     CoFreeUnusedLibrariesEx(0, 0);
     CoFreeUnusedLibrariesEx(0, 0);
     EXPECT_EQ(GetModuleHandleW(ModulePath().c_str()), nullptr);
+}
+
+// COM's own operations, which the shell uses with care and others need not.
+TEST_F(ContextMenuTest, MissingPlacesForResultsAndOuterObjectsAreRefused) {
+    const Com<IClassFactory> factory = Factory();
+    ASSERT_NE(factory, nullptr);
+    EXPECT_EQ(factory->QueryInterface(IID_IClassFactory, nullptr), E_POINTER);
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IContextMenu, nullptr), E_POINTER);
+    void* object = &object;
+    EXPECT_EQ(factory->CreateInstance(factory.get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
+    EXPECT_EQ(object, nullptr);
+    object = &object;
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDataObject, &object), E_NOINTERFACE);
+    EXPECT_EQ(object, nullptr);
+}
+
+TEST_F(ContextMenuTest, LockedServerStaysLoaded) {
+    Com<IClassFactory> factory = Factory();
+    ASSERT_NE(factory, nullptr);
+    const HMODULE loaded = GetModuleHandleW(ModulePath().c_str());
+    ASSERT_NE(loaded, nullptr);
+    const auto canUnload = reinterpret_cast<HRESULT(STDMETHODCALLTYPE*)()>(
+        reinterpret_cast<void*>(GetProcAddress(loaded, "DllCanUnloadNow")));
+    EXPECT_EQ(factory->LockServer(TRUE), S_OK);
+    factory.reset();
+    EXPECT_EQ(canUnload(), S_FALSE);
+    factory = Factory();
+    EXPECT_EQ(factory->LockServer(FALSE), S_OK);
+    factory.reset();
+    EXPECT_EQ(canUnload(), S_OK);
+}
+
+TEST_F(ContextMenuTest, VerbNeedsNoMenu) {
+    AddPreset(L"aaa", L"First", 1);
+    const Menu menu({folder_.Path(L"Two")}, CMF_DEFAULTONLY);
+    EXPECT_TRUE(menu.Entries().empty());
+    EXPECT_EQ(menu.Invoke("tamblewick.aaa"), S_OK);
+    ExpectList(L"List of Two.txt", "b.txt\r\n");
+}
+
+TEST_F(ContextMenuTest, NothingSelectedIsNothingToDo) {
+    AddPreset(L"aaa", L"First", 1);
+    const Menu menu({});
+    EXPECT_EQ(menu.Invoke("tamblewick.aaa"), E_FAIL);
 }
 
 TEST_F(ContextMenuTest, DamagedPresetsLeaveTheShellAlone) {

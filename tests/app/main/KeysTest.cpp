@@ -32,8 +32,18 @@ protected:
 
     // Presses a key that opens a dialog, answers that with a button, and returns what it said.
     Ui::SeenDialog PressAndAnswer(WORD key, WORD button) {
+        return Answer([key] { PostKey(key); }, button);
+    }
+
+    // The same for a command of the menu.
+    Ui::SeenDialog ChooseAndAnswer(WORD id, WORD button) {
+        return Answer([this, id] { PostMessageW(window, WM_COMMAND, id, 0); }, button);
+    }
+
+private:
+    Ui::SeenDialog Answer(const std::function<void()>& open, WORD button) {
         const Ui::DismissModal answer(button);
-        PostKey(key);
+        open();
         RunLoopUntil([&] { return !answer.Seen().empty() && IsWindowEnabled(window); }, "the dialog");
         return answer.Seen().empty() ? Ui::SeenDialog{} : answer.Seen().front();
     }
@@ -166,6 +176,16 @@ TEST_F(KeysTest, F1OpensTheAboutBoxWithTheWindowAsOwner) {
     OpenWith({L"A"});
     const Ui::SeenDialog dialog = PressAndAnswer(VK_F1, IDC_ABOUT_CLOSE);
     EXPECT_EQ(dialog.owner, window);
+}
+
+TEST_F(KeysTest, MenuOpensTheSameTwoDialogs) {
+    OpenWith({L"A"});
+    const Ui::SeenDialog options = ChooseAndAnswer(IDM_OPTIONS, IDC_OPTIONS_CLOSE);
+    EXPECT_EQ(options.caption, L"Options");
+    EXPECT_EQ(options.owner, window);
+    const Ui::SeenDialog about = ChooseAndAnswer(IDM_ABOUT, IDC_ABOUT_CLOSE);
+    EXPECT_NE(about.caption, L"Options");
+    EXPECT_EQ(about.owner, window);
 }
 
 TEST_F(KeysTest, AcceleratorsAreDeadBehindADialog) {

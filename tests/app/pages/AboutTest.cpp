@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <filesystem>
 #include <functional>
+#include <string>
 
 #include "HostWindow.h"
 #include "resources/resource.h"
@@ -15,6 +18,30 @@
 #include "winlib/WindowText.h"
 
 namespace {
+
+// Makes a command the system's mail program, as long as it lives.
+class MailProgram {
+public:
+    explicit MailProgram(const std::wstring& command) {
+        DWORD size = sizeof(earlier_);
+        RegGetValueW(HKEY_CLASSES_ROOT, Key, nullptr, RRF_RT_REG_SZ, nullptr, earlier_, &size);
+        Set(command);
+    }
+    MailProgram(const MailProgram&) = delete;
+    MailProgram& operator=(const MailProgram&) = delete;
+    ~MailProgram() { Set(earlier_); }
+
+private:
+    static constexpr wchar_t Key[] = L"mailto\\shell\\open\\command";
+
+    static void Set(const std::wstring& command) {
+        ASSERT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, Key, nullptr, REG_SZ, command.c_str(),
+                                  static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t))),
+                  ERROR_SUCCESS);
+    }
+
+    wchar_t earlier_[256] = {};
+};
 
 class AboutTest : public testing::Test {
 protected:
@@ -104,6 +131,29 @@ TEST_F(AboutTest, ClickOnTheHomePageOpensTheTextOfTheControl) {
                       std::chrono::seconds(20), "the file that the batch file writes");
         Close(dialog);
     });
+}
+
+// The recorder of command lines writes into a folder of this name.
+TEST_F(AboutTest, ClickOnTheAddressOpensTheMailLink) {
+    const std::filesystem::path folder = L"C:\\tamblewick-lists";
+    const std::filesystem::path record = folder / L"recorded";
+    std::filesystem::create_directories(folder);
+    std::filesystem::remove(record);
+    std::array<wchar_t, MAX_PATH> self;
+    GetModuleFileNameW(nullptr, self.data(), static_cast<DWORD>(self.size()));
+    const auto recorder = std::filesystem::path(self.data()).parent_path() / L"recorder.exe";
+    const MailProgram mail(L"\"" + recorder.wstring() + L"\" \"%1\"");
+    Run([&record](HWND dialog) {
+        SetDlgItemTextW(dialog, IDC_ABOUT_MAIL, L"me@here.example");
+        Ui::Click(GetDlgItem(dialog, IDC_ABOUT_MAIL));
+        Ui::MessagePump pump(dialog);
+        pump.RunUntil([&record] { return std::filesystem::exists(record); }, std::chrono::seconds(20),
+                      "the recorded command line");
+        Close(dialog);
+    });
+    const std::string line = TestSupport::ReadBytes(record.wstring()).value_or("");
+    EXPECT_TRUE(line.ends_with(" \"mailto:Ostrel Vane <me@here.example>?subject=Tamblewick\"")) << line;
+    std::filesystem::remove_all(folder);
 }
 
 TEST_F(AboutTest, LinkThatCannotBeOpenedIsSilent) {
