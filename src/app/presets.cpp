@@ -80,8 +80,8 @@ uint32_t FindTemplate(const std::wstring& text) {
     return number;
 }
 
-// A key is drawn from the second in which its preset is made. Returns in a second whose key is fit for use: not
-// empty, and not the key of a preset that a script made a moment ago.
+// A key is drawn from the second in which its preset is made. Returns in a second whose key is fit for use:
+// not empty, and not the key of a preset that a script made a moment ago.
 void WaitForFreeKey(MainSettings& settings) {
     for (std::wstring key = MakePresetKey(); key.empty() || settings.FindPreset(key); key = MakePresetKey()) {
         Sleep(50);

@@ -28,9 +28,9 @@ bool IsDigit(wchar_t c) {
     return c >= L'0' && c <= L'9';
 }
 
-// The order of two texts that first differ in a digit, as the numbered names of one folder do. It is that of the
-// two digits in every language: they weigh more than all that follows and never join with what stands before
-// them. Nothing if the texts first differ elsewhere. Takes a small part of the time of CompareStringW.
+// The order of two texts that first differ in a digit, as the numbered names of one folder do. It is that of
+// the two digits in every language: they weigh more than all that follows and never join with what stands
+// before them. Nothing if the texts first differ elsewhere. Takes a small part of the time of CompareStringW.
 std::optional<int> CompareAtDigit(const wchar_t* a, const wchar_t* b) {
     while (*a != L'\0' && *a == *b) {
         ++a;

@@ -34,9 +34,10 @@ void SumUp(const Node& node) {
     folder.fileCount = node.files.size();
 }
 
-// A stable merge sort. File systems like to return names in order, and comparing texts is what a sort costs: a
-// list that is in order takes one comparison for each entry. Unlike std::stable_sort it stays within the list
-// when a pair of names compares one way now and another way later, as when the system cannot compare them once.
+// A stable merge sort. File systems like to return names in order, and comparing texts is what a sort costs:
+// a list that is in order takes one comparison for each entry. Unlike std::stable_sort it stays within the
+// list when a pair of names compares one way now and another way later, as when the system cannot compare
+// them once.
 template <typename Iterator, typename Before>
 void Sort(Iterator first, Iterator last, const Before& before) {
     if (last - first < 2)

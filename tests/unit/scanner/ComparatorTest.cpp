@@ -56,11 +56,12 @@ TEST(Comparator, ComparesDigitsAsTextOrAsNumbers) {
     ExpectBefore(natural, Named(L"file9"), Named(L"file10"));
 }
 
-// Around each pair of digits stands what other languages join, swap, weigh little or put together of two units.
+// Around each pair of digits stands what other languages join, swap, weigh little or put together of two
+// units.
 TEST(Comparator, OrdersDigitsAsTheSystemDoesWhateverStandsAroundThem) {
-    const std::wstring beginnings[] = {L"",       L"a",       L"ch",     L"-",      L"co-",    L"'",
-                                       L"IMG_",   L"1",       L"09",     L" ",      L"\u00E4", L"a\u0308",
-                                       L"\u0308", L"\u3042",  L"\u30FC", L"\u3005", L"\u0E40", L"\u1100",
+    const std::wstring beginnings[] = {L"",       L"a",      L"ch",     L"-",      L"co-",    L"'",
+                                       L"IMG_",   L"1",      L"09",     L" ",      L"\u00E4", L"a\u0308",
+                                       L"\u0308", L"\u3042", L"\u30FC", L"\u3005", L"\u0E40", L"\u1100",
                                        L"\xD83D", L"\xDE00", L"\x01"};
     const std::wstring ends[] = {L"", L"-", L"a", L"0", L"9", L"\u0301", L"\u20DD", L"\u30FC", L"\xDE00"};
     std::vector<std::wstring> texts;

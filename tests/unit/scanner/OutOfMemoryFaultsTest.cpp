@@ -8,8 +8,8 @@
 #include "FakeWin.h"
 #include "scanner/PostProcess.h"
 #include "scanner/Scan.h"
-#include "unit/scanner/RecordingListener.h"
 #include "support/native/ScarceMemory.h"
+#include "unit/scanner/RecordingListener.h"
 #include "unit/scanner/TestTree.h"
 
 using namespace Scanner;
