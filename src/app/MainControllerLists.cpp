@@ -13,7 +13,9 @@ void MainController::CreateList() {
     if (!TreeController.ItemKindOf(selected))
         return;
     const uint32_t id = TreeController.ItemId(selected);
-    if (const std::optional<std::wstring> folder = WinLib::PickFolder(Handle, L"Select a folder", LastFolder))
+    const std::wstring start = LastFolder;
+    if (const auto folder =
+            WinLib::PickFolder(Handle, L"Select a folder", start.empty() ? nullptr : start.c_str()))
         StartList(id, *folder);
 }
 

@@ -123,7 +123,8 @@ bool FilterController::OnClicked(WORD id) {
 void FilterController::AddFolder() {
     const int selected = SelectedFolder();
     const std::wstring start = selected >= 0 ? FolderText(selected) : std::wstring();
-    if (const auto folder = WinLib::PickFolder(Handle, L"Specify a folder to exclude", start)) {
+    if (const auto folder = WinLib::PickFolder(Handle, L"Specify a folder to exclude",
+                                               selected >= 0 ? start.c_str() : nullptr)) {
         AppendFolder(*folder);
         StoreFolders();
     }

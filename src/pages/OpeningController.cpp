@@ -67,7 +67,7 @@ void OpeningController::Refresh() {
 }
 
 void OpeningController::UpdateControls() {
-    Choice().UpdateControls();
+    Choice().EnablePath(Section().Get<OpenMethod>(Row::OpenMethod) == OpenMethod::Custom);
 }
 
 bool OpeningController::OnClicked(WORD id) {

@@ -1,7 +1,5 @@
 #include "pages/PathChoice.h"
 
-#include "pages/Binding.h"
-
 using WinLib::Layout::Alignment;
 using WinLib::Layout::HStack;
 using WinLib::Layout::VStack;
@@ -15,8 +13,7 @@ void PathChoice::AddTo(VStack& page) const {
     page.AddWindow(0, browse, Alignment::Far, Alignment::Center);
 }
 
-void PathChoice::UpdateControls() const {
-    const bool custom = IsTicked(buttons.back());
-    EnableWindow(edit, custom);
-    EnableWindow(browse, custom);
+void PathChoice::EnablePath(bool enable) const {
+    EnableWindow(edit, enable);
+    EnableWindow(browse, enable);
 }

@@ -13,5 +13,7 @@ struct PathChoice {
     HWND browse;
 
     void AddTo(WinLib::Layout::VStack& page) const;
-    void UpdateControls() const;
+
+    // For the path to be typed or browsed for, or not.
+    void EnablePath(bool enable) const;
 };

@@ -43,14 +43,16 @@ void SavingController::Refresh() {
 }
 
 void SavingController::UpdateControls() {
-    Choice().UpdateControls();
+    Choice().EnablePath(Section().Get<SaveLocation>(Row::SaveLocation) == SaveLocation::Custom);
 }
 
 bool SavingController::OnClicked(WORD id) {
     if (id != IDC_SAVING_BROWSE)
         return false;
     const HWND path = Control(IDC_SAVING_PATH);
-    if (const auto folder = WinLib::PickFolder(Handle, L"Specify a save folder", WinLib::GetWindowText(path)))
+    const std::wstring start = WinLib::GetWindowText(path);
+    if (const auto folder =
+            WinLib::PickFolder(Handle, L"Specify a save folder", start.empty() ? nullptr : start.c_str()))
         SetWindowTextW(path, folder->c_str());
     return true;
 }

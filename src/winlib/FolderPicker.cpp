@@ -14,16 +14,16 @@ int CALLBACK SelectStartFolder(HWND dialog, UINT message, LPARAM, LPARAM startFo
 
 }  // namespace
 
-std::optional<std::wstring> PickFolder(HWND owner, const wchar_t* title, const std::wstring& startFolder) {
+std::optional<std::wstring> PickFolder(HWND owner, const wchar_t* title, const wchar_t* startFolder) {
     wchar_t path[MAX_PATH] = {};
     BROWSEINFOW browse = {};
     browse.hwndOwner = owner;
     browse.pszDisplayName = path;
     browse.lpszTitle = title;
     browse.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE | BIF_NONEWFOLDERBUTTON;
-    if (!startFolder.empty()) {
+    if (startFolder != nullptr) {
         browse.lpfn = SelectStartFolder;
-        browse.lParam = reinterpret_cast<LPARAM>(startFolder.c_str());
+        browse.lParam = reinterpret_cast<LPARAM>(startFolder);
     }
     const LPITEMIDLIST place = SHBrowseForFolderW(&browse);
     const bool hasPath = place != nullptr && SHGetPathFromIDListW(place, path);

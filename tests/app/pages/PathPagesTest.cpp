@@ -66,6 +66,28 @@ TEST(PathPages, PathIsEnabledByTheCustomChoiceAlone) {
     }
 }
 
+// Whoever drives the page from outside may send a click without ticking the button.
+TEST(PathPages, BareClickCountsWhateverIsTicked) {
+    for (const PathRow& row : PathPages) {
+        SCOPED_TRACE(row.page.name);
+        const TestRegistry registry;
+        const OpenPage open(row.page);
+        const auto click = [&open](int id) {
+            open.page->OnControlCommand(static_cast<WORD>(id), open.Control(id), BN_CLICKED);
+        };
+        click(row.custom);
+        EXPECT_TRUE(open.IsEnabled(row.edit));
+        EXPECT_TRUE(open.IsEnabled(row.browse));
+        EXPECT_EQ(registry.Get(PresetKey + row.section, row.choice), StringValue(L"Custom"));
+        for (const int other : row.others) {
+            open.Click(row.custom);
+            click(other);
+            EXPECT_FALSE(open.IsEnabled(row.edit)) << other;
+            EXPECT_FALSE(open.IsEnabled(row.browse)) << other;
+        }
+    }
+}
+
 TEST(PathPages, StoredCustomChoiceEnablesThePath) {
     for (const PathRow& row : PathPages) {
         SCOPED_TRACE(row.page.name);

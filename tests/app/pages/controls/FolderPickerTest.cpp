@@ -15,7 +15,7 @@ TEST(FolderPicker, ReturnsTheStartFolderWhenTheUserAcceptsIt) {
     const HostWindow host;
     const std::wstring folder = QuietFolder();
     const AcceptFolder accept(L"drivers");
-    EXPECT_EQ(PickFolder(host.Handle, L"Choose one", folder), folder);
+    EXPECT_EQ(PickFolder(host.Handle, L"Choose one", folder.c_str()), folder);
     ASSERT_EQ(accept.Seen().size(), 1U);
     EXPECT_NE(accept.Seen()[0].text.find(L"Choose one"), std::wstring::npos);
     EXPECT_EQ(accept.Seen()[0].owner, host.Handle);
@@ -24,8 +24,8 @@ TEST(FolderPicker, ReturnsTheStartFolderWhenTheUserAcceptsIt) {
 TEST(FolderPicker, ReturnsNothingWhenTheUserCancels) {
     const HostWindow host;
     const Ui::DismissModal cancel(IDCANCEL);
-    EXPECT_EQ(PickFolder(host.Handle, L"Choose one", QuietFolder()), std::nullopt);
-    EXPECT_EQ(PickFolder(host.Handle, L"Choose one", L""), std::nullopt);
+    EXPECT_EQ(PickFolder(host.Handle, L"Choose one", QuietFolder().c_str()), std::nullopt);
+    EXPECT_EQ(PickFolder(host.Handle, L"Choose one", nullptr), std::nullopt);
     EXPECT_EQ(cancel.Seen().size(), 2U);
 }
 
@@ -45,7 +45,7 @@ TEST(FolderPicker, OffersNoButtonForANewFolder) {
         }
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });
-    PickFolder(host.Handle, L"Choose one", L"");
+    PickFolder(host.Handle, L"Choose one", nullptr);
     EXPECT_FALSE(hasButton);
 }
 
