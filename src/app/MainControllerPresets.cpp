@@ -8,6 +8,7 @@
 #include "pages/ManageController.h"
 #include "pages/PropertyController.h"
 #include "resources/resource.h"
+#include "settings/Templates.h"
 #include "winlib/Application.h"
 
 using WinLib::Layout::Alignment;
@@ -76,6 +77,9 @@ void MainController::NewPreset() {
 }
 
 void MainController::NewFromTemplate(uint32_t index) {
+    // A command from outside may carry any number.
+    if (index >= TemplateCount)
+        return;
     Preset& preset = Settings.CreateFromTemplate(index);
     HTREEITEM item = nullptr;
     AddPreset(item, preset);

@@ -62,6 +62,15 @@ TEST_F(PresetsTest, EachTemplateStandsLastAndSelectedWithoutLabelEdit) {
     }
 }
 
+TEST_F(PresetsTest, NumbersWithoutATemplateMakeNothing) {
+    Store({L"First"});
+    Open();
+    for (const WORD command : {WORD{262}, WORD{511}, WORD{0xFFFF}}) {
+        Command(command);
+        EXPECT_EQ(tree.Names(), (Names{L"First"})) << command;
+    }
+}
+
 TEST_F(PresetsTest, DuplicateStandsLastUnselectedWithAllValues) {
     Store({L"Source", L"Last"});
     registry.SetString(KeyOf(0) + L"\\Filter", L"CustomSearchPattern", L"*.one;*.two");
