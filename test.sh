@@ -41,7 +41,7 @@ use_wine wine-test
 use_null_display
 stop_wine
 use_wine wine-test
-# The races take minutes, and one of them has failed for a reason that is not known yet: races.sh.
+# The races take minutes: races.sh.
 run_tests windows -E 'races$'
 
 scripts/count-results.sh native native-asan native-tsan fuzz windows

@@ -49,6 +49,16 @@ TEST(SizeFormat, DynamicStylesChooseTheUnitByTheExactSize) {
     }
 }
 
+// Values that lie in the middle between two decimals, which a double holds exactly: the even one is taken.
+TEST(SizeFormat, MiddlesAreRoundedToEven) {
+    EXPECT_EQ(Shown(SizeStyle::Dynamic, 1280), "1.2 KiB");
+    EXPECT_EQ(Shown(SizeStyle::Dynamic, 1792), "1.8 KiB");
+    EXPECT_EQ(Shown(SizeStyle::KibiBytes, 256), "0.2 KiB");
+    EXPECT_EQ(Shown(SizeStyle::KibiBytes, 768), "0.8 KiB");
+    EXPECT_EQ(Shown(SizeStyle::Dynamic, 2 * Mebi + Mebi / 4), "2.2 MiB");
+    EXPECT_EQ(Shown(SizeStyle::Dynamic, 3 * Gibi + Gibi / 4 * 3), "3.8 GiB");
+}
+
 TEST(SizeFormat, FixedStylesKeepTheirUnit) {
     struct Row {
         SizeStyle style;
