@@ -1,6 +1,7 @@
 #include "progress/ProgressController.h"
 
 #include "resources/resource.h"
+#include "winlib/Focus.h"
 #include "winlib/layout/ClientArea.h"
 #include "winlib/layout/Stack.h"
 #include "winlib/layout/Window.h"
@@ -33,7 +34,7 @@ bool ProgressController::OnControlCommand(WORD id, HWND control, WORD code) {
     }
     if (code == BN_CLICKED && id == IDC_PROGRESS_CANCEL) {
         Cancelled.exchange(1);
-        EnableWindow(CancelButton, FALSE);
+        WinLib::EnableControl(CancelButton, false, BackgroundButton);
         SetWindowTextW(StatusLine, L"Cancelling...");
         SetWindowTextW(DetailLine, L"");
         return true;

@@ -81,13 +81,21 @@ HWND FirstControl(HWND handle) {
     return first;
 }
 
+void GiveFocus(HWND handle) {
+    WithWindow(handle, [handle](const Window& control) {
+        if ((control.style & WS_DISABLED) == 0)
+            control.queue->focus = handle;
+    });
+}
+
 HWND MakeDialog(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure, LPARAM parameter,
                 bool modal) {
     const HWND dialog = MakeWindows(instance, templateId, owner, procedure, modal);
     if (dialog == nullptr)
         return nullptr;
     SendMessageW(dialog, WM_SETFONT, 0, 0);
-    SendMessageW(dialog, WM_INITDIALOG, reinterpret_cast<WPARAM>(FirstControl(dialog)), parameter);
+    if (SendMessageW(dialog, WM_INITDIALOG, reinterpret_cast<WPARAM>(FirstControl(dialog)), parameter))
+        GiveFocus(FirstControl(dialog));
     return IsWindow(dialog) ? dialog : nullptr;
 }
 
@@ -137,6 +145,8 @@ bool ReturnsDirectly(UINT message) {
 }
 
 LRESULT DefaultDialogMessage(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NEXTDLGCTL && LOWORD(lParam) != 0)
+        GiveFocus(reinterpret_cast<HWND>(wParam));
     if (message != WM_CLOSE)
         return DefWindowProcW(dialog, message, wParam, lParam);
     const HWND button = GetDlgItem(dialog, IDCANCEL);

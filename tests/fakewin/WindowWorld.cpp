@@ -79,6 +79,8 @@ void DropWindow(HWND handle) {
     Windows().windows.erase(handle);
     FailSent(*window->queue, handle);
     std::erase_if(window->queue->posted, [handle](const MSG& message) { return message.hwnd == handle; });
+    if (window->queue->focus == handle)
+        window->queue->focus = nullptr;
     if (const std::shared_ptr<Window> parent = FindWindow(window->parent))
         std::erase(parent->children, handle);
     window->queue->wake.notify_all();

@@ -35,6 +35,7 @@ struct Queue {
     std::condition_variable wake;  // something arrived, or something that the thread waits for has come true
     std::deque<MSG> posted;
     std::deque<std::shared_ptr<SentMessage>> sent;
+    HWND focus = nullptr;  // one of the thread's windows or null
     bool quit = false;
     int exitCode = 0;
 };

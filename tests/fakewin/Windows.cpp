@@ -232,11 +232,21 @@ int GetWindowTextLengthW(HWND window) {
 BOOL EnableWindow(HWND window, BOOL enable) {
     const bool wasDisabled = ChangeStyle(window, WS_DISABLED, !enable);
     if (wasDisabled == (enable != FALSE)) {
-        if (!enable)
+        if (!enable) {
             SendMessageW(window, WM_CANCELMODE, 0, 0);
+            WithWindow(window, [window](const Window& disabled) {
+                if (disabled.queue->focus == window)
+                    disabled.queue->focus = nullptr;
+            });
+        }
         SendMessageW(window, WM_ENABLE, static_cast<WPARAM>(enable), 0);
     }
     return wasDisabled;
+}
+
+HWND GetFocus() {
+    const std::lock_guard lock(WindowsMutex());
+    return MyQueue()->focus;
 }
 
 BOOL IsWindowEnabled(HWND handle) {

@@ -229,6 +229,29 @@ TEST_F(DialogContract, MayEndBeforeItsLoop) {
     EXPECT_FALSE(EndDialog(handle, 8));
 }
 
+TEST_F(DialogContract, TheFocusIsOnTheFirstControlAndMovesByMessage) {
+    HWND text = nullptr;
+    script_.answer = [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        if (message == WM_INITDIALOG)
+            PostMessageW(dialog, WM_APP, 0, 0);
+        if (message == WM_APP) {
+            const HWND button = GetDlgItem(dialog, ButtonId);
+            text = GetDlgItem(dialog, TextId);
+            EXPECT_EQ(GetFocus(), button);
+            EnableWindow(button, FALSE);
+            EXPECT_EQ(GetFocus(), nullptr);
+            SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(text), TRUE);
+            EXPECT_EQ(GetFocus(), text);
+            SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(button), TRUE);
+            EXPECT_EQ(GetFocus(), text) << "a disabled control does not take it";
+            EndDialog(dialog, 1);
+        }
+        return message == WM_INITDIALOG;
+    };
+    EXPECT_EQ(Run(), 1);
+    EXPECT_NE(GetFocus(), text);
+}
+
 TEST_F(DialogContract, EnterEscAndCloseBecomeCommandsWithoutAControl) {
     std::vector<WPARAM> commands;
     bool fromControl = false;

@@ -65,6 +65,15 @@ TEST(ProgressController, CancelMarksAndWaitsForTheWorker) {
     EXPECT_TRUE(dialog.IsCancelled());
 }
 
+TEST(ProgressController, CancelHandsTheFocusToBackground) {
+    DrivenProgress dialog(L"Tamblewick");
+    dialog.Run([&] {
+        EXPECT_EQ(GetFocus(), dialog.CancelButton);
+        dialog.Press(IDC_PROGRESS_CANCEL);
+        EXPECT_EQ(GetFocus(), dialog.BackgroundButton);
+    });
+}
+
 TEST(ProgressController, CancelCannotBePressedTwice) {
     DrivenProgress dialog(L"Tamblewick");
     dialog.Run([&] {

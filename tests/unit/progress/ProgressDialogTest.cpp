@@ -6,6 +6,7 @@
 #include "DrivenProgress.h"
 #include "resources/resource.h"
 #include "support/ui/DialogTemplate.h"
+#include "support/ui/FocusWatch.h"
 #include "support/ui/Input.h"
 #include "winlib/WindowText.h"
 
@@ -187,6 +188,20 @@ TEST_F(ProgressDialog, TheMousePressesItsButtons) {
     EXPECT_TRUE(dialog.IsCancelled());
 
     EXPECT_EQ(dialog.Run([&] { Ui::Click(dialog.BackgroundButton); }), 0);
+}
+
+TEST_F(ProgressDialog, CancelByKeyboardMakesBackgroundTheDefaultButton) {
+    EXPECT_EQ(dialog.Run([&] {
+        Ui::MessagePump pump(dialog.Handle);
+        const Ui::FocusWatch watch(dialog.CancelButton);
+        Ui::TypeKeys(pump, {VK_SPACE});
+        EXPECT_TRUE(dialog.IsCancelled());
+        EXPECT_EQ(GetFocus(), dialog.BackgroundButton);
+        EXPECT_EQ(watch.Lost(), (Ui::FocusLosses{{dialog.BackgroundButton, true, true}}));
+        EXPECT_EQ(GetWindowLongPtrW(dialog.BackgroundButton, GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON);
+        Ui::TypeKeys(pump, {VK_RETURN});
+    }),
+              0);
 }
 
 TEST_F(ProgressDialog, EscAndAltF4LeaveItOpen) {
