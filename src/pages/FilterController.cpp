@@ -4,6 +4,7 @@
 #include "resources/resource.h"
 #include "scanner/SearchFilters.h"
 #include "winlib/Exception.h"
+#include "winlib/Focus.h"
 #include "winlib/FolderPicker.h"
 
 #include <algorithm>
@@ -80,7 +81,7 @@ void FilterController::ShowSelectedFilter() {
     if (pattern.empty())
         pattern = section.Get<std::wstring>(Row::CustomSearchPattern);
     SetWindowTextW(Control(IDC_FILTER_PATTERN), pattern.c_str());
-    EnableWindow(Control(IDC_FILTER_PATTERN), filter == CustomFilter);
+    WinLib::EnableControl(Control(IDC_FILTER_PATTERN), filter == CustomFilter, Control(IDC_FILTER_TYPE));
     section.Get<int32_t>(Row::PresetSearchPattern) = filter;
     TargetPreset().Save();
 }
@@ -134,8 +135,12 @@ void FilterController::RemoveFolder() {
     const int selected = SelectedFolder();
     if (selected >= 0)
         SendMessageW(Control(IDC_FILTER_EXCLUDED), LVM_DELETEITEM, static_cast<WPARAM>(selected), 0);
-    EnableWindow(Control(IDC_FILTER_REMOVE), FALSE);
+    EnableRemove(false);
     StoreFolders();
+}
+
+void FilterController::EnableRemove(bool enable) {
+    WinLib::EnableControl(Control(IDC_FILTER_REMOVE), enable, Control(IDC_FILTER_EXCLUDED));
 }
 
 void FilterController::AppendFolder(const std::wstring& folder) {
@@ -206,7 +211,7 @@ bool FilterController::HandleNotify(NMHDR& header, LRESULT& result) {
 
 bool FilterController::HandleItemChanged(NMHDR&, LRESULT& result) {
     FitColumn();
-    EnableWindow(Control(IDC_FILTER_REMOVE), SelectedFolder() >= 0);
+    EnableRemove(SelectedFolder() >= 0);
     if (StorePending)
         StoreFolders();
     result = 0;

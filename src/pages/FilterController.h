@@ -32,6 +32,7 @@ private:
     void ShowSelectedFilter();
     void AddFolder();
     void RemoveFolder();
+    void EnableRemove(bool enable);
     void StoreFolders();
     void AppendFolder(const std::wstring& folder);
     int SelectedFilter() const;

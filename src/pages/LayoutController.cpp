@@ -1,6 +1,7 @@
 #include "pages/LayoutController.h"
 
 #include "resources/resource.h"
+#include "winlib/Focus.h"
 
 #include <array>
 #include <string>
@@ -122,7 +123,7 @@ bool LayoutController::OnSelectionChanged(WORD id) {
 void LayoutController::StoreGrouping() {
     const bool grouped = IsTicked(Control(IDC_DISPLAY_GROUPED));
     for (const int id : IndentControls)
-        EnableWindow(Control(id), grouped);
+        WinLib::EnableControl(Control(id), grouped, Control(IDC_DISPLAY_GROUPED));
     Section().Get<bool>(Row::ShowFlatStyle) = !grouped;
     TargetPreset().Save();
 }

@@ -67,7 +67,7 @@ void OpeningController::Refresh() {
 }
 
 void OpeningController::UpdateControls() {
-    Choice().EnablePath(Section().Get<OpenMethod>(Row::OpenMethod) == OpenMethod::Custom);
+    Choice().EnablePath(static_cast<uint32_t>(Section().Get<OpenMethod>(Row::OpenMethod)));
 }
 
 bool OpeningController::OnClicked(WORD id) {

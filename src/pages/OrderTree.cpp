@@ -1,6 +1,7 @@
 #include "pages/OrderTree.h"
 
 #include "resources/resource.h"
+#include "winlib/Focus.h"
 #include "winlib/controls/TreeView.h"
 
 using WinLib::Controls::TreeView::GetItemState;
@@ -48,13 +49,6 @@ LPARAM ParameterOf(HWND tree, HTREEITEM item) {
     query.hItem = item;
     SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&query));
     return query.lParam;
-}
-
-// A button that goes gray under the user's fingers hands the focus on, or the keyboard would be lost.
-void EnableButton(HWND button, bool enable) {
-    if (!enable && GetFocus() == button)
-        SendMessageW(GetParent(button), WM_NEXTDLGCTL, 0, FALSE);
-    EnableWindow(button, enable);
 }
 
 }  // namespace
@@ -122,8 +116,11 @@ void OrderTree::Exchange(WPARAM neighbour) {
 void OrderTree::UpdateButtons() {
     const HTREEITEM selected = NextItem(tree_, TVGN_CARET, nullptr);
     const bool isChild = selected != nullptr && NextItem(tree_, TVGN_PARENT, selected) != nullptr;
-    EnableButton(upButton_, isChild && NextItem(tree_, TVGN_PREVIOUS, selected) != nullptr);
-    EnableButton(downButton_, isChild && NextItem(tree_, TVGN_NEXT, selected) != nullptr);
+    const bool canGoUp = isChild && NextItem(tree_, TVGN_PREVIOUS, selected) != nullptr;
+    const bool canGoDown = isChild && NextItem(tree_, TVGN_NEXT, selected) != nullptr;
+    // Where an item cannot go on, the button for the way back gets the focus.
+    WinLib::EnableControl(upButton_, canGoUp, canGoDown ? downButton_ : tree_);
+    WinLib::EnableControl(downButton_, canGoDown, canGoUp ? upButton_ : tree_);
 }
 
 std::vector<OrderTree::Child> OrderTree::Children(Root root) const {

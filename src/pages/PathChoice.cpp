@@ -1,5 +1,7 @@
 #include "pages/PathChoice.h"
 
+#include "winlib/Focus.h"
+
 using WinLib::Layout::Alignment;
 using WinLib::Layout::HStack;
 using WinLib::Layout::VStack;
@@ -13,7 +15,9 @@ void PathChoice::AddTo(VStack& page) const {
     page.AddWindow(0, browse, Alignment::Far, Alignment::Center);
 }
 
-void PathChoice::EnablePath(bool enable) const {
-    EnableWindow(edit, enable);
-    EnableWindow(browse, enable);
+void PathChoice::EnablePath(uint32_t choice) const {
+    const HWND chosen = choice < buttons.size() ? buttons[choice] : buttons.front();
+    // Any other radio button would take the focus for a click.
+    for (const HWND control : {edit, browse})
+        WinLib::EnableControl(control, chosen == buttons.back(), chosen);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 
 #include "winlib/Windows.h"
 #include "winlib/layout/Stack.h"
@@ -14,6 +15,7 @@ struct PathChoice {
 
     void AddTo(WinLib::Layout::VStack& page) const;
 
-    // For the path to be typed or browsed for, or not.
-    void EnablePath(bool enable) const;
+    // Lets the path be typed and browsed for if choice is the index of the last button. Any number that no
+    // button has stands for the first.
+    void EnablePath(uint32_t choice) const;
 };

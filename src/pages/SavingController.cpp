@@ -43,7 +43,7 @@ void SavingController::Refresh() {
 }
 
 void SavingController::UpdateControls() {
-    Choice().EnablePath(Section().Get<SaveLocation>(Row::SaveLocation) == SaveLocation::Custom);
+    Choice().EnablePath(static_cast<uint32_t>(Section().Get<SaveLocation>(Row::SaveLocation)));
 }
 
 bool SavingController::OnClicked(WORD id) {

@@ -2,6 +2,7 @@
 
 #include "OrderPageTest.h"
 #include "resources/resource.h"
+#include "support/ui/FocusWatch.h"
 
 namespace {
 
@@ -198,14 +199,34 @@ TEST_F(ColumnsPageTest, FirstColumnCannotGoUpNorTheLastDown) {
     EXPECT_EQ(Parameters(Files()).front(), 3);
 }
 
-TEST_F(ColumnsPageTest, ButtonThatGoesGrayHandsTheFocusOn) {
+TEST_F(ColumnsPageTest, ButtonThatGoesGrayHandsTheFocusToTheOther) {
     Open();
-    ClickLabel(Child(Folders(), 1));
-    open->Focus(IDC_COLUMNS_UP);
-    Ui::TypeKeys(open->pump, {VK_SPACE});
-    EXPECT_EQ(tree.Selected(), Child(Folders(), 0));
-    EXPECT_FALSE(CanMoveUp());
-    EXPECT_EQ(GetFocus(), open->Control(IDC_COLUMNS_DOWN));
+    struct Row {
+        int pressed, other, from, to;
+    };
+    const Row rows[] = {{IDC_COLUMNS_UP, IDC_COLUMNS_DOWN, 1, 0}, {IDC_COLUMNS_DOWN, IDC_COLUMNS_UP, 10, 11}};
+    for (const Row& row : rows) {
+        ClickLabel(Child(Folders(), row.from));
+        open->Focus(row.pressed);
+        const Ui::FocusWatch watch(open->Control(row.pressed));
+        Ui::TypeKeys(open->pump, {VK_SPACE});
+        EXPECT_EQ(tree.Selected(), Child(Folders(), row.to));
+        EXPECT_FALSE(open->IsEnabled(row.pressed));
+        EXPECT_EQ(GetFocus(), open->Control(row.other));
+        EXPECT_EQ(watch.Lost(), (Ui::FocusLosses{{open->Control(row.other), true, true}}));
+    }
+}
+
+TEST_F(ColumnsPageTest, ButtonsThatBothGoGrayHandTheFocusToTheTree) {
+    Open();
+    for (const int button : {IDC_COLUMNS_UP, IDC_COLUMNS_DOWN}) {
+        tree.Select(Child(Folders(), 1));
+        open->Focus(button);
+        tree.Select(Folders());
+        EXPECT_FALSE(CanMoveUp());
+        EXPECT_FALSE(CanMoveDown());
+        EXPECT_EQ(GetFocus(), tree.Window());
+    }
 }
 
 TEST_F(ColumnsPageTest, ColumnNamedTwiceIsShownAndStoredTwice) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/resource.h"
+#include "support/ui/FocusWatch.h"
 
 using TestSupport::DwordValue;
 using TestSupport::StringValue;
@@ -87,6 +88,20 @@ TEST(DisplayPage, KeysOnTheTrackbarStoreTheIndent) {
     Ui::TypeKeys(open.pump, {VK_LEFT, VK_LEFT});
     EXPECT_EQ(registry.Get(Display, L"IndentSize"), DwordValue(38));
     EXPECT_EQ(open.Text(IDC_DISPLAY_INDENT_VALUE), L"38");
+}
+
+TEST(DisplayPage, DisabledTrackbarHandsTheFocusToTheBoxThatDisablesIt) {
+    const TestRegistry registry;
+    const OpenPage open(Kind::Display);
+    const HWND box = open.Control(IDC_DISPLAY_GROUPED);
+    open.Focus(IDC_DISPLAY_INDENT);
+    const Ui::FocusWatch watch(open.Control(IDC_DISPLAY_INDENT));
+    SendMessageW(box, BM_SETCHECK, BST_UNCHECKED, 0);
+    SendMessageW(open.window, WM_COMMAND, MAKEWPARAM(IDC_DISPLAY_GROUPED, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(box));
+    EXPECT_FALSE(open.IsEnabled(IDC_DISPLAY_INDENT));
+    EXPECT_EQ(GetFocus(), box);
+    EXPECT_EQ(watch.Lost(), (Ui::FocusLosses{{box, true, true}}));
 }
 
 TEST(DisplayPage, EveryScrollCodeStoresThePositionAndIsHandled) {

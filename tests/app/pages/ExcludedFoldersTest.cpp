@@ -8,6 +8,7 @@
 
 #include "resources/resource.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/FocusWatch.h"
 
 using TestSupport::StringListValue;
 using TestSupport::TestRegistry;
@@ -129,6 +130,29 @@ TEST_F(ExcludedFoldersTest, RemovingTheLastEntryStoresAnEmptyList) {
     EXPECT_EQ(Stored(), StringListValue({}));
 }
 
+TEST_F(ExcludedFoldersTest, RemoveHandsTheFocusToTheListBeforeItGoesGray) {
+    Open({L"a", L"b"});
+    for (int entries = 2; entries > 0; entries--) {
+        Select(0);
+        open->Focus(IDC_FILTER_REMOVE);
+        const Ui::FocusWatch watch(open->Control(IDC_FILTER_REMOVE));
+        Ui::TypeKeys(open->pump, {VK_SPACE});
+        EXPECT_EQ(Shown().size(), static_cast<size_t>(entries - 1));
+        EXPECT_FALSE(open->IsEnabled(IDC_FILTER_REMOVE));
+        EXPECT_EQ(GetFocus(), list);
+        EXPECT_EQ(watch.Lost(), (Ui::FocusLosses{{list, true, true}}));
+    }
+}
+
+TEST_F(ExcludedFoldersTest, DeselectingHandsTheFocusOfRemoveToTheList) {
+    Open({L"a"});
+    Select(0);
+    open->Focus(IDC_FILTER_REMOVE);
+    Deselect();
+    EXPECT_FALSE(open->IsEnabled(IDC_FILTER_REMOVE));
+    EXPECT_EQ(GetFocus(), list);
+}
+
 TEST_F(ExcludedFoldersTest, EditedEntryIsStoredWhenTheEditEnds) {
     Open({L"a", L"b"});
     const HWND edit = BeginEdit(1);
@@ -223,6 +247,15 @@ TEST_F(ExcludedFoldersTest, AddAppendsTheChosenFolder) {
     // The dialog begins at the selected entry, and an entry may stand there twice.
     EXPECT_EQ(Shown(), (Folders{L"a", folder, folder}));
     EXPECT_EQ(Stored(), StringListValue(Shown()));
+}
+
+TEST_F(ExcludedFoldersTest, AddBeginsAtTheFirstEntryToo) {
+    const std::wstring folder = QuietFolder();
+    Open({folder, L"a"});
+    Select(0);
+    const AcceptFolder accept(L"drivers");
+    open->Click(IDC_FILTER_ADD);
+    EXPECT_EQ(Shown(), (Folders{folder, L"a", folder}));
 }
 
 TEST_F(ExcludedFoldersTest, CancelledAddChangesNothing) {

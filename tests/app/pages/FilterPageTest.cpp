@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/resource.h"
+#include "support/ui/FocusWatch.h"
 
 using TestSupport::DwordValue;
 using TestSupport::StringValue;
@@ -97,6 +98,21 @@ TEST(FilterPage, CustomPatternSurvivesAnotherChoice) {
     open.Choose(IDC_FILTER_TYPE, Custom);
     EXPECT_EQ(open.Text(IDC_FILTER_PATTERN), L"*.cpp:*.h");
     EXPECT_EQ(registry.Get(Filter, L"CustomSearchPattern"), StringValue(L"*.cpp:*.h"));
+}
+
+TEST(FilterPage, DisabledPatternHandsTheFocusToTheChoice) {
+    const TestRegistry registry;
+    registry.SetDword(Filter, L"PresetSearchPattern", Custom);
+    const OpenPage open(Kind::Filter);
+    open.Focus(IDC_FILTER_PATTERN);
+    const HWND choice = open.Control(IDC_FILTER_TYPE);
+    const Ui::FocusWatch watch(open.Control(IDC_FILTER_PATTERN));
+    SendMessageW(choice, CB_SETCURSEL, 1, 0);
+    SendMessageW(open.window, WM_COMMAND, MAKEWPARAM(IDC_FILTER_TYPE, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(choice));
+    EXPECT_FALSE(open.IsEnabled(IDC_FILTER_PATTERN));
+    EXPECT_EQ(GetFocus(), choice);
+    EXPECT_EQ(watch.Lost(), (Ui::FocusLosses{{choice, true, true}}));
 }
 
 TEST(FilterPage, EmptyCustomPatternIsShownAndStoredEmpty) {

@@ -11,6 +11,7 @@
 #include "resources/resource.h"
 #include "support/TempFolder.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/FocusWatch.h"
 
 using TestSupport::StringValue;
 using TestSupport::TempFolder;
@@ -84,6 +85,26 @@ TEST(PathPages, BareClickCountsWhateverIsTicked) {
             click(other);
             EXPECT_FALSE(open.IsEnabled(row.edit)) << other;
             EXPECT_FALSE(open.IsEnabled(row.browse)) << other;
+        }
+    }
+}
+
+TEST(PathPages, DisabledPathHandsTheFocusToTheChoice) {
+    for (const PathRow& row : PathPages) {
+        SCOPED_TRACE(row.page.name);
+        const TestRegistry registry;
+        const OpenPage open(row.page);
+        for (const int other : row.others) {
+            for (const int control : {row.edit, row.browse}) {
+                open.Click(row.custom);
+                open.Focus(control);
+                const Ui::FocusWatch watch(open.Control(control));
+                SendMessageW(open.window, WM_COMMAND, MAKEWPARAM(other, BN_CLICKED),
+                             reinterpret_cast<LPARAM>(open.Control(other)));
+                EXPECT_EQ(GetFocus(), open.Control(other));
+                EXPECT_EQ(watch.Lost(), (Ui::FocusLosses{{open.Control(other), true, true}}));
+                EXPECT_FALSE(open.IsEnabled(control));
+            }
         }
     }
 }
