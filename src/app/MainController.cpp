@@ -95,6 +95,12 @@ bool MainController::OnMenuCommand(WORD id) {
 }
 
 bool MainController::OnAccelerator(WORD id) {
+    const bool taken = RunAccelerator(id);
+    WinLib::Application::Current()->AcceleratorRefused = !taken;
+    return taken;
+}
+
+bool MainController::RunAccelerator(WORD id) {
     switch (id) {
         case VK_F1:
             ShowAbout();

@@ -77,6 +77,9 @@ private:
     void SetMainMenu();
     void MakeAccelerators();
 
+    // Whether an accelerator's command was carried out.
+    bool RunAccelerator(WORD id);
+
     void ArrangeControls();
     void PlaceWindow(int x, int y, int width, int height);
 

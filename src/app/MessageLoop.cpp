@@ -6,9 +6,12 @@
 
 namespace {
 
-bool IsAccelerator(const WinLib::Application& application, MSG& message) {
+// TranslateAcceleratorW only says whether the table has the key; what its window answered is lost in it.
+bool IsAccelerator(WinLib::Application& application, MSG& message) {
+    application.AcceleratorRefused = false;
     return application.Accelerators != nullptr &&
-           TranslateAcceleratorW(application.AcceleratorWindow, application.Accelerators, &message) != 0;
+           TranslateAcceleratorW(application.AcceleratorWindow, application.Accelerators, &message) != 0 &&
+           !application.AcceleratorRefused;
 }
 
 bool IsForDialog(const WinLib::Application& application, MSG& message) {
@@ -21,7 +24,7 @@ bool IsForDialog(const WinLib::Application& application, MSG& message) {
 
 }  // namespace
 
-int RunMessageLoop(const WinLib::Application& application) {
+int RunMessageLoop(WinLib::Application& application) {
     for (;;) {
         MSG message;
         const BOOL received = GetMessageW(&message, nullptr, 0, 0);

@@ -7,5 +7,6 @@ class Application;
 }
 
 // Offers each message first to the application's accelerators and then to its dialogs in their order, before
-// it is dispatched. Returns the exit code that came with WM_QUIT. Throws WinLib::Win32Error.
-int RunMessageLoop(const WinLib::Application& application);
+// it is dispatched. The key of an accelerator that its window refuses goes on to the dialogs. Returns the
+// exit code that came with WM_QUIT. Throws WinLib::Win32Error.
+int RunMessageLoop(WinLib::Application& application);

@@ -31,6 +31,10 @@ public:
     // Where accelerators go, and their table, which is not owned. Both null while accelerators are off.
     HWND AcceleratorWindow = nullptr;
     HACCEL Accelerators = nullptr;
+
+    // Set by the window that was sent an accelerator: true if it did not take it. The loop then treats the
+    // key as if there were no accelerator.
+    bool AcceleratorRefused = false;
 };
 
 }  // namespace WinLib

@@ -156,6 +156,90 @@ TEST_F(KeysTest, OnAPageItemTheItemKeysDoNothing) {
     EXPECT_EQ(LabelEdit(), nullptr);
 }
 
+// Keys that a window got while the object lives.
+class KeyWatch {
+public:
+    explicit KeyWatch(HWND window) : window_(window) {
+        SetWindowSubclass(window_, Procedure, 1, reinterpret_cast<DWORD_PTR>(&keys_));
+    }
+    KeyWatch(const KeyWatch&) = delete;
+    KeyWatch& operator=(const KeyWatch&) = delete;
+    ~KeyWatch() { RemoveWindowSubclass(window_, Procedure, 1); }
+
+    const std::vector<WPARAM>& Keys() const { return keys_; }
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR keys) {
+        if (message == WM_KEYDOWN)
+            reinterpret_cast<std::vector<WPARAM>*>(keys)->push_back(wParam);
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    const HWND window_;
+    std::vector<WPARAM> keys_;
+};
+
+TEST_F(KeysTest, OnAPageItemTheItemKeysReachTheControlWithTheFocus) {
+    OpenWith({L"A"});
+    tree.Select(tree.Child(tree.Item(L"A"), L"Saving"));
+    for (const HWND control :
+         {tree.Window(), GetDlgItem(Pages()[5], IDC_SAVING_OVERWRITE), Control(IDC_MAIN_CLOSE)}) {
+        SetFocus(control);
+        const KeyWatch watch(control);
+        for (const WORD key : ItemKeys)
+            Press(key);
+        EXPECT_EQ(watch.Keys(), std::vector<WPARAM>(std::begin(ItemKeys), std::end(ItemKeys)));
+    }
+}
+
+TEST_F(KeysTest, WithoutPresetsTheItemKeysReachTheTree) {
+    OpenWith({});
+    const KeyWatch watch(tree.Window());
+    for (const WORD key : ItemKeys)
+        Press(key);
+    EXPECT_EQ(watch.Keys(), std::vector<WPARAM>(std::begin(ItemKeys), std::end(ItemKeys)));
+}
+
+TEST_F(KeysTest, AKeyThatAPresetTakesReachesNoControl) {
+    OpenWith({L"A", L"B"});
+    const KeyWatch watch(tree.Window());
+    Press(VK_F6);
+    Press(VK_DELETE);
+    Press(VK_F5);
+    EXPECT_EQ(watch.Keys(), std::vector<WPARAM>());
+    EXPECT_EQ(tree.Names(), (Names{L"B", L"Copy of A", L"New Preset"}));
+}
+
+TEST_F(KeysTest, DelDeletesInAFieldOfAPage) {
+    registry.SetString(KeyOf(0) + L"\\Saving", L"SaveLocation", L"Custom");
+    registry.SetString(KeyOf(0) + L"\\Saving", L"CustomFolderPath", L"C:\\Lists");
+    OpenWith({L"A"});
+    tree.Select(tree.Child(tree.Item(L"A"), L"Saving"));
+    const HWND field = GetDlgItem(Pages()[5], IDC_SAVING_PATH);
+    SetFocus(field);
+    SendMessageW(field, EM_SETSEL, 2, 3);
+    Press(VK_DELETE);
+    Press(VK_DELETE);
+    EXPECT_EQ(WinLib::GetWindowText(field), L"C:ists");
+    EXPECT_EQ(registry.Get(KeyOf(0) + L"\\Saving", L"CustomFolderPath"), TestSupport::StringValue(L"C:ists"));
+    EXPECT_EQ(tree.Names(), Names{L"A"});
+}
+
+TEST_F(KeysTest, DelDeletesInAnExcludedFolderThatIsEdited) {
+    registry.SetStringList(KeyOf(0) + L"\\Filter", L"ExcludedFolders", {L"*\\.git"});
+    OpenWith({L"A"});
+    tree.Select(tree.Child(tree.Item(L"A"), L"Filter"));
+    const HWND list = GetDlgItem(Pages()[2], IDC_FILTER_EXCLUDED);
+    SetFocus(list);
+    const auto edit = reinterpret_cast<HWND>(SendMessageW(list, LVM_EDITLABELW, 0, 0));
+    ASSERT_EQ(GetFocus(), edit);
+    SendMessageW(edit, EM_SETSEL, 0, 1);
+    Press(VK_DELETE);
+    EXPECT_EQ(WinLib::GetWindowText(edit), L"\\.git");
+    EXPECT_EQ(tree.Names(), Names{L"A"});
+}
+
 TEST_F(KeysTest, EscDoesNotCloseTheWindow) {
     OpenWith({L"A"});
     Press(VK_ESCAPE);

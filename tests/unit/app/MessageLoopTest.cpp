@@ -157,6 +157,55 @@ TEST_F(MessageLoop, PutsAcceleratorsBeforeDialogs) {
     DestroyAcceleratorTable(table);
 }
 
+// The application of the running test, for the window that refuses its accelerators.
+WinLib::Application* refusedFor = nullptr;
+
+LRESULT CALLBACK RefusingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    Note(window, message, wParam);
+    if (message == WM_COMMAND)
+        refusedFor->AcceleratorRefused = LOWORD(wParam) == AcceleratorCommand;
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST_F(MessageLoop, TreatsARefusedAcceleratorAsAnyOtherKey) {
+    refusedFor = &application;
+    const OwnedWindow target = MakeWindow(nullptr);
+    SetWindowLongPtrW(target.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(RefusingProcedure));
+    const OwnedWindow dialog = MakeDialog(nullptr);
+    const OwnedWindow control = MakeWindow(dialog.get());
+    constexpr WORD TakenCommand = VK_F1;
+    ACCEL keys[] = {{FVIRTKEY, VK_RETURN, AcceleratorCommand}, {FVIRTKEY, VK_F1, TakenCommand}};
+    const HACCEL table = CreateAcceleratorTableW(keys, 2);
+    application.Dialogs.push_back(dialog.get());
+    application.AcceleratorWindow = target.get();
+    application.Accelerators = table;
+    const Received refused = {target.get(), WM_COMMAND, MAKEWPARAM(AcceleratorCommand, 1)};
+    PostMessageW(control.get(), WM_KEYDOWN, VK_RETURN, 1);
+    RunPosted();
+    EXPECT_EQ(received, (std::vector<Received>{refused, {dialog.get(), WM_COMMAND, IDOK}}));
+
+    // Other keys and messages are no worse for it.
+    received.clear();
+    PostMessageW(control.get(), WM_KEYDOWN, VK_RETURN, 1);
+    PostMessageW(control.get(), WM_KEYDOWN, VK_F1, 1);
+    PostMessageW(control.get(), WM_KEYDOWN, VK_F2, 1);
+    RunPosted();
+    EXPECT_EQ(received, (std::vector<Received>{refused,
+                                               {dialog.get(), WM_COMMAND, IDOK},
+                                               {target.get(), WM_COMMAND, MAKEWPARAM(TakenCommand, 1)},
+                                               {control.get(), WM_KEYDOWN, VK_F2}}));
+
+    received.clear();
+    const OwnedWindow taking = MakeWindow(nullptr);
+    application.AcceleratorRefused = true;
+    application.AcceleratorWindow = taking.get();
+    PostMessageW(control.get(), WM_KEYDOWN, VK_RETURN, 1);
+    RunPosted();
+    EXPECT_EQ(received,
+              (std::vector<Received>{{taking.get(), WM_COMMAND, MAKEWPARAM(AcceleratorCommand, 1)}}));
+    DestroyAcceleratorTable(table);
+}
+
 TEST_F(MessageLoop, LetsExceptionsOfWindowsThrough) {
     const OwnedWindow window = MakeWindow(nullptr);
     PostMessageW(window.get(), ThrowMessage, 0, 0);
