@@ -206,7 +206,7 @@ bool MainController::HandleDisplayChange() {
     monitor.cbSize = sizeof(monitor);
     if (!GetMonitorInfoW(MonitorFromRect(&window, MONITOR_DEFAULTTOPRIMARY), &monitor))
         return false;
-    const RECT fitted = FitToWorkArea(window, monitor.rcWork);
+    const RECT fitted = FitToWorkArea(window, monitor);
     if (!EqualRect(&fitted, &window))
         PlaceWindow(fitted.left, fitted.top, fitted.right - fitted.left, fitted.bottom - fitted.top);
     return false;

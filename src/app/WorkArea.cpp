@@ -1,6 +1,7 @@
 #include "app/WorkArea.h"
 
-RECT FitToWorkArea(const RECT& window, const RECT& workArea) {
+RECT FitToWorkArea(const RECT& window, const MONITORINFO& monitor) {
+    const RECT& workArea = monitor.rcWork;
     RECT fitted = window;
     if (window.right > workArea.right)
         OffsetRect(&fitted, workArea.right - fitted.right, 0);

@@ -3,7 +3,7 @@
 
 #include "winlib/Windows.h"
 
-// The window's rectangle moved into the work area, its size kept. If it is wider than the work area its left
+// The window's rectangle moved into the monitor's work area, its size kept. If it is wider than that its left
 // edge is the one that stays inside. A window that had to move up for its bottom edge may stand above the
 // top: only a top edge that lay there before is brought back.
-RECT FitToWorkArea(const RECT& window, const RECT& workArea);
+RECT FitToWorkArea(const RECT& window, const MONITORINFO& monitor);

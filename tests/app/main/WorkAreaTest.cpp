@@ -20,7 +20,8 @@ struct Row {
     RECT fitted;
 };
 
-constexpr RECT WorkArea = {100, 50, 1100, 850};
+// Docked bars take a part of the screen on every side.
+constexpr MONITORINFO Monitor = {sizeof(MONITORINFO), {0, 0, 1280, 1024}, {100, 50, 1100, 850}, 0};
 
 constexpr Row Rows[] = {
     {"inside", {200, 100, 700, 500}, {200, 100, 700, 500}},
@@ -43,7 +44,7 @@ constexpr Row Rows[] = {
 
 TEST(WorkArea, MovesTheWindowInside) {
     for (const Row& row : Rows)
-        EXPECT_EQ(FitToWorkArea(row.window, WorkArea), row.fitted) << row.what;
+        EXPECT_EQ(FitToWorkArea(row.window, Monitor), row.fitted) << row.what;
 }
 
 }  // namespace

@@ -41,7 +41,20 @@ std::vector<HWND> Dialogs() {
     return dialogs;
 }
 
-bool hasBothIcons = false;
+// Width and height of the icon that a window has of this kind; nothing if it has none.
+std::vector<int> IconSize(HWND window, WPARAM kind) {
+    ICONINFO icon = {};
+    BITMAP colours = {};
+    if (!GetIconInfo(reinterpret_cast<HICON>(SendMessageW(window, WM_GETICON, kind, 0)), &icon))
+        return {};
+    GetObjectW(icon.hbmColor, sizeof(colours), &colours);
+    DeleteObject(icon.hbmColor);
+    DeleteObject(icon.hbmMask);
+    return {colours.bmWidth, colours.bmHeight};
+}
+
+std::vector<int> bigIcon;
+std::vector<int> smallIcon;
 
 void CloseMainWindow() {
     const std::vector<HWND> dialogs = Dialogs();
@@ -49,8 +62,8 @@ void CloseMainWindow() {
     const HWND mainWindow = dialogs[0];
     // The main window comes behind the pages that it makes while it is being created.
     EXPECT_EQ(WinLib::Application::Current()->Dialogs.back(), mainWindow);
-    hasBothIcons = SendMessageW(mainWindow, WM_GETICON, ICON_BIG, 0) != 0 &&
-                   SendMessageW(mainWindow, WM_GETICON, ICON_SMALL, 0) != 0;
+    bigIcon = IconSize(mainWindow, ICON_BIG);
+    smallIcon = IconSize(mainWindow, ICON_SMALL);
     PostMessageW(mainWindow, WM_CLOSE, 0, 0);
 }
 
@@ -90,7 +103,9 @@ struct AppMainWindow : testing::Test {
 TEST_F(AppMainWindow, EndsWithZeroWhenItIsClosed) {
     registry.SetDword(L"Software\\Tamblewick", L"ConfirmExit", 0);
     EXPECT_EQ(RunWith(CloseMainWindow), 0);
-    EXPECT_TRUE(hasBothIcons);
+    EXPECT_EQ(bigIcon, (std::vector<int>{GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)}));
+    EXPECT_EQ(smallIcon, (std::vector<int>{GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)}));
+    EXPECT_NE(bigIcon, smallIcon);
     EXPECT_TRUE(Dialogs().empty());
     EXPECT_TRUE(registry.Get(L"Software\\Tamblewick", L"WindowWidth").has_value());
 }
