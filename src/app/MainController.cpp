@@ -53,6 +53,10 @@ bool MainController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESU
             return Handler<WM_DISPLAYCHANGE>::Dispatch(wParam, lParam, result);
         case WM_APP:
             return HandleJobEnded();
+        case WM_ACTIVATE:
+            return HandleActivate(LOWORD(wParam));
+        case FocusRestored:
+            return HandleFocusRestored();
         default:
             return WinLib::Dialog::Controller::OnMessage(message, wParam, lParam, result);
     }
@@ -159,6 +163,15 @@ bool MainController::HandleNotify(NMHDR& header, LRESULT& result) {
         case static_cast<int>(TVN_SELCHANGEDW):
             ShowPage(TreeController.SelectedItem());
             return true;
+        case static_cast<int>(NM_CLICK):
+        case static_cast<int>(TVN_KEYDOWN):
+            FocusLent = false;
+            return false;
+        case static_cast<int>(NM_KILLFOCUS):
+            // Another program or a dialog takes it only for a time.
+            if (IsChild(Handle, GetFocus()))
+                FocusLent = false;
+            return false;
         default:
             return false;
     }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -89,7 +90,19 @@ private:
     void MakePage(uint32_t id, size_t index, Preset& preset);
     PropertyController* PageOf(uint32_t id) const;  // null if there is none, as below
     Preset* PresetOf(uint32_t id) const;
+    std::optional<ItemKind> SelectedKind() const;
+    bool CanCreateList() const;
     void UpdateControls();
+
+    // The keyboard focus, in MainControllerFocus.cpp. TakeFocusFrom gives it to the tree if it is in a
+    // control or a page that is about to go; ReturnFocus gives it back to "Create List..." when its list is
+    // done.
+    static constexpr UINT FocusRestored = WM_APP + 1;
+    void TakeFocusFrom(HWND control) const;
+    void HidePage(HWND page) const;
+    void ReturnFocus();
+    bool HandleActivate(WORD state) const;
+    bool HandleFocusRestored();
 
     // The running list, in MainControllerLists.cpp.
     bool HandleJobEnded();
@@ -118,4 +131,8 @@ private:
     // While Lister's Start is on the stack the job must live: what would delete it is put off until then.
     bool Starting = false;
     bool CloseWhenStarted = false;
+
+    // "Create List..." had the focus when its list began and gets it again at the end, unless the user
+    // chooses something else in the window before.
+    bool FocusLent = false;
 };

@@ -24,11 +24,16 @@ void MainController::StartList(uint32_t id, const std::wstring& folder) {
     const Preset* preset = PresetOf(id);
     if (preset == nullptr)
         return;
+    FocusLent = GetFocus() == CreateListButton;
+    TakeFocusFrom(CreateListButton);
     EnableWindow(CreateListButton, FALSE);
     Lister = std::make_unique<ListMakerWithUI>(Handle, *preset, folder);
     Starting = true;
     const bool ended = Lister->Start();
     Starting = false;
+    // The dialog cannot activate the window if it is gone before the window has been enabled.
+    if (GetForegroundWindow() == nullptr && IsWindowEnabled(Handle))
+        SetActiveWindow(Handle);
     if (!ended)
         ShowWindow(BusyBar, SW_SHOW);
     // The end message may have come already; a job that has not ended has yet to send it.
@@ -51,6 +56,7 @@ void MainController::CollectJob() {
         return;
     ShowWindow(BusyBar, SW_HIDE);
     UpdateControls();
+    ReturnFocus();
 }
 
 bool MainController::HandleClose() {

@@ -42,12 +42,26 @@ Preset* MainController::PresetOf(uint32_t id) const {
     return page != nullptr ? &dynamic_cast<Preset&>(*page->Target) : nullptr;
 }
 
+std::optional<ItemKind> MainController::SelectedKind() const {
+    return TreeController.ItemKindOf(TreeController.SelectedItem());
+}
+
+bool MainController::CanCreateList() const {
+    return SelectedKind().has_value() && Lister == nullptr;
+}
+
 void MainController::UpdateControls() {
-    ShowWindow(ManagePage->Handle, TreeController.FirstItem() == nullptr ? SW_SHOW : SW_HIDE);
+    if (TreeController.FirstItem() == nullptr)
+        ShowWindow(ManagePage->Handle, SW_SHOW);
+    else
+        HidePage(ManagePage->Handle);
 
-    const std::optional<ItemKind> kind = TreeController.ItemKindOf(TreeController.SelectedItem());
-    EnableWindow(CreateListButton, kind.has_value() && Lister == nullptr);
+    // A tree without a selection selects an item when it gets the focus.
+    if (!CanCreateList())
+        TakeFocusFrom(CreateListButton);
+    EnableWindow(CreateListButton, CanCreateList());
 
+    const std::optional<ItemKind> kind = SelectedKind();
     const UINT state = kind == ItemKind::Preset ? MF_ENABLED : MF_GRAYED | MF_DISABLED;
     for (const UINT command : {IDM_DUPLICATE, IDM_RENAME, IDM_REMOVE})
         EnableMenuItem(MenuBar.get(), command, MF_BYCOMMAND | state);
@@ -55,6 +69,7 @@ void MainController::UpdateControls() {
 
 void MainController::ShowPage(HTREEITEM item) {
     const PropertyController* page = PageOf(TreeController.ItemId(item));
+    FocusLent = false;
     UpdateControls();
     if (page == nullptr || page->Handle == CurrentPage)
         return;
@@ -62,7 +77,7 @@ void MainController::ShowPage(HTREEITEM item) {
     ShowWindow(page->Handle, SW_SHOW);
     UpdateWindow(page->Handle);
     if (CurrentPage != nullptr)
-        ShowWindow(CurrentPage, SW_HIDE);
+        HidePage(CurrentPage);
     CurrentPage = page->Handle;
 }
 
@@ -117,6 +132,7 @@ void MainController::RemovePreset(HTREEITEM item) {
     if (preset == nullptr)
         return;
     for (const uint32_t id : ids) {
+        TakeFocusFrom(PageOf(id)->Handle);
         PageOf(id)->OnCancel();
         Pages.erase(id);
     }

@@ -7,12 +7,13 @@
 #include "pages/PropertyController.h"
 #include "resources/resource.h"
 #include "winlib/Application.h"
+#include "winlib/Focus.h"
 #include "winlib/layout/Stack.h"
 #include "winlib/layout/Window.h"
 
 using WinLib::Layout::Alignment;
 
-bool MainController::HandleInitDialog(HWND, LPARAM, bool&) {
+bool MainController::HandleInitDialog(HWND, LPARAM, bool& focusSet) {
     FindControls();
     BuildLayout();
     // The marquee runs for good; only the bar's visibility changes.
@@ -44,6 +45,8 @@ bool MainController::HandleInitDialog(HWND, LPARAM, bool&) {
                 static_cast<int>(Settings.Get<uint32_t>(MainSettings::WindowHeight)));
     ShowWindow(Handle, WinLib::Application::Current()->ShowCommand);
     UpdateWindow(Handle);
+    WinLib::MoveFocus(IsWindowEnabled(CreateListButton) ? CreateListButton : TreeWindow);
+    focusSet = true;
     return true;
 }
 

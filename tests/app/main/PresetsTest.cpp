@@ -192,6 +192,8 @@ TEST_F(PresetsTest, PageItemGraysTheItemCommandsButCanBeListed) {
 TEST_F(PresetsTest, WithoutASelectionThereIsNothingToDoButNoInstructions) {
     Store({L"A"});
     Open();
+    // It selects its first item when it gets the focus.
+    SetFocus(tree.Window());
     tree.Select(nullptr);
     EXPECT_EQ(EditStates(), (std::vector<UINT>{Gray, Gray, Gray}));
     EXPECT_FALSE(CanCreateList());
