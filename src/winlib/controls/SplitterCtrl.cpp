@@ -68,10 +68,9 @@ bool SplitterCtrl::HandleMouseMove(int x, int y, WPARAM keys) {
     right.left += shift;
     LeftSizer->Arrange(left);
     RightSizer->Arrange(right);
-    MoveWindow(Handle, SplitterRect.left + shift, SplitterRect.top, Width(SplitterRect),
-               SplitterRect.bottom - SplitterRect.top, TRUE);
-    // A control keeps its picture when it moves, and with it what the other side has been drawn over it.
-    RedrawWindow(GetParent(Handle), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    RECT splitter = SplitterRect;
+    OffsetRect(&splitter, shift, 0);
+    MoveInParent(Handle, splitter);
     return true;
 }
 

@@ -5,7 +5,7 @@
 
 namespace WinLib::Layout {
 
-// Arranges the tree on the dialog's present client area and has all of it drawn anew.
+// Arranges the tree on the dialog's present client area.
 void ArrangeOnClient(Sizer& root, HWND dialog);
 
 }  // namespace WinLib::Layout

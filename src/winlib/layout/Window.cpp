@@ -43,9 +43,7 @@ void Window::Arrange(const RECT& rect) {
     const RECT present = RectInParent(Handle);
     const Span x = Align(Horizontal, {present.left, present.right}, {CurrentRect.left, CurrentRect.right});
     const Span y = Align(Vertical, {present.top, present.bottom}, {CurrentRect.top, CurrentRect.bottom});
-    const RECT wanted = {x.begin, y.begin, x.end, y.end};
-    if (!EqualRect(&wanted, &present))
-        MoveWindow(Handle, wanted.left, wanted.top, Width(wanted), Height(wanted), TRUE);
+    MoveInParent(Handle, {x.begin, y.begin, x.end, y.end});
 }
 
 void Window::Measure() {

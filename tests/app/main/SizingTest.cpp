@@ -163,6 +163,53 @@ TEST_F(SizingTest, TheSplitterShowsTheSizingCursor) {
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_SIZEWE)));
 }
 
+// How often windows that are watched have been erased.
+int erases = 0;
+
+LRESULT CALLBACK CountErases(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+    if (message == WM_ERASEBKGND)
+        ++erases;
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+BOOL CALLBACK WatchErases(HWND window, LPARAM) {
+    return SetWindowSubclass(window, CountErases, 1, 0);
+}
+
+// Draws whatever is still to be drawn.
+void Draw(HWND window) {
+    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+TEST_F(SizingTest, HiddenPagesOfANewPresetDrawNothingAgain) {
+    Store({L"A"});
+    Open();
+    Draw(window);
+    WatchErases(window, 0);
+    erases = 0;
+    Command(IDM_DUPLICATE);
+    Draw(window);
+    EXPECT_EQ(erases, 0);
+}
+
+TEST_F(SizingTest, NothingIsDrawnAgainWhereNothingMoves) {
+    Store({L"A"});
+    Open();
+    Draw(window);
+    WatchErases(window, 0);
+    EnumChildWindows(window, WatchErases, 0);
+    erases = 0;
+    RECT rect = Outer();
+    for (int i = 0; i < 5; i++) {
+        SendMessageW(window, WM_SIZING, WMSZ_RIGHT, reinterpret_cast<LPARAM>(&rect));
+        Draw(window);
+    }
+    EXPECT_EQ(erases, 0);
+    Resize(rect.right - rect.left + 10, rect.bottom - rect.top);
+    Draw(window);
+    EXPECT_GT(erases, 0);
+}
+
 // Windows that were told of new colours, in order.
 std::vector<HWND> told;
 
