@@ -66,13 +66,12 @@ HTREEITEM NextItem(HWND tree, WPARAM relation, HTREEITEM item) {
 }
 
 void SwapItems(HWND tree, HTREEITEM a, HTREEITEM b) {
-    SwapChildren(tree, a, b);
+    // Before the children: to select one of them in a closed item opens that item.
     Contents ofA;
     Contents ofB;
-    const bool readA = ofA.Read(tree, a);
-    const bool readB = ofB.Read(tree, b);
-    if (!readA || !readB)
+    if (!ofA.Read(tree, a) || !ofB.Read(tree, b))
         return;
+    SwapChildren(tree, a, b);
     Write(tree, a, ofB);
     Write(tree, b, ofA);
     RestoreSelectionAndExpansion(tree, a, ofB);

@@ -36,6 +36,15 @@ protected:
         SendMessageW(tree.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
     }
 
+    // A press that the mouse leaves at once with the button down: the tree's own loop ends by the move, and
+    // the selection stays where it is.
+    void PressAndPull(POINT point) const {
+        const POINT pulled = {point.x, point.y + 2 * GetSystemMetrics(SM_CYDRAG)};
+        PostMessageW(tree.Window(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(pulled.x, pulled.y));
+        SendMessageW(tree.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+        Move(pulled);
+    }
+
     void Move(POINT point, WPARAM keys = MK_LBUTTON) const {
         SendMessageW(tree.Window(), WM_MOUSEMOVE, keys, MAKELPARAM(point.x, point.y));
     }
@@ -293,6 +302,26 @@ TEST_F(DragTest, SelectionAndOpenItemsTravel) {
     EXPECT_TRUE(tree.IsExpanded(tree.Item(L"A")));
     EXPECT_FALSE(tree.IsExpanded(tree.Item(L"B")));
     EXPECT_TRUE(tree.IsExpanded(tree.Item(L"C")));
+}
+
+TEST_F(DragTest, ClosedPresetsStayClosedWhenTheSelectedPageOfAnOpenOneTravels) {
+    OpenWith({L"A", L"B", L"C", L"D"});
+    for (const auto& [dragged, target] : {std::pair(L"A", L"C"), std::pair(L"D", L"B")}) {
+        SCOPED_TRACE(testing::PrintToString(dragged));
+        tree.Expand(tree.Item(L"A"));
+        tree.Select(tree.Child(tree.Item(L"A"), L"Columns"));
+        const POINT goal = tree.Middle(tree.Item(target));
+        PressAndPull(tree.Middle(tree.Item(dragged)));
+        ASSERT_TRUE(IsDragging());
+        Move(goal);
+        Release(goal);
+        EXPECT_EQ(tree.Selected(), tree.Child(tree.Item(L"A"), L"Columns"));
+        EXPECT_EQ(VisiblePage(), IDC_COLUMNS_GROUP);
+        EXPECT_TRUE(tree.IsExpanded(tree.Item(L"A")));
+        for (const wchar_t* const other : {L"B", L"C", L"D"})
+            EXPECT_FALSE(tree.IsExpanded(tree.Item(other))) << testing::PrintToString(other);
+    }
+    EXPECT_EQ(tree.Names(), (Names{L"B", L"D", L"C", L"A"}));
 }
 
 TEST_F(DragTest, ItemsKeepTheirPresetsAndPages) {

@@ -123,6 +123,23 @@ TEST_F(TreeViewTest, ExpansionFollowsTheContents) {
     EXPECT_FALSE(tree.IsExpanded(b));
 }
 
+TEST_F(TreeViewTest, SelectedChildOpensOnlyTheItemThatIsOpen) {
+    const HTREEITEM a = Add(TVI_ROOT, L"a");
+    const HTREEITEM b = Add(TVI_ROOT, L"b");
+    const HTREEITEM child = Add(a, L"a1");
+    Add(b, L"b1");
+    tree.Expand(a);
+    tree.Select(child);
+    SwapItems(window, a, b);
+    EXPECT_FALSE(tree.IsExpanded(a));
+    EXPECT_TRUE(tree.IsExpanded(b));
+    EXPECT_EQ(tree.Selected(), tree.Child(b, L"a1"));
+    SwapItems(window, a, b);
+    EXPECT_TRUE(tree.IsExpanded(a));
+    EXPECT_FALSE(tree.IsExpanded(b));
+    EXPECT_EQ(tree.Selected(), tree.Child(a, L"a1"));
+}
+
 TEST_F(TreeViewTest, ItemThatGetsChildrenCanBeOpened) {
     const HTREEITEM a = Add(TVI_ROOT, L"a");
     const HTREEITEM b = Add(TVI_ROOT, L"b");
