@@ -140,6 +140,8 @@ void MainTreeController::Select(HTREEITEM item) const {
 void MainTreeController::BeginRename(HTREEITEM item) {
     if (ItemKindOf(item) != ItemKind::Preset)
         return;
+    // The end of an edit takes the style away.
+    SendMessageW(TreeWindow, TVM_ENDEDITLABELNOW, FALSE, 0);
     // On for this one edit only, so that a click on a selected label never begins one.
     ChangeStyle(TreeWindow, TVS_EDITLABELS, 0);
     Select(item);
@@ -153,6 +155,9 @@ void MainTreeController::AttachLabelEdit() {
 }
 
 bool MainTreeController::EndRename(const NMTVDISPINFOW& notification, LRESULT& result) {
+    // Taking the style away makes the tree end the edit once more.
+    if (LabelEdit.Handle == nullptr)
+        return true;
     WinLib::Detach(LabelEdit);
     Command->EnableAccelerators();
     ChangeStyle(TreeWindow, 0, TVS_EDITLABELS);

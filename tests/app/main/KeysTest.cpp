@@ -128,6 +128,22 @@ TEST_F(KeysTest, F5MakesAPresetAndTakesItsName) {
     EXPECT_EQ(StoredPresets(), (Stored{{L"Mine", 1}}));
 }
 
+TEST_F(KeysTest, ANewPresetDuringARenameTakesBothNames) {
+    OpenWith({L"Old"});
+    Press(VK_F2);
+    Type(L"Renamed");
+    Command(IDM_NEW);
+    ASSERT_NE(LabelEdit(), nullptr);
+    EXPECT_EQ(GetFocus(), LabelEdit());
+    EXPECT_TRUE(AcceleratorsOff());
+    Type(L"Mine");
+    Press(VK_RETURN);
+    EXPECT_EQ(LabelEdit(), nullptr);
+    EXPECT_FALSE(EditsLabels());
+    EXPECT_TRUE(AcceleratorsOn());
+    EXPECT_EQ(StoredPresets(), (Stored{{L"Renamed", 2}, {L"Mine", 1}}));
+}
+
 TEST_F(KeysTest, WithoutPresetsTheItemKeysDoNothing) {
     OpenWith({});
     for (const WORD key : ItemKeys)

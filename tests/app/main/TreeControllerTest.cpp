@@ -10,6 +10,7 @@
 #include "TreeReader.h"
 #include "resources/resource.h"
 #include "winlib/Application.h"
+#include "winlib/WindowText.h"
 
 namespace {
 
@@ -40,8 +41,22 @@ private:
     void Record(const std::wstring& call, HTREEITEM item) { calls.push_back(call + L": " + tree.Text(item)); }
 };
 
-INT_PTR CALLBACK IgnoreAll(HWND, UINT, WPARAM, LPARAM) {
-    return FALSE;
+// Gets the notifications of a label edit, as the main window hands them on; null to ignore them.
+MainTreeController* notified = nullptr;
+
+INT_PTR CALLBACK HandOnLabelEdits(HWND dialog, UINT message, WPARAM, LPARAM lParam) {
+    if (message != WM_NOTIFY || notified == nullptr)
+        return FALSE;
+    const auto& notification = *reinterpret_cast<const NMTVDISPINFOW*>(lParam);
+    LRESULT result = 0;
+    if (notification.hdr.code == TVN_BEGINLABELEDITW)
+        notified->AttachLabelEdit();
+    else if (notification.hdr.code == TVN_ENDLABELEDITW)
+        notified->EndRename(notification, result);
+    else
+        return FALSE;
+    SetWindowLongPtrW(dialog, DWLP_MSGRESULT, result);
+    return TRUE;
 }
 
 class TreeControllerTest : public testing::Test {
@@ -52,15 +67,24 @@ protected:
         WinLib::Application::Install(
             std::make_unique<WinLib::Application>(GetModuleHandleW(nullptr), L"", SW_SHOWNORMAL));
         controller = std::make_unique<MainTreeController>(command);
-        dialog =
-            CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_MAIN), nullptr, IgnoreAll, 0);
+        dialog = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_MAIN), nullptr,
+                                    HandOnLabelEdits, 0);
         ShowWindow(dialog, SW_SHOW);
         tree = command.tree = TreeReader(GetDlgItem(dialog, IDC_MAIN_TREE));
         WinLib::Attach(*controller, tree.Window());
         controller->AddItems(first, L"First", ids);
         controller->AddItems(second, L"Second", ids);
     }
-    ~TreeControllerTest() override { DestroyWindow(dialog); }
+    ~TreeControllerTest() override {
+        notified = nullptr;
+        DestroyWindow(dialog);
+    }
+
+    HWND LabelEdit() const {
+        return reinterpret_cast<HWND>(SendMessageW(tree.Window(), TVM_GETEDITCONTROL, 0, 0));
+    }
+
+    bool EditsLabels() const { return (GetWindowLongPtrW(tree.Window(), GWL_STYLE) & TVS_EDITLABELS) != 0; }
 
     RecordingCommand command;
     std::unique_ptr<MainTreeController> controller;
@@ -138,6 +162,47 @@ TEST_F(TreeControllerTest, ACancelledEditOnlyTurnsTheAcceleratorsOn) {
     EXPECT_EQ(result, 0);
     EXPECT_EQ(command.calls, Names{L"accelerators on"});
     EXPECT_EQ(tree.Text(first), L"First");
+}
+
+// Taking the style for label edits away ends the edit once more.
+TEST_F(TreeControllerTest, ARenameEndsOnce) {
+    notified = controller.get();
+    controller->BeginRename(first);
+    SetWindowTextW(LabelEdit(), L"Renamed");
+    SendMessageW(tree.Window(), TVM_ENDEDITLABELNOW, FALSE, 0);
+    EXPECT_EQ(command.calls, (Names{L"accelerators on", L"rename to Renamed: Renamed"}));
+    EXPECT_EQ(tree.Text(first), L"Renamed");
+    EXPECT_FALSE(EditsLabels());
+    EXPECT_EQ(LabelEdit(), nullptr);
+}
+
+TEST_F(TreeControllerTest, ACancelledRenameEndsOnce) {
+    notified = controller.get();
+    controller->BeginRename(first);
+    SetWindowTextW(LabelEdit(), L"Renamed");
+    SendMessageW(tree.Window(), TVM_ENDEDITLABELNOW, TRUE, 0);
+    EXPECT_EQ(command.calls, Names{L"accelerators on"});
+    EXPECT_EQ(tree.Text(first), L"First");
+    EXPECT_FALSE(EditsLabels());
+    EXPECT_EQ(LabelEdit(), nullptr);
+}
+
+TEST_F(TreeControllerTest, ARenameTakesTheNameOfTheOneThatItEnds) {
+    notified = controller.get();
+    for (const HTREEITEM next : {second, first}) {
+        SCOPED_TRACE(next == first ? "the same item" : "another item");
+        command.calls.clear();
+        controller->BeginRename(first);
+        SetWindowTextW(LabelEdit(), L"Renamed");
+        controller->BeginRename(next);
+        EXPECT_EQ(command.calls, (Names{L"accelerators on", L"rename to Renamed: Renamed"}));
+        EXPECT_TRUE(EditsLabels());
+        ASSERT_NE(LabelEdit(), nullptr);
+        EXPECT_EQ(tree.Selected(), next);
+        EXPECT_EQ(WinLib::GetWindowText(LabelEdit()), tree.Text(next));
+        EXPECT_EQ(GetFocus(), LabelEdit());
+        SendMessageW(tree.Window(), TVM_ENDEDITLABELNOW, TRUE, 0);
+    }
 }
 
 TEST_F(TreeControllerTest, TheEditBoxTakesAllKeys) {
