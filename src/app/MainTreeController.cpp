@@ -34,9 +34,7 @@ MainTreeController::MainTreeController(ICommand& command)
       Command(&command) {}
 
 MainTreeController::~MainTreeController() {
-    if (DragState == DragStates::Dragging)
-        EndDrag();
-    ReleaseMouse();
+    EndDrag();
 }
 
 void MainTreeController::OnAttach() {
@@ -57,6 +55,11 @@ bool MainTreeController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, L
             return Handler<WM_LBUTTONUP>::Dispatch(wParam, lParam, result);
         case WM_MOUSEMOVE:
             return Handler<WM_MOUSEMOVE>::Dispatch(wParam, lParam, result);
+        case WM_CAPTURECHANGED:
+            // The tree itself lets go of the mouse while a press is pending.
+            if (DragState == DragStates::Dragging)
+                EndDrag();
+            return false;
         default:
             return WinLib::Window::Controller::OnMessage(message, wParam, lParam, result);
     }
@@ -107,6 +110,8 @@ std::optional<ItemKind> MainTreeController::ItemKindOf(HTREEITEM item) const {
 }
 
 std::optional<ItemInfo> MainTreeController::TakeItem(HTREEITEM item) {
+    if (item != nullptr && item == DragItem)
+        EndDrag();
     const std::optional<ItemInfo> info = InfoOf(item);
     if (info)
         Items.erase(info->id);

@@ -46,7 +46,7 @@ public:
     uint32_t ItemId(HTREEITEM item) const;
     std::optional<ItemKind> ItemKindOf(HTREEITEM item) const;
 
-    // Forgets what the item stands for and returns it. The item stays in the tree.
+    // Forgets what the item stands for and returns it. The item stays in the tree; a drag of it ends.
     std::optional<ItemInfo> TakeItem(HTREEITEM item);
 
     // The preset item that this item is or lies below; null if there is none.
@@ -85,19 +85,18 @@ private:
 
     // Drag and drop, in MainTreeControllerDrag.cpp.
     void BeginDrag(int x, int y);
-    void EndDrag() const;
-    void ReleaseMouse() const;
+    void EndDrag();  // or the wait for one
     void MoveDragImage(int x, int y) const;
     void MarkDropTarget(int x, int y) const;
     void MarkBehind(HTREEITEM item) const;
     void ClearMark() const;
     HTREEITEM DropTarget(int x, int y) const;
     HTREEITEM LastVisibleOf(HTREEITEM presetItem) const;
-    void Drop(int x, int y);
-    void MoveBehind(HTREEITEM target) const;
+    void Drop(HTREEITEM dragged, int x, int y);
+    void MoveBehind(HTREEITEM dragged, HTREEITEM target) const;
 
     std::map<uint32_t, ItemInfo> Items;
-    HTREEITEM DragItem = nullptr;
+    HTREEITEM DragItem = nullptr;  // pressed or dragged
     WinLib::UniqueHandle<HIMAGELIST> DragImages;
     POINT DragThreshold;
     POINT DragStart = {};

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "app/MainTreeController.h"
 #include "winlib/controls/TreeView.h"
@@ -52,16 +53,14 @@ bool MainTreeController::HandleLButtonUp(int x, int y, WPARAM) {
         case DragStates::Idle:
             break;
         case DragStates::Pending:
-            ReleaseMouse();
-            DragState = DragStates::Idle;
-            break;
-        case DragStates::Dragging:
             EndDrag();
-            ReleaseMouse();
-            DragState = DragStates::Idle;
-            ClearMark();
-            Drop(x, y);
             break;
+        case DragStates::Dragging: {
+            const HTREEITEM dragged = DragItem;
+            EndDrag();
+            Drop(dragged, x, y);
+            break;
+        }
     }
     return false;
 }
@@ -75,14 +74,18 @@ void MainTreeController::BeginDrag(int x, int y) {
     DragState = DragStates::Dragging;
 }
 
-void MainTreeController::EndDrag() const {
-    ImageList_DragLeave(TreeWindow);
-    ImageList_EndDrag();
-}
-
-void MainTreeController::ReleaseMouse() const {
+// The state changes first, since to let go of the mouse ends a drag, too.
+void MainTreeController::EndDrag() {
+    const bool wasDragging = std::exchange(DragState, DragStates::Idle) == DragStates::Dragging;
+    DragItem = nullptr;
+    if (wasDragging) {
+        ImageList_DragLeave(TreeWindow);
+        ImageList_EndDrag();
+    }
     if (TreeWindow != nullptr && GetCapture() == TreeWindow)
         ReleaseCapture();
+    if (wasDragging)
+        ClearMark();
 }
 
 void MainTreeController::MoveDragImage(int x, int y) const {
@@ -137,11 +140,11 @@ TVHITTESTINFO MainTreeController::HitTest(int x, int y) const {
     return hit;
 }
 
-void MainTreeController::Drop(int x, int y) {
+void MainTreeController::Drop(HTREEITEM dragged, int x, int y) {
     const HTREEITEM target = DropTarget(x, y);
-    if (target == nullptr || target == DragItem)
+    if (target == nullptr || target == dragged)
         return;
-    MoveBehind(target);
+    MoveBehind(dragged, target);
     std::vector<uint32_t> ids;
     for (HTREEITEM item = FirstItem(); item != nullptr; item = Neighbour(item, TVGN_NEXT))
         ids.push_back(ItemId(item));
@@ -150,8 +153,7 @@ void MainTreeController::Drop(int x, int y) {
 
 // Items stay where they are and their contents travel, by exchanges of neighbours. The walk goes down first;
 // when it meets the bottom and not the target, the target lies above, and the walk turns.
-void MainTreeController::MoveBehind(HTREEITEM target) const {
-    HTREEITEM dragged = DragItem;
+void MainTreeController::MoveBehind(HTREEITEM dragged, HTREEITEM target) const {
     UINT direction = TVGN_NEXT;
     HTREEITEM next = Neighbour(dragged, direction);
     while (next != target) {

@@ -344,6 +344,67 @@ TEST_F(DragTest, TheNextPresetStandsBelowTheNewOrder) {
     EXPECT_EQ(StoredPresets(), (Stored{{L"B", 3}, {L"A", 2}, {L"All files (Simple, Text)", 1}}));
 }
 
+TEST_F(DragTest, RemovingTheDraggedPresetEndsTheDrag) {
+    OpenWith({L"A", L"B", L"C"});
+    const POINT start = tree.Middle(tree.Item(L"A"));
+    Press(start);
+    Move({start.x, start.y + GetSystemMetrics(SM_CYDRAG)});
+    ASSERT_TRUE(IsDragging());
+    marks.clear();
+    SendMessageW(window, WM_COMMAND, MAKEWPARAM(VK_DELETE, 1), 0);
+    EXPECT_EQ(tree.Names(), (Names{L"B", L"C"}));
+    EXPECT_FALSE(IsDragging());
+    EXPECT_NE(GetCapture(), tree.Window());
+    EXPECT_EQ(marks, (std::vector<Mark>{{0, nullptr}}));
+    ForgetPositions(3);
+    Move(tree.Middle(tree.Item(L"C")));
+    Release(tree.Middle(tree.Item(L"C")));
+    EXPECT_EQ(registry.Get(KeyOf(1), L"Position"), TestSupport::DwordValue(900)) << "nothing is dropped";
+    EXPECT_EQ(marks.size(), 1u) << "nothing is marked";
+    Drag(tree.Item(L"B"), tree.Item(L"C"));
+    EXPECT_EQ(tree.Names(), (Names{L"C", L"B"}));
+}
+
+TEST_F(DragTest, RemovingThePressedPresetLetsNoDragBegin) {
+    OpenWith({L"A", L"B", L"C"});
+    Press(tree.Middle(tree.Item(L"A")));
+    SendMessageW(window, WM_COMMAND, MAKEWPARAM(VK_DELETE, 1), 0);
+    Move(tree.Middle(tree.Item(L"C")));
+    EXPECT_FALSE(IsDragging());
+    EXPECT_NE(GetCapture(), tree.Window());
+}
+
+TEST_F(DragTest, RemovingAnotherPresetEndsNoDrag) {
+    OpenWith({L"A", L"B", L"C"});
+    PressAndPull(tree.Middle(tree.Item(L"B")));
+    ASSERT_TRUE(IsDragging());
+    SendMessageW(window, WM_COMMAND, MAKEWPARAM(VK_DELETE, 1), 0);
+    EXPECT_TRUE(IsDragging());
+    Release(tree.Middle(tree.Item(L"C")));
+    EXPECT_EQ(tree.Names(), (Names{L"C", L"B"}));
+}
+
+TEST_F(DragTest, LosingTheMouseEndsTheDrag) {
+    OpenWith({L"A", L"B"});
+    const POINT start = tree.Middle(tree.Item(L"A"));
+    const POINT target = tree.Middle(tree.Item(L"B"));
+    Press(start);
+    Move(target);
+    ASSERT_TRUE(IsDragging());
+    marks.clear();
+    SetCapture(window);
+    EXPECT_FALSE(IsDragging());
+    EXPECT_EQ(marks, (std::vector<Mark>{{0, nullptr}}));
+    ForgetPositions(2);
+    Move(target);
+    Release(target);
+    EXPECT_EQ(GetCapture(), window) << "the mouse stays with the window that took it";
+    EXPECT_TRUE(NothingSaved(2));
+    ReleaseCapture();
+    Drag(tree.Item(L"A"), tree.Item(L"B"));
+    EXPECT_EQ(tree.Names(), (Names{L"B", L"A"}));
+}
+
 TEST_F(DragTest, DestructionEndsADrag) {
     OpenWith({L"A", L"B"});
     const POINT start = tree.Middle(tree.Item(L"A"));
