@@ -81,6 +81,9 @@ private:
     // Whether an accelerator's command was carried out.
     bool RunAccelerator(WORD id);
 
+    // Has Tab go from the tree through the page to the buttons. Again for each new page.
+    void OrderControls();
+
     void ArrangeControls();
     void PlaceWindow(int x, int y, int width, int height);
 

@@ -18,6 +18,7 @@ void MainController::AddPreset(HTREEITEM& itemOut, Preset& preset) {
     TreeController.AddItems(itemOut, preset.Get<std::wstring>(Preset::Name), ids);
     for (size_t index = 0; index < ids.size(); index++)
         MakePage(ids[index], index, preset);
+    OrderControls();
     ArrangeControls();
 }
 

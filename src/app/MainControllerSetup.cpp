@@ -8,6 +8,7 @@
 #include "resources/resource.h"
 #include "winlib/Application.h"
 #include "winlib/Focus.h"
+#include "winlib/TabOrder.h"
 #include "winlib/layout/Stack.h"
 #include "winlib/layout/Window.h"
 
@@ -20,6 +21,7 @@ bool MainController::HandleInitDialog(HWND, LPARAM, bool& focusSet) {
     SendMessageW(BusyBar, PBM_SETMARQUEE, TRUE, 0);
     Settings.LoadAll();
     MakeManagePage();
+    OrderControls();
 
     // The window's minimum is the layout as the resource drew it, with the page of instructions.
     RootSizer.Measure();
@@ -83,6 +85,10 @@ void MainController::MakeManagePage() {
     WinLib::CreateModeless(application, page, *ManagePage, IDD_MANAGE, Handle, application.Instance);
     PageSizer->AddWindow(page, Alignment::Fill, Alignment::Fill);
     ShowWindow(page, SW_SHOW);
+}
+
+void MainController::OrderControls() {
+    WinLib::PutLast(Handle, {IDC_MAIN_CLOSE, IDC_MAIN_CREATE_LIST});
 }
 
 void MainController::SetMainMenu() {

@@ -6,6 +6,7 @@
 #include "winlib/Exception.h"
 #include "winlib/Focus.h"
 #include "winlib/FolderPicker.h"
+#include "winlib/TabOrder.h"
 
 #include <algorithm>
 
@@ -46,6 +47,7 @@ void FilterController::PrepareControls() {
         throw WinLib::Exception(L"Unable to add a new column to the ListView.");
     FitColumn();
     SendMessageW(list, CCM_SETUNICODEFORMAT, TRUE, 0);
+    WinLib::PutLast(Handle, {IDC_FILTER_ADD});
 }
 
 void FilterController::BuildLayout() {

@@ -2,6 +2,7 @@
 
 #include "resources/resource.h"
 #include "winlib/Focus.h"
+#include "winlib/TabOrder.h"
 
 #include <array>
 #include <string>
@@ -46,12 +47,16 @@ void LayoutController::PrepareControls() {
         SendMessageW(sizeStyle, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(label));
     SendMessageW(Control(IDC_DISPLAY_INDENT), TBM_SETRANGE, TRUE, MAKELPARAM(0, MaximumIndent));
     ThemedControls.push_back(Control(IDC_DISPLAY_INDENT));
+    // As they are read. A screen reader takes the text directly before the trackbar for its name.
+    WinLib::PutLast(Handle, {IDC_DISPLAY_STATISTICS, IDC_DISPLAY_HIDDEN, IDC_DISPLAY_SUBFOLDERS,
+                             IDC_DISPLAY_GROUPED, IDC_DISPLAY_INDENT_VALUE, IDC_DISPLAY_INDENT_CAPTION,
+                             IDC_DISPLAY_INDENT, IDC_DISPLAY_SIZE_CAPTION, IDC_DISPLAY_SIZE_STYLE});
 }
 
 void LayoutController::BuildLayout() {
     RootSizer.AddWindow(Control(IDC_DISPLAY_GROUP), Alignment::Fill, Alignment::Fill);
     VStack* const page = RootSizer.AddVStack(20, 28, 20, 20, 8);
-    // The user reads the boxes in another order than that in which Tab walks them.
+    // Not the order of the resource.
     for (const int id :
          {IDC_DISPLAY_STATISTICS, IDC_DISPLAY_HIDDEN, IDC_DISPLAY_SUBFOLDERS, IDC_DISPLAY_GROUPED})
         page->AddWindow(0, Control(id), Alignment::Near, Alignment::Center);

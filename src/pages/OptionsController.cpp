@@ -3,6 +3,7 @@
 #include "pages/Binding.h"
 #include "pages/DialogLayout.h"
 #include "resources/resource.h"
+#include "winlib/TabOrder.h"
 #include "winlib/layout/Stack.h"
 
 using WinLib::Layout::Alignment;
@@ -37,6 +38,7 @@ bool OptionsController::HandleInitDialog(HWND, LPARAM, bool&) {
     ContextMenuCheck = GetDlgItem(Handle, IDC_OPTIONS_CONTEXT_MENU);
     CloseButton = GetDlgItem(Handle, IDC_OPTIONS_CLOSE);
     BuildLayout();
+    WinLib::PutLast(Handle, {IDC_OPTIONS_CONFIRM_EXIT, IDC_OPTIONS_CLOSE});
     if (Settings->Shell.IsRegistered())
         Tick(ContextMenuCheck);
     if (Settings->Get<bool>(MainSettings::ConfirmExit))

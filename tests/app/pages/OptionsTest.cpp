@@ -187,17 +187,17 @@ TEST_F(OptionsTest, ClickThatFindsTheWantedStateSaysNothing) {
     });
 }
 
-TEST_F(OptionsTest, TabNeverReachesTheHiddenSwitch) {
+TEST_F(OptionsTest, TabGoesFromTheTopPastTheHiddenSwitch) {
     Run([](HWND dialog) {
         std::vector<int> walked;
-        HWND control = GetDlgItem(dialog, IDC_OPTIONS_CONFIRM_EXIT);
+        HWND control = GetFocus();
         for (int i = 0; i < 3; i++) {
             walked.push_back(GetDlgCtrlID(control));
             control = GetNextDlgTabItem(dialog, control, FALSE);
         }
         EXPECT_EQ(walked,
-                  (std::vector<int>{IDC_OPTIONS_CONFIRM_EXIT, IDC_OPTIONS_CONTEXT_MENU, IDC_OPTIONS_CLOSE}));
-        EXPECT_EQ(GetDlgCtrlID(control), IDC_OPTIONS_CONFIRM_EXIT);
+                  (std::vector<int>{IDC_OPTIONS_CONTEXT_MENU, IDC_OPTIONS_CONFIRM_EXIT, IDC_OPTIONS_CLOSE}));
+        EXPECT_EQ(GetDlgCtrlID(control), IDC_OPTIONS_CONTEXT_MENU);
         Close(dialog);
     });
 }
