@@ -66,6 +66,9 @@ void OrderTree::Attach(HWND tree, HWND upButton, HWND downButton, const std::arr
     downIcon_ = LoadSmallIcon(IDI_MOVE_DOWN);
     SendMessageW(upButton_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(upIcon_.get()));
     SendMessageW(downButton_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(downIcon_.get()));
+    // Not drawn, but read to those who cannot see the pictures.
+    SetWindowTextW(upButton_, L"Move up");
+    SetWindowTextW(downButton_, L"Move down");
 }
 
 void OrderTree::AddTo(VStack& page, HWND caption) {

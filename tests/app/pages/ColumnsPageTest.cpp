@@ -47,6 +47,20 @@ const std::pair<std::wstring, std::wstring> FileColumns[] = {
     {L"LastTimeWritten", L"Last Time Written"},
 };
 
+TEST_F(ColumnsPageTest, EachStateHasItsPicture) {
+    Open();
+    EXPECT_TRUE(StatePicture(ItemState::Unchecked).Resembles(Ui::OfSmallIcon(IDI_UNCHECKED, Ground)));
+    EXPECT_TRUE(StatePicture(ItemState::Checked).Resembles(Ui::OfSmallIcon(IDI_CHECKED, Ground)));
+    EXPECT_TRUE(StatePicture(ItemState::Mixed).Resembles(Ui::OfSmallIcon(IDI_MIXED, Ground)));
+}
+
+TEST_F(ColumnsPageTest, ButtonsShowTheirArrowsAndAreNamed) {
+    Open();
+    EXPECT_TRUE(UpPicture().Resembles(Ui::OfSmallIcon(IDI_MOVE_UP, Ground)));
+    EXPECT_TRUE(DownPicture().Resembles(Ui::OfSmallIcon(IDI_MOVE_DOWN, Ground)));
+    ExpectButtonTexts();
+}
+
 TEST_F(ColumnsPageTest, ShowsTwoRootsOpenWithTheFirstSelected) {
     Open();
     EXPECT_EQ(tree.Names(), (Names{L"Folders", L"Files"}));

@@ -62,3 +62,14 @@ OrderPageTest::Values OrderPageTest::Bools(const std::vector<uint32_t>& bools) {
         values.push_back(TestSupport::DwordValue(value));
     return values;
 }
+
+Ui::Picture OrderPageTest::StatePicture(ItemState state) const {
+    const auto images =
+        reinterpret_cast<HIMAGELIST>(SendMessageW(tree.Window(), TVM_GETIMAGELIST, TVSIL_STATE, 0));
+    return Ui::OfImage(images, static_cast<int>(state), Ground);
+}
+
+Ui::Picture OrderPageTest::ButtonPicture(int id) const {
+    const auto icon = reinterpret_cast<HICON>(SendMessageW(open->Control(id), BM_GETIMAGE, IMAGE_ICON, 0));
+    return Ui::OfIcon(icon, GetSystemMetrics(SM_CXSMICON), Ground);
+}

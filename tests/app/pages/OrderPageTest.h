@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "OpenPage.h"
+#include "support/ui/Picture.h"
 #include "winlib/controls/ThreeStateCtrl.h"
 
 using WinLib::Controls::TreeView::ItemState;
@@ -33,6 +34,17 @@ protected:
     void ClickState(HTREEITEM item) const;
     void ClickLabel(HTREEITEM item) const;
 
+    // What the page shows as picture of a state, on which ground it says itself, and on its two buttons.
+    static constexpr COLORREF Ground = RGB(255, 255, 255);
+    Ui::Picture StatePicture(ItemState state) const;
+    Ui::Picture UpPicture() const { return ButtonPicture(upId_); }
+    Ui::Picture DownPicture() const { return ButtonPicture(downId_); }
+
+    void ExpectButtonTexts() const {
+        EXPECT_EQ(open->Text(upId_), L"Move up");
+        EXPECT_EQ(open->Text(downId_), L"Move down");
+    }
+
     void MoveUp() const { open->Click(upId_); }
     void MoveDown() const { open->Click(downId_); }
     bool CanMoveUp() const { return open->IsEnabled(upId_); }
@@ -53,6 +65,8 @@ protected:
     TreeReader tree;
 
 private:
+    Ui::Picture ButtonPicture(int id) const;
+
     const PageKind& kind_;
     int treeId_, upId_, downId_;
 };

@@ -37,6 +37,20 @@ const std::pair<std::wstring, std::wstring> FileKeys[] = {
     {L"LastTimeWritten", L"Last Time Written"},
 };
 
+TEST_F(SortingPageTest, EachStateHasItsPicture) {
+    Open();
+    EXPECT_TRUE(StatePicture(ItemState::Unchecked).Resembles(Ui::OfSmallIcon(IDI_ASCENDING, Ground)));
+    EXPECT_TRUE(StatePicture(ItemState::Checked).Resembles(Ui::OfSmallIcon(IDI_DESCENDING, Ground)));
+    EXPECT_TRUE(StatePicture(ItemState::Mixed).Resembles(Ui::OfSmallIcon(IDI_MIXED_ORDER, Ground)));
+}
+
+TEST_F(SortingPageTest, ButtonsShowTheirArrowsAndAreNamed) {
+    Open();
+    EXPECT_TRUE(UpPicture().Resembles(Ui::OfSmallIcon(IDI_MOVE_UP, Ground)));
+    EXPECT_TRUE(DownPicture().Resembles(Ui::OfSmallIcon(IDI_MOVE_DOWN, Ground)));
+    ExpectButtonTexts();
+}
+
 TEST_F(SortingPageTest, ShowsTwoRootsOpenWithTheFirstSelected) {
     Open();
     EXPECT_EQ(tree.Names(), (Names{L"Folders", L"Files"}));
