@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "MainWindowTest.h"
+#include "support/ui/Picture.h"
 
 namespace {
 
@@ -287,6 +288,28 @@ TEST_F(DragTest, TheImageFollowsInsideTheTree) {
     EXPECT_EQ(ImagePlace().x, 0);
     EXPECT_EQ(ImagePlace().y, 0);
     Release(start);
+}
+
+// Which its image list of 16 colours can hold.
+TEST_F(DragTest, TheBarHasOneColour) {
+    OpenWith({L"A"});
+    PressAndPull(tree.Middle(tree.Item(L"A")));
+    const HIMAGELIST images = ImageList_GetDragImage(nullptr, nullptr);
+    ASSERT_NE(images, nullptr);
+    const COLORREF colour = Ui::OfSmallIcon(IDI_DRAG, RGB(255, 255, 255)).pixels.front();
+    for (const COLORREF ground : {RGB(255, 255, 255), RGB(0, 0, 0)}) {
+        const Ui::Picture bar = Ui::OfImage(images, 0, ground);
+        EXPECT_EQ(bar.width, 64);
+        EXPECT_EQ(bar.height, 2);
+        EXPECT_EQ(bar.Count(colour), 64 * 2) << std::hex << colour << ", but " << bar.pixels.front();
+        EXPECT_NE(colour, ground);
+    }
+    IMAGEINFO info = {};
+    ASSERT_TRUE(ImageList_GetImageInfo(images, 0, &info));
+    BITMAP bitmap = {};
+    ASSERT_NE(GetObjectW(info.hbmImage, sizeof(bitmap), &bitmap), 0);
+    EXPECT_EQ(bitmap.bmBitsPixel, 4);
+    EXPECT_NE(info.hbmMask, nullptr);
 }
 
 TEST_F(DragTest, SelectionAndOpenItemsTravel) {
