@@ -107,6 +107,29 @@ TEST_F(SizingTest, MinimumIsTheLayoutAsDrawnAndMaximumTwiceThat) {
     EXPECT_EQ(Outer().bottom - Outer().top, limits.ptMaxTrackSize.y);
 }
 
+// A page whose controls need more room than its template has loses the edges of its frame.
+TEST_F(SizingTest, EveryFrameIsWholeInTheSmallestWindow) {
+    Store({L"A"});
+    Open();
+    const MINMAXINFO limits = Limits();
+    Resize(limits.ptMinTrackSize.x, limits.ptMinTrackSize.y);
+    std::vector<int> groups = PageGroups;
+    groups.push_back(IDC_MANAGE_GROUP);
+    int seen = 0;
+    for (HWND page = GetWindow(window, GW_CHILD); page != nullptr; page = GetWindow(page, GW_HWNDNEXT)) {
+        for (const int group : groups) {
+            const HWND frame = GetDlgItem(page, group);
+            if (frame == nullptr)
+                continue;
+            seen++;
+            const RECT whole = Place(page);
+            const RECT place = Place(frame);
+            EXPECT_TRUE(EqualRect(&place, &whole)) << group;
+        }
+    }
+    EXPECT_EQ(seen, 8);
+}
+
 TEST_F(SizingTest, PresetsDoNotChangeTheMinimum) {
     Open();
     const POINT before = Limits().ptMinTrackSize;

@@ -162,6 +162,14 @@ TEST(Resources, EveryTextFitsItsControl) {
     }
 }
 
+// In wider letters its line breaks into two.
+TEST(Resources, TheLastInstructionHasRoomForWiderLetters) {
+    const BareDialog dialog(IDD_MANAGE);
+    const HWND window = GetDlgItem(dialog.Handle, IDC_MANAGE_REARRANGE);
+    const SIZE room = ClientSize(window);
+    EXPECT_LE(TextSize(window, WinLib::GetWindowText(window), room.cx * 9 / 10).cy, room.cy);
+}
+
 TEST(Resources, NobodyReachesTheSwitchForTheSettingsFolder) {
     const BareDialog dialog(IDD_OPTIONS);
     const HWND control = GetDlgItem(dialog.Handle, 1011);
