@@ -72,7 +72,7 @@ while IFS= read -r source; do
     cmp -s "$source" "build/mutants/$source" && continue
     mkdir -p "build/mutants/$(dirname "$source")"
     cp "$source" "build/mutants/$source"
-done < <(find CMakeLists.txt CMakePresets.json cmake src contextmenu bench tests -type f)
+done < <(find CMakeLists.txt CMakePresets.json cmake scripts src contextmenu bench tests -type f)
 cd build/mutants
 
 # Builds and runs a program, given as "PRESET NAME". Returns whether its tests passed.
