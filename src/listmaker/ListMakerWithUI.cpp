@@ -35,10 +35,13 @@ private:
 // Deletes the dialog's object with the end of a scope, as soon as the worker has given it back.
 class DeletedAtEnd {
 public:
-    explicit DeletedAtEnd(std::atomic<ProgressController*>& place) : place_(place) {}
+    DeletedAtEnd(std::atomic<ProgressController*>& place, ProgressController& dialog)
+        : place_(place), dialog_(dialog) {}
     DeletedAtEnd(const DeletedAtEnd&) = delete;
     DeletedAtEnd& operator=(const DeletedAtEnd&) = delete;
     ~DeletedAtEnd() {
+        // The worker may hold the dialog and wait for a window that could not be created.
+        dialog_.EndCreation();
         std::unique_ptr<ProgressController> dialog;
         WinLib::WaitServingSentMessages([&] {
             dialog.reset(place_.exchange(nullptr));
@@ -51,6 +54,7 @@ public:
 
 private:
     std::atomic<ProgressController*>& place_;
+    ProgressController& dialog_;
 };
 
 // Enables the owner again with the end of a scope, if it was enabled at its beginning. EndDialog does so, but
@@ -92,7 +96,7 @@ bool ListMakerWithUI::Start() {
     ProgressController& dialog = *progress.load();
     ListMaker::Start();
     const EnabledAtEnd use{owner};
-    const DeletedAtEnd life{progress};
+    const DeletedAtEnd life{progress, dialog};
 
     const WinLib::Application* application = WinLib::Application::Current();
     HINSTANCE instance = application != nullptr ? application->Instance : nullptr;
@@ -112,7 +116,7 @@ void ListMakerWithUI::OnError(const std::wstring& message) {
 
 bool ListMakerWithUI::ShowOnDialog(const std::wstring& message) {
     const Taken dialog{progress};
-    const HWND window = dialog ? dialog->Window() : nullptr;
+    const HWND window = dialog ? dialog->WaitForWindow() : nullptr;
     if (window == nullptr)
         return false;
     const std::wstring title = WinLib::GetWindowText(window);

@@ -30,8 +30,8 @@ protected:
     void Finish() override;
 
 private:
-    // Shows the message on the dialog and waits for the answer. Returns false if there is no dialog to show
-    // it on.
+    // Shows the message on the dialog, once it has been created, and waits for the answer. Returns false if
+    // there is no dialog to show it on.
     bool ShowOnDialog(const std::wstring& message);
 
     // Posts the end message, which tells the owner to collect the job.

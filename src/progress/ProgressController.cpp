@@ -21,10 +21,45 @@ void ProgressController::Report(const std::wstring& status, const std::wstring& 
         SetWindowTextW(DetailLine, detail.c_str());
 }
 
+HWND ProgressController::Window() const {
+    const std::lock_guard lock(mutex_);
+    return window_;
+}
+
+HWND ProgressController::WaitForWindow() const {
+    std::unique_lock lock(mutex_);
+    creationEnded_.wait(lock, [this] { return !creating_; });
+    return window_;
+}
+
 void ProgressController::End() {
-    ended_.store(true);
-    if (const HWND window = Window())
+    HWND window = nullptr;
+    {
+        const std::lock_guard lock(mutex_);
+        ended_ = true;
+        window = window_;
+    }
+    if (window != nullptr)
         EndDialog(window, 1);
+}
+
+void ProgressController::EndCreation() {
+    {
+        const std::lock_guard lock(mutex_);
+        creating_ = false;
+    }
+    creationEnded_.notify_all();
+}
+
+bool ProgressController::PublishWindow() {
+    bool ended = false;
+    {
+        const std::lock_guard lock(mutex_);
+        window_ = Handle;
+        ended = ended_;
+    }
+    EndCreation();
+    return ended;
 }
 
 bool ProgressController::OnControlCommand(WORD id, HWND control, WORD code) {
@@ -77,9 +112,7 @@ bool ProgressController::HandleInitDialog(HWND, LPARAM, bool&) {
     SetWindowPos(Handle, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
     SetWindowTextW(Handle, Title.c_str());
 
-    // From here on the worker finds the window. If its end came before, nobody else closes the dialog.
-    window_.store(Handle);
-    if (ended_.load())
+    if (PublishWindow())
         EndDialog(Handle, 1);
     return true;
 }

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <atomic>
+#include <condition_variable>
+#include <mutex>
 #include <string>
 
 #include "winlib/Controller.h"
@@ -26,12 +28,18 @@ public:
     bool IsCancelled() const { return Cancelled.load() != 0; }
 
     // The dialog's window, or null before it is complete.
-    HWND Window() const { return window_.load(); }
+    HWND Window() const;
+
+    // The same, but waits for a window that is still being created. Null if its creation has failed.
+    HWND WaitForWindow() const;
 
     // Ends the dialog with 1, at once or as soon as it has been created.
     void End();
 
     // For the thread of the dialog.
+
+    // Ends WaitForWindow, also without a window. To be called when the dialog is over, however it ended.
+    void EndCreation();
 
     bool OnControlCommand(WORD id, HWND control, WORD code) override;
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
@@ -56,12 +64,17 @@ public:
 private:
     void BuildLayout();
 
+    // Makes the complete window known to the worker. Returns whether the worker has already called End.
+    bool PublishWindow();
+
     // The size of the whole window whose client area has the minimum size.
     SIZE OuterMinimum() const;
 
-    // The worker stores ended_ and then reads window_, the dialog's thread the other way round. Both in the
-    // one order that sequential consistency gives: so one of the two always sees the other and ends the
-    // dialog.
-    std::atomic<HWND> window_ = nullptr;
-    std::atomic<bool> ended_ = false;
+    // What the worker and the dialog's thread know of each other. Whichever comes second, End or the window,
+    // ends the dialog. Win32 is never called under the mutex: the call may wait for the other thread.
+    mutable std::mutex mutex_;
+    mutable std::condition_variable creationEnded_;
+    HWND window_ = nullptr;
+    bool creating_ = true;
+    bool ended_ = false;
 };

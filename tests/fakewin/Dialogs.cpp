@@ -40,7 +40,7 @@ std::shared_ptr<Window> AddWindow(std::wstring className, std::wstring text, DWO
 
 // The windows of a dialog, before any message is sent to them. Null, and the last error set, if the template
 // or the owner does not exist.
-HWND MakeWindows(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure, bool modal) {
+HWND MakeWindows(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure, bool enablesOwner) {
     const std::lock_guard lock(WindowsMutex());
     const auto found = Windows().templates.find(templateId);
     if (found == Windows().templates.end()) {
@@ -56,7 +56,7 @@ HWND MakeWindows(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedu
     dialog->dialog = std::make_unique<DialogState>();
     dialog->dialog->templateId = templateId;
     dialog->dialog->procedure = procedure;
-    dialog->dialog->modal = modal;
+    dialog->dialog->enablesOwner = enablesOwner;
     for (const ControlTemplate& control : shape.controls) {
         const std::shared_ptr<Window> child =
             AddWindow(control.className, control.text, control.style | WS_CHILD, control.exStyle,
@@ -89,8 +89,8 @@ void GiveFocus(HWND handle) {
 }
 
 HWND MakeDialog(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure, LPARAM parameter,
-                bool modal) {
-    const HWND dialog = MakeWindows(instance, templateId, owner, procedure, modal);
+                bool enablesOwner) {
+    const HWND dialog = MakeWindows(instance, templateId, owner, procedure, enablesOwner);
     if (dialog == nullptr)
         return nullptr;
     SendMessageW(dialog, WM_SETFONT, 0, 0);
@@ -216,7 +216,7 @@ INT_PTR DialogBoxParamW(HINSTANCE instance, LPCWSTR templateName, HWND owner, DL
     if (ownerWasEnabled)
         EnableWindow(owner, FALSE);
     INT_PTR result = -1;
-    const HWND dialog = MakeDialog(instance, templateId, owner, procedure, parameter, true);
+    const HWND dialog = MakeDialog(instance, templateId, owner, procedure, parameter, ownerWasEnabled);
     if (dialog != nullptr) {
         RunModalLoop(dialog, templateId);
         result = ResultOf(dialog);
@@ -236,7 +236,7 @@ BOOL EndDialog(HWND handle, INT_PTR result) {
         if (isDialog) {
             dialog.dialog->ended = true;
             dialog.dialog->result = result;
-            owner = dialog.dialog->modal ? dialog.parent : nullptr;
+            owner = dialog.dialog->enablesOwner ? dialog.parent : nullptr;
         }
     });
     if (!isDialog)

@@ -37,6 +37,9 @@ struct DialogTemplate {
 // Makes the template known to DialogBoxParamW and CreateDialogParamW.
 void DefineDialog(int templateId, DialogTemplate dialog);
 
+// From now on the template does not exist.
+void UndefineDialog(int templateId);
+
 // ---- Windows
 
 // A visible top-level window of the calling thread that takes messages and does nothing with them.
@@ -108,6 +111,10 @@ std::vector<MessageBoxCall> MessageBoxes();
 
 // What each box returns at once; at first IDOK.
 void AnswerMessageBoxes(int answer);
+
+// What MessageBoxW returns when it fails; at first 0, as on Windows. On Wine it is -1 if the owner is destroyed
+// while the box is being created.
+void SetMessageBoxFailure(int result);
 
 // Runs on the thread that shows the box while it is up; its result is the answer.
 void OnMessageBox(std::function<int(const MessageBoxCall&)> user);

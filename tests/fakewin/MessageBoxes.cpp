@@ -23,6 +23,7 @@ struct Boxes {
     std::vector<std::shared_ptr<Box>> waiting;
     std::function<int(const MessageBoxCall&)> user;
     int answer = IDOK;
+    int failure = 0;
     bool hold = false;
 };
 
@@ -72,6 +73,12 @@ int WaitForAnswer(const Answering& answering) {
     return answering.box->answer.value_or(0);
 }
 
+int Failed(DWORD error) {
+    SetLastError(error);
+    const std::lock_guard lock(WindowsMutex());
+    return State().failure;
+}
+
 }  // namespace
 
 std::vector<MessageBoxCall> MessageBoxes() {
@@ -82,6 +89,11 @@ std::vector<MessageBoxCall> MessageBoxes() {
 void AnswerMessageBoxes(int answer) {
     const std::lock_guard lock(WindowsMutex());
     State().answer = answer;
+}
+
+void SetMessageBoxFailure(int result) {
+    const std::lock_guard lock(WindowsMutex());
+    State().failure = result;
 }
 
 void OnMessageBox(std::function<int(const MessageBoxCall&)> user) {
@@ -134,10 +146,10 @@ using namespace FakeWin;
 
 int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
     if (const DWORD fault = Watched(Call::MessageBoxW, text != nullptr ? text : L""))
-        return SetLastError(fault), 0;
+        return Failed(fault);
     const Answering answering = Show(owner, text, caption, type);
     if (owner != nullptr && !answering.call.ownerExisted)
-        return SetLastError(ERROR_INVALID_WINDOW_HANDLE), 0;
+        return Failed(ERROR_INVALID_WINDOW_HANDLE);
     // The owner's thread has to serve what disables and enables its window.
     const bool ownerWasEnabled = owner != nullptr && IsWindowEnabled(owner);
     if (ownerWasEnabled)

@@ -50,6 +50,11 @@ void DefineDialog(int templateId, DialogTemplate dialog) {
     Windows().templates[templateId] = std::move(dialog);
 }
 
+void UndefineDialog(int templateId) {
+    const std::lock_guard lock(WindowsMutex());
+    Windows().templates.erase(templateId);
+}
+
 HWND CreatePlainWindow(const std::wstring& title, RECT rect) {
     return AddPlain(L"Plain", title, WS_VISIBLE | WS_CAPTION, rect, nullptr, 0, DefWindowProcW);
 }

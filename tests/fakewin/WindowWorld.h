@@ -45,7 +45,7 @@ struct DialogState {
     DLGPROC procedure = nullptr;
     LONG_PTR messageResult = 0;
     LONG_PTR user = 0;
-    bool modal = false;
+    bool enablesOwner = false;  // at its end: it is modal and has disabled its owner
     bool inLoop = false;
     bool ended = false;
     INT_PTR result = 0;

@@ -120,7 +120,8 @@ private:
             RacingJob job(owner_, MakeJobPreset(folder_.Path(L"Lists"), OpenMethod::Nothing), path, record);
             record.AtStep = [&](int step) {
                 hand.OnStep(watch, step);
-                if (step == holdUntil || record.Ended)
+                // An error waits for the dialog.
+                if (step == holdUntil || record.Errors > 0 || record.Ended)
                     released.Set();
             };
             job.AroundError = [this](const std::function<void()>& show) {

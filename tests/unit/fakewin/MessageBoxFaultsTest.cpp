@@ -68,6 +68,19 @@ TEST(FakeMessageBox, CanFailToOpen) {
     EXPECT_TRUE(FakeWin::MessageBoxes().empty());
 }
 
+TEST(FakeMessageBox, FailsWithTheResultThatIsSet) {
+    FakeWin::SetMessageBoxFailure(-1);
+    FakeWin::FailNth(Call::MessageBoxW, 1, 8);
+    EXPECT_EQ(MessageBoxW(nullptr, L"text", L"caption", MB_OK), -1);
+    EXPECT_EQ(GetLastError(), 8u);
+    EXPECT_EQ(MessageBoxW(nullptr, L"text", L"caption", MB_OK), IDOK);
+    const HWND owner = FakeWin::CreatePlainWindow();
+    DestroyWindow(owner);
+    EXPECT_EQ(MessageBoxW(owner, L"text", L"caption", MB_OK), -1);
+    FakeWin::Reset();
+    EXPECT_EQ(MessageBoxW(owner, L"text", L"caption", MB_OK), 0);
+}
+
 TEST(FakeMessageBox, AnOwnerThatIsGoneIsAnError) {
     const HWND owner = FakeWin::CreatePlainWindow();
     DestroyWindow(owner);
@@ -150,6 +163,12 @@ TEST(FakeDialog, CanFailToOpen) {
     FakeWin::Fail(Call::GetMessageW, 1400);
     MSG message;
     EXPECT_EQ(GetMessageW(&message, nullptr, 0, 0), -1);
+}
+
+TEST(FakeDialog, CannotOpenWithoutItsTemplate) {
+    ContractDialog::Define();
+    FakeWin::UndefineDialog(TemplateId);
+    EXPECT_EQ(CreateDialogParamW(nullptr, MAKEINTRESOURCEW(TemplateId), nullptr, EndOnButton, 0), nullptr);
 }
 
 TEST(FakeWindow, RemembersWhatItGot) {

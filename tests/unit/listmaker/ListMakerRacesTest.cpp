@@ -133,10 +133,12 @@ private:
             std::this_thread::yield();
     }
 
-    // Being disabled is the last that happens to the owner before the dialog comes into being.
+    // Being disabled is the last that happens to the owner before the dialog comes into being. An error waits
+    // for the dialog, so the dialog must not wait for an error.
     static LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         while (message == WM_ENABLE && wParam == FALSE && current->dialog_.load() == nullptr &&
-               current->record_.Steps < current->plan_.holdUntil && !current->record_.Ended) {
+               current->record_.Steps < current->plan_.holdUntil && current->record_.Errors == 0 &&
+               !current->record_.Ended) {
             MSG unused;
             PeekMessageW(&unused, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
             std::this_thread::yield();

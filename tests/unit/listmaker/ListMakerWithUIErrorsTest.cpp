@@ -1,5 +1,8 @@
 #include <atomic>
+#include <functional>
 #include <future>
+#include <typeinfo>
+#include <utility>
 
 #include "JobFixture.h"
 #include "winlib/Win32Error.h"
@@ -133,13 +136,87 @@ TEST_F(ListMakerWithUIErrors, StandOnTheOwnerIfThereNeverWasADialog) {
     EXPECT_EQ(EndMessages(), 2);
 }
 
-TEST_F(ListMakerWithUIErrors, StandOnTheOwnerAsLongAsTheDialogHasNoWindow) {
-    ListMakerWithUI job(owner, MakePreset(), Missing);
-    job.OnProgress(L"one", L"two");
-    EXPECT_FALSE(job.IsCancelled());
-    job.OnError(MissingMessage);
-    ExpectBoxOnTheOwner(owner);
-    EXPECT_EQ(EndMessages(), 1);
+TEST_F(ListMakerWithUIErrors, AppearOnTheOwnerIfTheBoxOnTheDialogFails) {
+    for (const int result : {0, -1}) {
+        SCOPED_TRACE(result);
+        FakeWin::SetMessageBoxFailure(result);
+        FakeWin::FailNth(Call::MessageBoxW, 1, ERROR_NOT_ENOUGH_MEMORY);
+        const size_t before = FakeWin::MessageBoxes().size();
+        TestJob job(owner, MakePreset(), Missing);
+        job.AtTheBeginning = [] { WaitForDialog(); };
+        EXPECT_TRUE(job.Start());
+        const std::vector<FakeWin::MessageBoxCall> boxes = FakeWin::MessageBoxes();
+        ASSERT_EQ(boxes.size(), before + 1) << "the failed one does not count";
+        EXPECT_EQ(boxes.back().owner, owner);
+        EXPECT_EQ(boxes.back().text, MissingMessage);
+        EXPECT_EQ(boxes.back().caption, L"Tamblewick");
+    }
+}
+
+// Runs once, on the thread of the dialog, before the dialog is created.
+std::function<void()> beforeTheDialog;
+
+// Being disabled is the last that happens to the owner before the dialog is created.
+LRESULT CALLBACK HoldingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ENABLE && wParam == FALSE && beforeTheDialog)
+        std::exchange(beforeTheDialog, nullptr)();
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+// An error that comes while the dialog's thread is about to create the dialog.
+struct EarlyErrors : ListMakerWithUIErrors {
+    EarlyErrors() : holding(FakeWin::CreatePlainWindow(HoldingProcedure)) {}
+    ~EarlyErrors() override { DestroyWindow(holding); }
+
+    // Starts the job. next runs before the dialog is created, when the worker has an error to show and had time
+    // to do so.
+    void Start(TestJob& job, const std::function<void()>& next = [] {}) {
+        std::atomic<bool> failed = false;
+        job.AtTheError = [&] { failed = true; };
+        beforeTheDialog = [&] {
+            while (!failed)
+                std::this_thread::yield();
+            for (int turn = 0; turn < 1000; turn++)
+                std::this_thread::yield();
+            next();
+        };
+        job.Start();
+    }
+
+    const HWND holding;
+};
+
+TEST_F(EarlyErrors, WaitForTheDialog) {
+    HWND shown = nullptr;
+    FakeWin::OnDialogShown(IDD_PROGRESS, [&](HWND dialog) { shown = dialog; });
+    for (size_t i = 1; i <= 100 && !HasFailure(); i++) {
+        TestJob job(holding, MakePreset(), Missing);
+        Start(job);
+        EXPECT_TRUE(job.IsFinished());
+        const std::vector<FakeWin::MessageBoxCall> boxes = FakeWin::MessageBoxes();
+        ASSERT_EQ(boxes.size(), i);
+        EXPECT_EQ(boxes.back().owner, shown);
+        EXPECT_TRUE(boxes.back().ownerExisted);
+        EXPECT_EQ(boxes.back().caption, L"Tamblewick");
+        EXPECT_EQ(boxes.back().text, MissingMessage);
+    }
+}
+
+TEST_F(EarlyErrors, AppearOnTheOwnerIfTheDialogCannotBeCreated) {
+    {
+        TestJob job(holding, MakePreset(), Missing);
+        EXPECT_THROW(Start(job, [] { FakeWin::UndefineDialog(IDD_PROGRESS); }), WinLib::Win32Error);
+    }
+    ExpectBoxOnTheOwner(holding);
+}
+
+TEST_F(EarlyErrors, AppearOnTheOwnerIfAnExceptionEndsTheCreation) {
+    {
+        TestJob job(holding, MakePreset(), Missing);
+        EXPECT_THROW(Start(job, [] { throw std::bad_cast(); }), std::bad_cast);
+    }
+    ExpectBoxOnTheOwner(holding);
+    EXPECT_TRUE(IsWindowEnabled(holding));
 }
 
 TEST_F(ListMakerWithUIErrors, DelayTheReturnOfStartUntilTheyAreAnswered) {

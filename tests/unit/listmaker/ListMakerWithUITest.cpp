@@ -176,6 +176,22 @@ TEST_F(ListMakerWithUITest, PostsNothingWithoutAnOwner) {
     EXPECT_EQ(EndMessages(), 0);
 }
 
+TEST_F(ListMakerWithUITest, DropsProgressAsLongAsTheDialogHasNoWindow) {
+    ListMakerWithUI job(owner, MakePreset(), Folder);
+    job.OnProgress(L"one", L"two");
+    EXPECT_FALSE(job.IsCancelled());
+}
+
+TEST_F(ListMakerWithUITest, LeavesAnOwnerDisabledThatWasSoBefore) {
+    EnableWindow(owner, FALSE);
+    {
+        TestJob job(owner, MakePreset(), Folder);
+        job.AtTheBeginning = [] { WaitForDialog(); };
+        EXPECT_TRUE(job.Start());
+    }
+    EXPECT_FALSE(IsWindowEnabled(owner));
+}
+
 TEST_F(ListMakerWithUITest, IsWaitedForInTheBackground) {
     ClickWhenShown(IDC_PROGRESS_BACKGROUND);
     {

@@ -91,8 +91,8 @@ void RacingJob::OnProgress(const std::wstring& status, const std::wstring& detai
 }
 
 void RacingJob::OnError(const std::wstring& message) {
-    record_.Step();
     ++record_.Errors;
+    record_.Step();
     AroundError([&] { ListMakerWithUI::OnError(message); });
     record_.Step();
 }

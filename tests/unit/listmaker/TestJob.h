@@ -34,9 +34,15 @@ public:
             AtTheDocument();
     }
 
-    // Both run on the worker.
+    void OnError(const std::wstring& message) override {
+        AtTheError();
+        ListMakerWithUI::OnError(message);
+    }
+
+    // All run on the worker; AtTheError before the message is shown.
     std::function<void()> AtTheBeginning = [] {};
     std::function<void()> AtTheDocument = [] {};
+    std::function<void()> AtTheError = [] {};
 
 protected:
     void Prepare() override { AtTheBeginning(); }
