@@ -51,6 +51,11 @@ void ProgressController::EndCreation() {
     creationEnded_.notify_all();
 }
 
+bool ProgressController::HasEnded() const {
+    const std::lock_guard lock(mutex_);
+    return ended_;
+}
+
 bool ProgressController::PublishWindow() {
     bool ended = false;
     {
@@ -112,6 +117,9 @@ bool ProgressController::HandleInitDialog(HWND, LPARAM, bool&) {
     SetWindowPos(Handle, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
     SetWindowTextW(Handle, Title.c_str());
 
+    // The system would show it later, and so take the keyboard from an error box that is already there.
+    if (!HasEnded())
+        ShowWindow(Handle, SW_SHOW);
     if (PublishWindow())
         EndDialog(Handle, 1);
     return true;

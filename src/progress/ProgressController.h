@@ -64,7 +64,10 @@ public:
 private:
     void BuildLayout();
 
-    // Makes the complete window known to the worker. Returns whether the worker has already called End.
+    // Whether the worker has called End.
+    bool HasEnded() const;
+
+    // Makes the complete window known to the worker. Returns whether the worker has called End before.
     bool PublishWindow();
 
     // The size of the whole window whose client area has the minimum size.

@@ -112,8 +112,8 @@ std::vector<MessageBoxCall> MessageBoxes();
 // What each box returns at once; at first IDOK.
 void AnswerMessageBoxes(int answer);
 
-// What MessageBoxW returns when it fails; at first 0, as on Windows. On Wine it is -1 if the owner is destroyed
-// while the box is being created.
+// What MessageBoxW returns when it fails; at first 0, as on Windows. On Wine it is -1 if the owner is
+// destroyed while the box is being created.
 void SetMessageBoxFailure(int result);
 
 // Runs on the thread that shows the box while it is up; its result is the answer.

@@ -84,8 +84,9 @@ void CALLBACK DismissModal::OnTimer(HWND, UINT, UINT_PTR timer, DWORD) {
     }
 }
 
-DismissFromAside::DismissFromAside(WORD button)
-    : watcher_([this, button, spared = GetCurrentThreadId()] { Watch(button, spared); }) {}
+DismissFromAside::DismissFromAside(WORD button, std::function<void(HWND)> look)
+    : look_(std::move(look)),
+      watcher_([this, button, spared = GetCurrentThreadId()] { Watch(button, spared); }) {}
 
 DismissFromAside::~DismissFromAside() {
     stopped_ = true;
@@ -110,6 +111,7 @@ void DismissFromAside::Watch(WORD button, DWORD spared) {
                 std::find(answered.begin(), answered.end(), window) != answered.end())
                 continue;
             answered.push_back(window);
+            look_(window);
             {
                 const std::lock_guard lock(mutex_);
                 seen_.push_back(Read(window));

@@ -48,10 +48,11 @@ private:
 };
 
 // For message boxes of any other thread of this process, as a worker shows them: presses the button with this
-// id in each that appears while the object lives.
+// id in each that appears while the object lives. look gets each box before, on a thread of this object.
 class DismissFromAside {
 public:
-    explicit DismissFromAside(WORD button);
+    explicit DismissFromAside(
+        WORD button, std::function<void(HWND box)> look = [](HWND) {});
     DismissFromAside(const DismissFromAside&) = delete;
     DismissFromAside& operator=(const DismissFromAside&) = delete;
     ~DismissFromAside();
@@ -61,6 +62,7 @@ public:
 private:
     void Watch(WORD button, DWORD spared);
 
+    const std::function<void(HWND)> look_;
     mutable std::mutex mutex_;
     std::vector<SeenDialog> seen_;
     std::atomic<bool> stopped_ = false;

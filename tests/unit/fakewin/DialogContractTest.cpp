@@ -216,21 +216,6 @@ TEST_F(DialogContract, EndDialogEndsTheLoopWithItsResult) {
     DestroyWindow(owner);
 }
 
-TEST_F(DialogContract, LeavesAnOwnerDisabledThatWasSoBefore) {
-    const HWND owner = ContractDialog::MakeOwner();
-    EnableWindow(owner, FALSE);
-    script_.answer = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
-        if (message == WM_INITDIALOG)
-            PostMessageW(dialog, WM_APP, 0, 0);
-        if (message == WM_APP)
-            EndDialog(dialog, 42);
-        return 0;
-    };
-    EXPECT_EQ(Run(owner), 42);
-    EXPECT_FALSE(IsWindowEnabled(owner));
-    DestroyWindow(owner);
-}
-
 TEST_F(DialogContract, MayEndBeforeItsLoop) {
     HWND handle = nullptr;
     script_.answer = [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {

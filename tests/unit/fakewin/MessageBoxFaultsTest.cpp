@@ -165,6 +165,17 @@ TEST(FakeDialog, CanFailToOpen) {
     EXPECT_EQ(GetMessageW(&message, nullptr, 0, 0), -1);
 }
 
+TEST(FakeDialog, EnablesItsOwnerOnlyIfItHasDisabledIt) {
+    FakeWin::OnDialogShown(TemplateId, [&](HWND dialog) { EXPECT_TRUE(FakeWin::Click(dialog, ButtonId)); });
+    const HWND owner = FakeWin::CreatePlainWindow();
+    for (const bool enabled : {true, false}) {
+        EnableWindow(owner, enabled);
+        EXPECT_EQ(RunDialog(owner), 5);
+        EXPECT_EQ(IsWindowEnabled(owner), enabled);
+    }
+    DestroyWindow(owner);
+}
+
 TEST(FakeDialog, CannotOpenWithoutItsTemplate) {
     ContractDialog::Define();
     FakeWin::UndefineDialog(TemplateId);

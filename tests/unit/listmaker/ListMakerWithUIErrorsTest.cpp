@@ -168,9 +168,9 @@ struct EarlyErrors : ListMakerWithUIErrors {
     EarlyErrors() : holding(FakeWin::CreatePlainWindow(HoldingProcedure)) {}
     ~EarlyErrors() override { DestroyWindow(holding); }
 
-    // Starts the job. next runs before the dialog is created, when the worker has an error to show and had time
-    // to do so.
-    void Start(TestJob& job, const std::function<void()>& next = [] {}) {
+    // Starts the job. next runs before the dialog is created, when the worker has an error to show and had
+    // time to do so.
+    void Start(TestJob& job, const std::function<void()>& next) {
         std::atomic<bool> failed = false;
         job.AtTheError = [&] { failed = true; };
         beforeTheDialog = [&] {
@@ -191,7 +191,7 @@ TEST_F(EarlyErrors, WaitForTheDialog) {
     FakeWin::OnDialogShown(IDD_PROGRESS, [&](HWND dialog) { shown = dialog; });
     for (size_t i = 1; i <= 100 && !HasFailure(); i++) {
         TestJob job(holding, MakePreset(), Missing);
-        Start(job);
+        Start(job, [] {});
         EXPECT_TRUE(job.IsFinished());
         const std::vector<FakeWin::MessageBoxCall> boxes = FakeWin::MessageBoxes();
         ASSERT_EQ(boxes.size(), i);

@@ -1,7 +1,10 @@
 // The job with the real dialog.
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <functional>
 #include <future>
+#include <utility>
 
 #include "TestJob.h"
 #include "resources/resource.h"
@@ -13,15 +16,13 @@
 
 namespace {
 
-// The job whose end the owner awaits before its dialog is created, if any.
-ListMaker* awaited = nullptr;
+// Runs once, on the thread of the dialog, before the dialog is created.
+std::function<void()> beforeTheDialog;
 
-// Being disabled is the last that happens to the owner before the dialog comes into being.
+// Being disabled is the last that happens to the owner before the dialog is created.
 LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_ENABLE && wParam == FALSE && awaited != nullptr) {
-        while (!awaited->IsFinished())
-            Sleep(1);
-    }
+    if (message == WM_ENABLE && wParam == FALSE && beforeTheDialog)
+        std::exchange(beforeTheDialog, nullptr)();
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
@@ -31,7 +32,7 @@ struct ListMakerWithUIWindow : testing::Test {
         folder.AddFolder(L"Lists");
     }
     ~ListMakerWithUIWindow() override {
-        awaited = nullptr;
+        beforeTheDialog = nullptr;
         DestroyWindow(owner);
     }
 
@@ -84,7 +85,10 @@ TEST_F(ListMakerWithUIWindow, ClosesAThousandTimesIfItsJobEndsBeforeItExists) {
     for (int i = 0; i < 1000 && !HasFailure(); i++) {
         {
             ListMakerWithUI job(owner, MakePreset(), folder.Path(L"Empty"));
-            awaited = &job;
+            beforeTheDialog = [&] {
+                while (!job.IsFinished())
+                    Sleep(1);
+            };
             EXPECT_TRUE(job.Start()) << i;
         }
         EXPECT_EQ(TakeEndMessages(), 1) << i;
@@ -166,6 +170,50 @@ TEST_F(ListMakerWithUIWindow, TellsAnErrorOnTheDialog) {
     EXPECT_EQ(seen[0].text, L"The folder '" + folder.Path(L"missing") +
                                 L"' does not exist or cannot be accessed by the application.\n"
                                 L"The listing proccess will be cancelled.");
+}
+
+// What a user sees of the dialog and of the box on it.
+struct ShownError {
+    bool onDialog = false;
+    bool dialogTakesClicks = true;
+    bool boxIsActive = false;
+};
+
+// Waits until the dialog is there as well, which must not take the keyboard from the box.
+ShownError LookAt(HWND box) {
+    const HWND dialog = GetWindow(box, GW_OWNER);
+    ShownError shown;
+    shown.onDialog = GetDlgItem(dialog, IDC_PROGRESS_CANCEL) != nullptr;
+    for (int i = 0; i < 2000 && !IsWindowVisible(dialog); i++)
+        Sleep(1);
+    shown.dialogTakesClicks = IsWindowEnabled(dialog) != FALSE;
+    for (const HWND window : {dialog, box})
+        SendMessageW(window, WM_NULL, 0, 0);
+    shown.boxIsActive = GetForegroundWindow() == box;
+    return shown;
+}
+
+TEST_F(ListMakerWithUIWindow, ShowsAnErrorThatComesBeforeTheDialogOnTheDialog) {
+    for (int i = 0; i < 50 && !HasFailure(); i++) {
+        SCOPED_TRACE(i);
+        const HWND jobOwner = i % 2 == 0 ? owner : nullptr;
+        ShownError shown;
+        const Ui::DismissFromAside answer(IDOK, [&](HWND box) { shown = LookAt(box); });
+        std::atomic<bool> failed = false;
+        TestJob job(jobOwner, MakePreset(), folder.Path(L"missing"));
+        job.AtTheError = [&] { failed = true; };
+        beforeTheDialog = [&] {
+            while (!failed)
+                Sleep(1);
+        };
+        EXPECT_TRUE(job.Start());
+        const std::vector<Ui::SeenDialog> seen = answer.Seen();
+        ASSERT_EQ(seen.size(), 1u);
+        EXPECT_EQ(seen[0].caption, L"Tamblewick");
+        EXPECT_TRUE(shown.onDialog);
+        EXPECT_FALSE(shown.dialogTakesClicks);
+        EXPECT_TRUE(shown.boxIsActive);
+    }
 }
 
 // Without this thread's service neither the box nor the job would ever come to an end.

@@ -28,6 +28,46 @@ TEST(ProgressController, OpensWithItsTitleAndEmptyLines) {
     });
 }
 
+// Else an error box of the worker could be on the screen first, and the dialog would take the keyboard from
+// it.
+TEST(ProgressController, IsOnTheScreenWhenTheWorkerFindsIt) {
+    class Watched : public DrivenProgress {
+    public:
+        using DrivenProgress::DrivenProgress;
+        bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
+            if (message == WM_SHOWWINDOW && wParam != FALSE) {
+                Shown = true;
+                EXPECT_EQ(Window(), nullptr);
+                EXPECT_EQ(GetWindowText(Handle), L"Tamblewick");
+            }
+            const bool handled = DrivenProgress::OnMessage(message, wParam, lParam, result);
+            EXPECT_TRUE(Window() == nullptr || Shown);
+            return handled;
+        }
+        bool Shown = false;
+    } dialog(L"Tamblewick");
+    dialog.Run([&] { EXPECT_TRUE(IsWindowVisible(dialog.Handle)); });
+    EXPECT_TRUE(dialog.Shown);
+}
+
+TEST(ProgressController, WaitsForItsWindowUntilItIsCreated) {
+    DrivenProgress dialog(L"Tamblewick");
+    const Worker worker([&] {
+        const HWND window = dialog.WaitForWindow();
+        EXPECT_NE(window, nullptr);
+        EXPECT_EQ(window, dialog.Window());
+        EXPECT_EQ(GetWindowText(window), L"Tamblewick");
+        dialog.End();
+    });
+    EXPECT_EQ(dialog.Run(), Finished);
+}
+
+TEST(ProgressController, WaitsInVainForAWindowThatIsNotCreated) {
+    DrivenProgress dialog(L"Tamblewick");
+    const Worker worker([&] { EXPECT_EQ(dialog.WaitForWindow(), nullptr); });
+    dialog.EndCreation();
+}
+
 TEST(ProgressController, FindsItsControls) {
     DrivenProgress dialog(L"Tamblewick");
     dialog.Run([&] {

@@ -32,6 +32,54 @@ TEST(ProgressEnd, WithinInitDialogIsFoundAtItsEnd) {
     EXPECT_EQ(dialog.Run(), Finished);
 }
 
+// Its job ends at one message to the dialog, of those that come before the dialog is complete.
+class EndsAtMessage : public DrivenProgress {
+public:
+    explicit EndsAtMessage(int message) : DrivenProgress(L"Tamblewick"), endsAt_(message) {}
+
+    bool HasEnded() const { return hasEnded_; }
+
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
+        if (Window() == nullptr && ++messages_ == endsAt_) {
+            hasEnded_ = true;
+            const Worker worker([this] { End(); });
+        }
+        return DrivenProgress::OnMessage(message, wParam, lParam, result);
+    }
+
+private:
+    const int endsAt_;
+    int messages_ = 0;
+    bool hasEnded_ = false;
+};
+
+TEST(ProgressEnd, AtEachMessageOfTheCreationCloses) {
+    for (int message = 1;; ++message) {
+        EndsAtMessage dialog(message);
+        const INT_PTR result = dialog.Run([] {});
+        if (!dialog.HasEnded()) {
+            EXPECT_GT(message, 3) << "at least WM_INITDIALOG, the title and showing";
+            break;
+        }
+        EXPECT_EQ(result, Finished) << "message " << message;
+    }
+}
+
+TEST(ProgressEnd, BeforeTheDialogExistsKeepsItFromTheScreen) {
+    class CountsShowing : public DrivenProgress {
+    public:
+        using DrivenProgress::DrivenProgress;
+        bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
+            Shown += message == WM_SHOWWINDOW && wParam != FALSE;
+            return DrivenProgress::OnMessage(message, wParam, lParam, result);
+        }
+        int Shown = 0;
+    } dialog(L"Tamblewick");
+    dialog.End();
+    EXPECT_EQ(dialog.Run(), Finished);
+    EXPECT_EQ(dialog.Shown, 0);
+}
+
 // The moments are spread over the time that a dialog takes to be made and ended.
 TEST(ProgressEnd, OfAWorkerAtAnyMomentCloses) {
     using Clock = std::chrono::steady_clock;
