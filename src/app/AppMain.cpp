@@ -11,7 +11,7 @@
 #include "settings/MainSettings.h"
 #include "winlib/Application.h"
 #include "winlib/Exception.h"
-#include "winlib/Handles.h"
+#include "winlib/WindowIcon.h"
 #include "winlib/Windows.h"
 
 #include <commctrl.h>
@@ -54,15 +54,8 @@ private:
     const MainController& controller_;
 };
 
-WinLib::UniqueHandle<HICON> LoadProgramIcon(HINSTANCE instance, int widthMetric, int heightMetric) {
-    return WinLib::UniqueHandle<HICON>(
-        static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_PROGRAM), IMAGE_ICON,
-                                      GetSystemMetrics(widthMetric), GetSystemMetrics(heightMetric), 0)));
-}
-
 int RunWindow(WinLib::Application& application) {
-    WinLib::UniqueHandle<HICON> bigIcon;
-    WinLib::UniqueHandle<HICON> smallIcon;
+    WinLib::WindowIcon icon;
     MainController controller;
     const WindowRemover remover(controller);
 
@@ -70,10 +63,7 @@ int RunWindow(WinLib::Application& application) {
     HINSTANCE instance = nullptr;
     WinLib::CreateModeless(application, window, controller, IDD_MAIN, nullptr, instance);
 
-    bigIcon = LoadProgramIcon(application.Instance, SM_CXICON, SM_CYICON);
-    smallIcon = LoadProgramIcon(application.Instance, SM_CXSMICON, SM_CYSMICON);
-    SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon.get()));
-    SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.get()));
+    icon.Set(window, application.Instance, IDI_PROGRAM);
     return RunMessageLoop(application);
 }
 

@@ -116,6 +116,8 @@ bool ProgressController::HandleInitDialog(HWND, LPARAM, bool&) {
     const SIZE size = OuterMinimum();
     SetWindowPos(Handle, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
     SetWindowTextW(Handle, Title.c_str());
+    // Without an owner the dialog has a button in the taskbar.
+    icon_.Set(Handle, reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(Handle, GWLP_HINSTANCE)), IDI_PROGRAM);
 
     // The system would show it later, and so take the keyboard from an error box that is already there.
     if (!HasEnded())

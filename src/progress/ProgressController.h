@@ -9,6 +9,7 @@
 #include <string>
 
 #include "winlib/Controller.h"
+#include "winlib/WindowIcon.h"
 #include "winlib/layout/Overlapped.h"
 
 class ProgressController : public WinLib::Dialog::ModalController,
@@ -72,6 +73,8 @@ private:
 
     // The size of the whole window whose client area has the minimum size.
     SIZE OuterMinimum() const;
+
+    WinLib::WindowIcon icon_;
 
     // What the worker and the dialog's thread know of each other. Whichever comes second, End or the window,
     // ends the dialog. Win32 is never called under the mutex: the call may wait for the other thread.

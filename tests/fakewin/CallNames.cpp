@@ -51,6 +51,7 @@ constexpr const char* Names[] = {
     "PostMessageW",
     "MessageBoxW",
     "GetDesktopWindow",
+    "LoadImageW",
 };
 static_assert(std::size(Names) == static_cast<size_t>(Call::Count));
 

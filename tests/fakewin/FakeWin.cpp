@@ -15,7 +15,8 @@ void Reset() {
 }
 
 std::string LeftOpen() {
-    return Internal::OpenFilesText() + Internal::OpenKeysText() + Internal::OpenTextsText();
+    return Internal::OpenFilesText() + Internal::OpenKeysText() + Internal::OpenTextsText() +
+           Internal::OpenIconsText();
 }
 
 }  // namespace FakeWin

@@ -26,7 +26,7 @@ namespace FakeWin {
 // empty registry, no windows, a desktop of 1024 by 768. Open handles become invalid.
 void Reset();
 
-// Find handles, registry keys, list files and system texts that are open now, one to a line as
+// Find handles, registry keys, list files, system texts and icons that are open now, one to a line as
 // "find C:\Data"; empty if there are none. Process handles do not count, see OpenProcesses.
 std::string LeftOpen();
 
@@ -91,6 +91,7 @@ enum class Call {
     PostMessageW,
     MessageBoxW,  // the text
     GetDesktopWindow,
+    LoadImageW,  // the number of the resource
     Count,
 };
 

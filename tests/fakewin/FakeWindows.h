@@ -7,6 +7,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -75,6 +76,15 @@ std::vector<Message> ControlMessages(HWND control);
 
 // Waits until the window has been posted this message so many times; false after ten seconds.
 bool WaitForPosted(HWND window, UINT message, int count = 1);
+
+// An icon from the program's resources, and the one that a window has been given as ICON_BIG or ICON_SMALL,
+// if it still exists.
+struct Icon {
+    int id;
+    int width;
+    int height;
+};
+std::optional<Icon> IconOf(HWND window, WPARAM kind);
 
 // ---- Driving dialogs
 

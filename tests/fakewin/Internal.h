@@ -66,6 +66,7 @@ struct FoldedLess {
 std::string OpenFilesText();
 std::string OpenKeysText();
 std::string OpenTextsText();
+std::string OpenIconsText();
 
 void ResetCalls();
 void ResetFiles();

@@ -1,5 +1,6 @@
 // Sending, posting and taking messages.
 #include <algorithm>
+#include <utility>
 
 #include "Internal.h"
 #include "WindowWorld.h"
@@ -216,6 +217,16 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
                     *std::copy_n(window.text.data(), length, reinterpret_cast<LPWSTR>(lParam)) = 0;
                 result = static_cast<LRESULT>(length);
             });
+            return result;
+        case WM_SETICON:
+            WithWindow(handle, [&](Window& window) {
+                result = reinterpret_cast<LRESULT>(
+                    std::exchange(window.icons[wParam], reinterpret_cast<HICON>(lParam)));
+            });
+            return result;
+        case WM_GETICON:
+            WithWindow(handle,
+                       [&](Window& window) { result = reinterpret_cast<LRESULT>(window.icons[wParam]); });
             return result;
         default:
             return 0;

@@ -1,4 +1,4 @@
-// The tests' side of the windows, and what is only a dummy there.
+// The tests' side of the windows.
 #include <chrono>
 
 #include "Internal.h"
@@ -143,19 +143,3 @@ void PressKey(HWND dialog, WPARAM key) {
 }
 
 }  // namespace FakeWin
-
-HANDLE LoadImageW(HINSTANCE, LPCWSTR name, UINT, int, int, UINT) {
-    return const_cast<wchar_t*>(name);
-}
-
-HICON LoadIconW(HINSTANCE, LPCWSTR name) {
-    return reinterpret_cast<HICON>(reinterpret_cast<ULONG_PTR>(name));
-}
-
-BOOL DestroyIcon(HICON) {
-    return TRUE;
-}
-
-int GetSystemMetrics(int index) {
-    return index == SM_CXSMICON || index == SM_CYSMICON ? 16 : 32;
-}

@@ -66,6 +66,7 @@ struct Window {
     LONG_PTR userData = 0;
     int moves = 0;
     LONG_PTR progress = 0;                // of a progress bar its position
+    std::map<WPARAM, HICON> icons;        // by their kind
     std::unique_ptr<DialogState> dialog;  // null for other windows
     std::vector<HWND> children;           // the topmost first
 };
@@ -77,6 +78,7 @@ struct WindowWorld {
     std::map<int, std::function<void(HWND)>> shown;
     std::map<HWND, std::vector<Message>> posted;
     std::map<HWND, std::vector<Message>> controlMessages;
+    std::map<HICON, Icon> icons;
     bool hasDesktop = true;
     RECT desktop = {0, 0, 1024, 768};
 };

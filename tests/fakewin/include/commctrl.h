@@ -26,3 +26,6 @@
 #define PBM_SETRANGE32 (WM_USER + 6)
 #define PBM_GETPOS (WM_USER + 8)
 #define PBM_SETMARQUEE (WM_USER + 10)
+
+// Declared only: the program's libraries that run here have no image lists.
+BOOL WINAPI ImageList_Destroy(HIMAGELIST list);

@@ -39,6 +39,7 @@ typedef INT_PTR(CALLBACK* DLGPROC)(HWND, UINT, WPARAM, LPARAM);
 #define WM_WINDOWPOSCHANGED 0x0047
 #define WM_NOTIFY 0x004E
 #define WM_DISPLAYCHANGE 0x007E
+#define WM_GETICON 0x007F
 #define WM_SETICON 0x0080
 #define WM_NCCREATE 0x0081
 #define WM_NCDESTROY 0x0082
@@ -274,6 +275,11 @@ BOOL WINAPI EqualRect(const RECT* first, const RECT* second);
 #define STM_SETIMAGE 0x0172
 
 HANDLE WINAPI LoadImageW(HINSTANCE instance, LPCWSTR name, UINT type, int width, int height, UINT flags);
-HICON WINAPI LoadIconW(HINSTANCE instance, LPCWSTR name);
 BOOL WINAPI DestroyIcon(HICON icon);
+
+// Declared for the owners of handles that only Windows programs have.
+BOOL WINAPI DestroyMenu(HMENU menu);
+BOOL WINAPI DestroyAcceleratorTable(HACCEL table);
+BOOL WINAPI DeleteObject(HGDIOBJ object);
+
 int WINAPI GetSystemMetrics(int index);

@@ -66,6 +66,7 @@ std::vector<Row> Rows() {
         {Call::RegQueryValueExW, ERROR_ACCESS_DENIED, PresetHasDefaults},
         {Call::RegCloseKey, ERROR_INVALID_HANDLE, NothingShows},
         {Call::DialogBoxParamW, ERROR_ACCESS_DENIED, StartThrows},
+        {Call::LoadImageW, ERROR_RESOURCE_NAME_NOT_FOUND, NothingShows},
     };
     rows.insert(rows.end(), std::begin(more), std::end(more));
     return rows;

@@ -98,6 +98,7 @@ void SystemHasNoText(Outcome& outcome, const Failure&) {
 std::vector<Row> RowsWithDialog() {
     std::vector<Row> rows = FailingJob::Rows();
     rows.push_back({Call::DialogBoxParamW, ERROR_ACCESS_DENIED, StartThrows});
+    rows.push_back({Call::LoadImageW, ERROR_RESOURCE_NAME_NOT_FOUND, NothingShows});
     rows.push_back({Call::PostMessageW, ERROR_NOT_ENOUGH_MEMORY, OneEndMessageIsLost});
     return rows;
 }
@@ -164,6 +165,7 @@ TEST_F(EveryCallOfAJob, OnAMissingFolderShowsOneMessageAndWritesNothing) {
     std::vector<Row> rows = FailingJob::RowsOfAFailedScan();
     rows.push_back({Call::FindFirstFileExW, ERROR_PATH_NOT_FOUND, NothingShows});
     rows.push_back({Call::DialogBoxParamW, ERROR_ACCESS_DENIED, StartThrows});
+    rows.push_back({Call::LoadImageW, ERROR_RESOURCE_NAME_NOT_FOUND, NothingShows});
     rows.push_back({Call::PostMessageW, ERROR_NOT_ENOUGH_MEMORY, OneEndMessageIsLost});
     // The box that fails on the dialog stands on the owner.
     rows.push_back({Call::MessageBoxW, ERROR_NOT_ENOUGH_MEMORY, NothingShows});

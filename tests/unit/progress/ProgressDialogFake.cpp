@@ -10,7 +10,7 @@ void DefineProgressDialog() {
     FakeWin::DefineDialog(
         IDD_PROGRESS, {.caption = L"###",
                        .size = {606, 170},
-                       .style = WS_POPUP | WS_CAPTION | WS_THICKFRAME,
+                       .style = DS_CENTER | WS_POPUP | WS_CAPTION | WS_THICKFRAME,
                        .controls = {{IDC_PROGRESS_CANCEL, L"BUTTON", L"Cancel", {264, 110, 404, 142}},
                                     {IDC_PROGRESS_BACKGROUND, L"BUTTON", L"Background", {96, 110, 236, 142}},
                                     {IDC_PROGRESS_STATUS_LINE, L"STATIC", L"###", {12, 12, 516, 28}},

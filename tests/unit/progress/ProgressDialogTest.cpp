@@ -1,6 +1,7 @@
 // The real dialog: its template control by control, and a person at the keyboard and the mouse.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "DrivenProgress.h"
@@ -19,15 +20,15 @@ struct Control {
     const wchar_t* className;
     int x, y, cx, cy;
     const wchar_t* text;
-    DWORD style;  // bits that are set
+    DWORD style;  // all of it but WS_CHILD and WS_VISIBLE, which each control has
 };
 
 // In the order of the template, which is the order from the top down.
 const Control Controls[] = {
     {1119, L"BUTTON", 132, 55, 70, 16, L"Cancel", BS_PUSHBUTTON | WS_TABSTOP},
     {3, L"BUTTON", 48, 55, 70, 16, L"Background", BS_PUSHBUTTON | WS_TABSTOP},
-    {1108, L"STATIC", 6, 6, 252, 8, L"###", 0},
-    {1109, L"STATIC", 6, 18, 252, 8, L"###", 0},
+    {1108, L"STATIC", 6, 6, 252, 8, L"###", WS_GROUP},
+    {1109, L"STATIC", 6, 18, 252, 8, L"###", SS_NOPREFIX | SS_PATHELLIPSIS},
     {1110, L"MSCTLS_PROGRESS32", 24, 42, 180, 14, L"", PBS_MARQUEE | WS_BORDER},
     {1107, L"MSCTLS_PROGRESS32", 12, 36, 180, 14, L"", WS_BORDER},
     {-1, L"STATIC", 270, 9, 20, 20, L"#116", SS_ICON},
@@ -40,9 +41,9 @@ TEST(ProgressTemplate, IsDrawnAsTold) {
     EXPECT_EQ(dialog.cy, 85);
     EXPECT_EQ(dialog.pointSize, 8);
     EXPECT_EQ(dialog.typeface, L"MS Shell Dlg");
-    const DWORD wanted = DS_SHELLFONT | DS_CENTER | WS_CAPTION | WS_THICKFRAME;
-    EXPECT_EQ(dialog.style & wanted, wanted);
-    EXPECT_EQ(dialog.style & WS_SYSMENU, 0U);
+    EXPECT_EQ(dialog.style,
+              static_cast<DWORD>(DS_SHELLFONT | DS_CENTER | WS_POPUP | WS_CAPTION | WS_THICKFRAME));
+    EXPECT_EQ(dialog.exStyle, 0U);
 }
 
 TEST(ProgressTemplate, HasTheseControlsFromTheTopDown) {
@@ -59,7 +60,8 @@ TEST(ProgressTemplate, HasTheseControlsFromTheTopDown) {
         EXPECT_EQ(item.cx, expected.cx);
         EXPECT_EQ(item.cy, expected.cy);
         EXPECT_EQ(item.text, expected.text);
-        EXPECT_EQ(item.style & (expected.style | WS_VISIBLE), expected.style | WS_VISIBLE);
+        EXPECT_EQ(item.style, expected.style | WS_CHILD | WS_VISIBLE);
+        EXPECT_EQ(item.exStyle, 0U);
     }
 }
 
@@ -145,6 +147,18 @@ TEST_F(ProgressDialog, OpensAtItsMinimumSizeInTheMiddleOfTheScreen) {
         EXPECT_EQ(Size().cx, outer.right - outer.left);
         EXPECT_EQ(Size().cy, outer.bottom - outer.top);
         ExpectLayout();
+
+        // The template centres its own size.
+        const Ui::DialogTemplate drawn = Ui::ReadDialogTemplate(IDD_PROGRESS);
+        RECT whole = {0, 0, drawn.cx, drawn.cy};
+        MapDialogRect(dialog.Handle, &whole);
+        AdjustWindowRectEx(&whole, drawn.style, FALSE, drawn.exStyle);
+        RECT screen = {};
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+        RECT place = {};
+        GetWindowRect(dialog.Handle, &place);
+        EXPECT_EQ(place.left, (screen.left + screen.right - (whole.right - whole.left)) / 2);
+        EXPECT_EQ(place.top, (screen.top + screen.bottom - (whole.bottom - whole.top)) / 2);
     });
 }
 
@@ -169,6 +183,26 @@ TEST_F(ProgressDialog, GivesThePlainBarItsRange) {
 
 TEST_F(ProgressDialog, ShowsTheProgramsIcon) {
     dialog.Run([&] { EXPECT_NE(SendMessageW(dialog.IconStatic, STM_GETICON, 0, 0), 0); });
+}
+
+// The width of an icon.
+LONG WidthOf(LRESULT icon) {
+    ICONINFO info = {};
+    BITMAP bitmap = {};
+    GetIconInfo(reinterpret_cast<HICON>(icon), &info);
+    GetObjectW(info.hbmMask, sizeof(bitmap), &bitmap);
+    DeleteObject(info.hbmMask);
+    DeleteObject(info.hbmColor);
+    return bitmap.bmWidth;
+}
+
+// The taskbar shows it when there is no owner.
+TEST_F(ProgressDialog, HasTheProgramsIconInBothSizes) {
+    dialog.Run([&] {
+        EXPECT_EQ(WidthOf(SendMessageW(dialog.Handle, WM_GETICON, ICON_BIG, 0)), GetSystemMetrics(SM_CXICON));
+        EXPECT_EQ(WidthOf(SendMessageW(dialog.Handle, WM_GETICON, ICON_SMALL, 0)),
+                  GetSystemMetrics(SM_CXSMICON));
+    });
 }
 
 TEST_F(ProgressDialog, LeavesTheFocusToTheDialogManager) {
@@ -257,6 +291,44 @@ TEST_F(ProgressDialog, KeepsWithinItsLimitsWhenResized) {
         Resize(3 * minimum.cx, 2 * minimum.cy);
         EXPECT_EQ(Size().cy, minimum.cy);
         ExpectLayout();
+    });
+}
+
+// How far to the right a control draws anything, in pixels from its left edge.
+LONG DrawnWidth(HWND control) {
+    RECT client = {};
+    GetClientRect(control, &client);
+    BITMAPINFO format = {};
+    format.bmiHeader = {sizeof(BITMAPINFOHEADER), client.right, -client.bottom, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const HDC context = CreateCompatibleDC(nullptr);
+    void* bits = nullptr;
+    const HBITMAP bitmap = CreateDIBSection(context, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+    const HGDIOBJ before = SelectObject(context, bitmap);
+    SendMessageW(control, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context), PRF_CLIENT);
+    GdiFlush();
+    const auto* const pixels = static_cast<const uint32_t*>(bits);
+    LONG width = 0;
+    for (LONG i = 0; i < client.right * client.bottom; ++i)
+        if (pixels[i] != pixels[client.right * client.bottom - 1])
+            width = std::max(width, i % client.right + 1);
+    SelectObject(context, before);
+    DeleteObject(bitmap);
+    DeleteDC(context);
+    return width;
+}
+
+// A line that is wrapped shows the first words only.
+TEST_F(ProgressDialog, ALongPathLosesItsMiddleAndNotItsEnd) {
+    dialog.Run([&] {
+        RECT line = {};
+        GetClientRect(dialog.DetailLine, &line);
+        dialog.Report(L"Scanning folders...", L"C:\\long two");
+        const LONG first = DrawnWidth(dialog.DetailLine);
+        EXPECT_GT(first, 0);
+        EXPECT_LT(first, line.right / 2);
+        dialog.Report(L"Scanning folders...",
+                      L"C:\\long two\\" + std::wstring(100, L'x') + L"\\Program Files\\and more");
+        EXPECT_GT(DrawnWidth(dialog.DetailLine), line.right * 3 / 4);
     });
 }
 

@@ -62,6 +62,18 @@ TEST(ProgressLayout, OpensAtItsMinimumSize) {
     });
 }
 
+// The template centres its own size, 622 by 209 pixels with the frame, which is a little more than the
+// minimum.
+TEST(ProgressLayout, StaysWhereItsTemplateHasCentredIt) {
+    DrivenProgress dialog(L"Tamblewick");
+    dialog.Run([&] {
+        RECT place = {};
+        GetWindowRect(dialog.Handle, &place);
+        EXPECT_EQ(place.left, (1024 - 622) / 2);
+        EXPECT_EQ(place.top, (768 - 209) / 2);
+    });
+}
+
 TEST(ProgressLayout, WidensLinesAndBarsAndMovesTheButtonsAsAGroup) {
     DrivenProgress dialog(L"Tamblewick");
     dialog.Run([&] {
