@@ -1,8 +1,9 @@
 // presets: lists, makes and removes presets from a console, for those who start lists in batch mode with a
-// preset's key. Texts go out as UTF-8, redirected or not.
+// preset's key. Redirected texts are UTF-8; a console gets UTF-16, which it shows whatever its code page is.
 
 #include <cstdio>
 #include <exception>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,8 @@
 #include "settings/PresetKey.h"
 #include "settings/Templates.h"
 #include "winlib/Windows.h"
+
+#include <io.h>
 
 namespace {
 
@@ -24,29 +27,34 @@ constexpr std::wstring_view Usage =
 
 using Arguments = std::vector<std::wstring>;
 
-// A console shows UTF-8 while this exists.
-class Utf8Console {
-public:
-    Utf8Console() : previous_(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
-    ~Utf8Console() { SetConsoleOutputCP(previous_); }
-    Utf8Console(const Utf8Console&) = delete;
-    Utf8Console& operator=(const Utf8Console&) = delete;
-
-private:
-    UINT previous_;
-};
-
 // Half a surrogate pair, which a name may hold, becomes a replacement character.
-void Print(std::FILE* stream, std::wstring_view text) {
-    const int length = static_cast<int>(text.length());
+std::string Utf8(std::wstring_view text) {
     std::string bytes(text.length() * 3, '\0');
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
-                                         static_cast<int>(bytes.size()), nullptr, nullptr);
-    std::fwrite(bytes.data(), 1, static_cast<size_t>(size), stream);
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.length()),
+                                         bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
+    bytes.resize(static_cast<size_t>(size));
+    return bytes;
+}
+
+// Returns whether all of the text was written.
+bool Write(std::FILE* stream, std::wstring_view text) {
+    const HANDLE handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+    DWORD count = 0;
+    if (GetConsoleMode(handle, &count))
+        return WriteConsoleW(handle, text.data(), static_cast<DWORD>(text.length()), &count, nullptr) &&
+               count == text.length();
+    const std::string bytes = Utf8(text);
+    return std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() && std::fflush(stream) == 0;
+}
+
+void Print(std::wstring_view text) {
+    if (!Write(stdout, text)) {
+        throw std::runtime_error("the output could not be written");
+    }
 }
 
 int Fail(const std::wstring& message) {
-    Print(stderr, L"presets: " + message + L"\n");
+    Write(stderr, L"presets: " + message + L"\n");
     return 1;
 }
 
@@ -58,15 +66,15 @@ int ListPresets() {
     MainSettings settings;
     settings.LoadAll();
     for (const auto& preset : settings.Presets) {
-        Print(stdout, preset->Key() + L"\t" + std::to_wstring(preset->Get<int32_t>(Preset::Position)) +
-                          L"\t" + preset->Get<std::wstring>(Preset::Name) + L"\n");
+        Print(preset->Key() + L"\t" + std::to_wstring(preset->Get<int32_t>(Preset::Position)) + L"\t" +
+              preset->Get<std::wstring>(Preset::Name) + L"\n");
     }
     return 0;
 }
 
 int ListTemplates() {
     for (uint32_t number = 0; number < TemplateCount; ++number) {
-        Print(stdout, std::to_wstring(number) + L"\t" + TemplateNames[number] + L"\n");
+        Print(std::to_wstring(number) + L"\t" + TemplateNames[number] + L"\n");
     }
     return 0;
 }
@@ -80,12 +88,15 @@ uint32_t FindTemplate(const std::wstring& text) {
     return number;
 }
 
-// A key is drawn from the second in which its preset is made. Returns in a second whose key is fit for use:
-// not empty, and not the key of a preset that a script made a moment ago.
-void WaitForFreeKey(MainSettings& settings) {
-    for (std::wstring key = MakePresetKey(); key.empty() || settings.FindPreset(key); key = MakePresetKey()) {
+// A key is drawn from the current second. Waits for one that is fit for use: not empty, and not the key of a
+// preset that a script made a moment ago.
+std::wstring WaitForFreeKey(MainSettings& settings) {
+    std::wstring key = MakePresetKey();
+    while (key.empty() || settings.FindPreset(key)) {
         Sleep(50);
+        key = MakePresetKey();
     }
+    return key;
 }
 
 int NewPreset(const Arguments& arguments) {
@@ -95,15 +106,14 @@ int NewPreset(const Arguments& arguments) {
     }
     MainSettings settings;
     settings.LoadAll();
-    WaitForFreeKey(settings);
-    Preset& preset = settings.CreateFromTemplate(number);
+    Preset& preset = settings.CreateFromTemplate(number, WaitForFreeKey(settings));
     if (arguments.size() == 3) {
         preset.Get<std::wstring>(Preset::Name) = arguments[2];
     }
     if (!preset.Save()) {
         return Fail(L"the preset could not be stored");
     }
-    Print(stdout, preset.Key() + L"\n");
+    Print(preset.Key() + L"\n");
     return 0;
 }
 
@@ -136,7 +146,7 @@ int Run(const Arguments& arguments) {
         return RemovePreset(arguments);
     }
     if (command == L"--help" && count == 1) {
-        Print(stdout, Usage);
+        Print(Usage);
         return 0;
     }
     return WrongUsage();
@@ -145,7 +155,6 @@ int Run(const Arguments& arguments) {
 }  // namespace
 
 int wmain(int count, wchar_t** values) {
-    const Utf8Console console;
     try {
         return Run(Arguments(values + 1, values + count));
     } catch (const std::exception& error) {

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 
-#include "settings/PresetKey.h"
 #include "settings/Templates.h"
 #include "settings/metatypes/MakeRow.h"
 #include "settings/metatypes/RegistryDeserializer.h"
@@ -87,14 +86,14 @@ bool MainSettings::SaveMain() const {
     return Serialize(serializer);
 }
 
-Preset& MainSettings::CreatePreset() {
-    Preset& preset = *Presets.emplace_back(std::make_unique<Preset>(MakePresetKey()));
+Preset& MainSettings::CreatePreset(const std::wstring& key) {
+    Preset& preset = *Presets.emplace_back(std::make_unique<Preset>(key));
     Renumber();
     return preset;
 }
 
-Preset& MainSettings::CreateFromTemplate(uint32_t number) {
-    Preset& preset = CreatePreset();
+Preset& MainSettings::CreateFromTemplate(uint32_t number, const std::wstring& key) {
+    Preset& preset = CreatePreset(key);
     ApplyTemplate(preset, number);
     return preset;
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "settings/Preset.h"
+#include "settings/PresetKey.h"
 #include "settings/metatypes/Settings.h"
 #include "shell/ShellExtension.h"
 
@@ -39,12 +40,12 @@ public:
     // Writes the application's values. True when all were written.
     bool SaveMain() const;
 
-    // Appends a preset with default values and a fresh key, renumbers and so stores it. The settings keep
-    // ownership.
-    Preset& CreatePreset();
+    // Appends a preset with default values and the key, by default a fresh one, renumbers and so stores it.
+    // The settings keep ownership.
+    Preset& CreatePreset(const std::wstring& key = MakePresetKey());
 
     // CreatePreset and the values of a template, which are not stored yet.
-    Preset& CreateFromTemplate(uint32_t number);
+    Preset& CreateFromTemplate(uint32_t number, const std::wstring& key = MakePresetKey());
 
     // The preset of this key: from the list, or else loaded from the registry and appended to the list. Null
     // if there is none.

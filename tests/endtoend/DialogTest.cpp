@@ -73,6 +73,23 @@ TEST(Dialogs, MissingFolderIsToldAndNoListIsWritten) {
     }
 }
 
+// The error comes 25 milliseconds after the start, about when the dialog is created.
+TEST(Dialogs, AnErrorBelongsToTheDialogWhichTakesNoClicks) {
+    const StoredPreset preset;
+    for (int i = 0; i < 20 && !testing::Test::HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        Process program(preset.Key + L" \"C:\\no such folder\"");
+        const HWND box = WaitForBox(program);
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(TextOf(box), L"Tamblewick");
+        const HWND dialog = GetWindow(box, GW_OWNER);
+        EXPECT_NE(GetDlgItem(dialog, IDC_PROGRESS_CANCEL), nullptr);
+        EXPECT_FALSE(IsWindowEnabled(dialog));
+        Press(box, IDOK);
+        EXPECT_EQ(program.Wait(), 0u);
+    }
+}
+
 // A folder whose scan takes long enough to be interrupted: opening a folder costs more than anything else.
 class LongListing : public testing::Test {
 protected:

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <filesystem>
+#include <vector>
 
 #include "support/TestRegistry.h"
 
@@ -54,32 +55,79 @@ private:
     HANDLE handle_;
 };
 
-Output RunPresets(const std::wstring& arguments) {
+// Runs the program with these handles for its output. Returns its exit code, or 99 if it cannot be started.
+DWORD RunPresets(const std::wstring& arguments, HANDLE out, HANDLE error) {
     std::array<wchar_t, MAX_PATH> self;
     GetModuleFileNameW(nullptr, self.data(), static_cast<DWORD>(self.size()));
     const std::wstring program =
         std::filesystem::path(self.data()).parent_path().wstring() + L"\\presets.exe";
     std::wstring line = L"\"" + program + L"\" " + arguments;
-    OutputFile out;
-    OutputFile error;
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdOutput = out.Handle();
-    startup.hStdError = error.Handle();
+    startup.hStdOutput = out;
+    startup.hStdError = error;
     PROCESS_INFORMATION process = {};
-    Output output;
+    DWORD code = 99;
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
                         &process))
-        return output;
+        return code;
     WaitForSingleObject(process.hProcess, INFINITE);
-    GetExitCodeProcess(process.hProcess, &output.code);
+    GetExitCodeProcess(process.hProcess, &code);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
+    return code;
+}
+
+Output RunPresets(const std::wstring& arguments) {
+    OutputFile out;
+    OutputFile error;
+    Output output;
+    output.code = RunPresets(arguments, out.Handle(), error.Handle());
     output.out = out.ReadAll();
     output.error = error.ReadAll();
     return output;
 }
+
+// A console of this process in the place of the one that it may have, and of its standard handles.
+class Console {
+public:
+    Console() {
+        for (const DWORD id : StandardHandles)
+            before_.push_back(GetStdHandle(id));
+        FreeConsole();
+        EXPECT_TRUE(AllocConsole());
+        SECURITY_ATTRIBUTES inherited = {sizeof(inherited), nullptr, TRUE};
+        handle_ = CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                              &inherited, OPEN_EXISTING, 0, nullptr);
+    }
+    Console(const Console&) = delete;
+    Console& operator=(const Console&) = delete;
+    ~Console() {
+        CloseHandle(handle_);
+        FreeConsole();
+        for (size_t i = 0; i < before_.size(); ++i)
+            SetStdHandle(StandardHandles[i], before_[i]);
+    }
+
+    HANDLE Handle() const { return handle_; }
+
+    // A line of the screen without its blanks.
+    std::wstring Line(SHORT number) const {
+        std::array<wchar_t, 80> line = {};
+        DWORD count = 0;
+        EXPECT_TRUE(ReadConsoleOutputCharacterW(handle_, line.data(), line.size(), {0, number}, &count));
+        std::wstring text(line.data(), count);
+        std::erase(text, L' ');
+        return text;
+    }
+
+private:
+    static constexpr DWORD StandardHandles[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
+
+    std::vector<HANDLE> before_;
+    HANDLE handle_;
+};
 
 struct Presets : testing::Test {
     TestSupport::TestRegistry registry;
@@ -145,6 +193,36 @@ TEST_F(Presets, NewStoresThePresetOfATemplateAndPrintsItsKey) {
     EXPECT_EQ(registry.Get(Root + L"\\" + key, L"Name"), StringValue(L"My music"));
     EXPECT_EQ(registry.Get(Root + L"\\" + key, L"Position"), DwordValue(1));
     EXPECT_EQ(registry.Get(Root + L"\\" + key + L"\\Filter", L"PresetSearchPattern"), DwordValue(1));
+}
+
+TEST_F(Presets, OutputThatCannotBeWrittenIsAnError) {
+    SECURITY_ATTRIBUTES inherited = {sizeof(inherited), nullptr, TRUE};
+    HANDLE reader = nullptr;
+    HANDLE writer = nullptr;
+    ASSERT_TRUE(CreatePipe(&reader, &writer, &inherited, 0));
+    CloseHandle(writer);
+    for (const wchar_t* arguments : {L"list", L"templates", L"--help", L"new 0"}) {
+        registry.SetString(Root + L"\\aaa", L"Name", L"A preset");
+        OutputFile error;
+        EXPECT_EQ(RunPresets(arguments, reader, error.Handle()), 1u) << testing::PrintToString(arguments);
+        EXPECT_EQ(error.ReadAll(), "presets: the output could not be written\n");
+    }
+    CloseHandle(reader);
+}
+
+TEST_F(Presets, AConsoleShowsNamesOfAnyScriptAndKeepsItsCodePage) {
+    const std::wstring name =
+        L"\u4E00\u4E8C\u4E09\u56DB\u4E94\u516D\u4E03\u516B\u4E5D\u5341"
+        L"\u7532\u4E59\u4E19\u4E01\u620A\u5DF1\u5E9A\u8F9B\u58EC\u7678";
+    registry.SetString(Root + L"\\aaa", L"Name", name);
+    registry.SetDword(Root + L"\\aaa", L"Position", 1);
+    const Console console;
+    SetConsoleOutputCP(437);
+    EXPECT_EQ(RunPresets(L"list", console.Handle(), console.Handle()), 0u);
+    EXPECT_EQ(console.Line(0), L"aaa1" + name);
+    EXPECT_EQ(RunPresets(L"remove \u7532\u4E59", console.Handle(), console.Handle()), 1u);
+    EXPECT_EQ(console.Line(1), L"presets:nosuchpreset:\u7532\u4E59");
+    EXPECT_EQ(GetConsoleOutputCP(), 437u);
 }
 
 // Two in one second would get one key, and the second preset would take the place of the first.

@@ -20,6 +20,24 @@ TEST_F(StartTest, EmptyRegistryShowsInstructionsAndNothingToList) {
     EXPECT_EQ(WinLib::GetWindowText(window), L"Tamblewick 4.0.1");
 }
 
+// The PBM_SETMARQUEE that the busy bar has got, while the hook is set.
+std::vector<std::pair<WPARAM, LPARAM>> marquees;
+
+LRESULT CALLBACK NoteMarquees(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& call = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && call.message == PBM_SETMARQUEE && GetDlgCtrlID(call.hwnd) == IDC_MAIN_BUSY_BAR)
+        marquees.emplace_back(call.wParam, call.lParam);
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+TEST_F(StartTest, TheBusyBarMovesFromTheStart) {
+    marquees.clear();
+    const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, NoteMarquees, nullptr, GetCurrentThreadId());
+    Open();
+    UnhookWindowsHookEx(hook);
+    EXPECT_EQ(marquees, (std::vector<std::pair<WPARAM, LPARAM>>{{TRUE, 0}}));
+}
+
 TEST_F(StartTest, WritesNothing) {
     Open();
     RunLoop();

@@ -177,6 +177,15 @@ TEST(MainSettings, TwoPresetsOfOneSecondShareTheirKey) {
     }
 }
 
+TEST(MainSettings, CreatesAPresetOfTheKeyThatItIsGiven) {
+    TestRegistry registry;
+    MainSettings settings;
+    EXPECT_EQ(settings.CreatePreset(L"chosen").Key(), L"chosen");
+    EXPECT_TRUE(registry.KeyExists(std::wstring(MainSettings::RootKey) + L"\\chosen"));
+    EXPECT_EQ(settings.CreateFromTemplate(1, L"another").Key(), L"another");
+    EXPECT_TRUE(registry.KeyExists(std::wstring(MainSettings::RootKey) + L"\\another"));
+}
+
 TEST(MainSettings, CreateFromTemplateSetsTheValuesButDoesNotStoreThem) {
     for (uint32_t number = 0; number < TemplateCount; ++number) {
         SCOPED_TRACE(number);
