@@ -14,6 +14,11 @@ using TestSupport::StringValue;
 
 const std::wstring Root = L"Software\\Tamblewick";
 
+// Twenty characters that take three bytes each in UTF-8.
+const std::wstring LongName =
+    L"\u4E00\u4E8C\u4E09\u56DB\u4E94\u516D\u4E03\u516B\u4E5D\u5341"
+    L"\u7532\u4E59\u4E19\u4E01\u620A\u5DF1\u5E9A\u8F9B\u58EC\u7678";
+
 struct Output {
     DWORD code = 99;
     std::string out;
@@ -210,16 +215,22 @@ TEST_F(Presets, OutputThatCannotBeWrittenIsAnError) {
     CloseHandle(reader);
 }
 
+TEST_F(Presets, AFileTakesNamesOfAnyScriptAsUtf8) {
+    registry.SetString(Root + L"\\a", L"Name", LongName);
+    registry.SetDword(Root + L"\\a", L"Position", 1);
+    EXPECT_EQ(RunPresets(L"list").out,
+              "a\t1\t"
+              "\u4E00\u4E8C\u4E09\u56DB\u4E94\u516D\u4E03\u516B\u4E5D\u5341"
+              "\u7532\u4E59\u4E19\u4E01\u620A\u5DF1\u5E9A\u8F9B\u58EC\u7678\n");
+}
+
 TEST_F(Presets, AConsoleShowsNamesOfAnyScriptAndKeepsItsCodePage) {
-    const std::wstring name =
-        L"\u4E00\u4E8C\u4E09\u56DB\u4E94\u516D\u4E03\u516B\u4E5D\u5341"
-        L"\u7532\u4E59\u4E19\u4E01\u620A\u5DF1\u5E9A\u8F9B\u58EC\u7678";
-    registry.SetString(Root + L"\\aaa", L"Name", name);
+    registry.SetString(Root + L"\\aaa", L"Name", LongName);
     registry.SetDword(Root + L"\\aaa", L"Position", 1);
     const Console console;
     SetConsoleOutputCP(437);
     EXPECT_EQ(RunPresets(L"list", console.Handle(), console.Handle()), 0u);
-    EXPECT_EQ(console.Line(0), L"aaa1" + name);
+    EXPECT_EQ(console.Line(0), L"aaa1" + LongName);
     EXPECT_EQ(RunPresets(L"remove \u7532\u4E59", console.Handle(), console.Handle()), 1u);
     EXPECT_EQ(console.Line(1), L"presets:nosuchpreset:\u7532\u4E59");
     EXPECT_EQ(GetConsoleOutputCP(), 437u);
