@@ -21,50 +21,20 @@ void ProgressController::Report(const std::wstring& status, const std::wstring& 
         SetWindowTextW(DetailLine, detail.c_str());
 }
 
-HWND ProgressController::Window() const {
-    const std::lock_guard lock(mutex_);
-    return window_;
-}
-
 HWND ProgressController::WaitForWindow() const {
-    std::unique_lock lock(mutex_);
-    creationEnded_.wait(lock, [this] { return !creating_; });
-    return window_;
+    creating_.wait(true);
+    return Window();
 }
 
 void ProgressController::End() {
-    HWND window = nullptr;
-    {
-        const std::lock_guard lock(mutex_);
-        ended_ = true;
-        window = window_;
-    }
-    if (window != nullptr)
+    ended_.store(true);
+    if (const HWND window = Window())
         EndDialog(window, 1);
 }
 
 void ProgressController::EndCreation() {
-    {
-        const std::lock_guard lock(mutex_);
-        creating_ = false;
-    }
-    creationEnded_.notify_all();
-}
-
-bool ProgressController::HasEnded() const {
-    const std::lock_guard lock(mutex_);
-    return ended_;
-}
-
-bool ProgressController::PublishWindow() {
-    bool ended = false;
-    {
-        const std::lock_guard lock(mutex_);
-        window_ = Handle;
-        ended = ended_;
-    }
-    EndCreation();
-    return ended;
+    creating_.store(false);
+    creating_.notify_all();
 }
 
 bool ProgressController::OnControlCommand(WORD id, HWND control, WORD code) {
@@ -120,9 +90,12 @@ bool ProgressController::HandleInitDialog(HWND, LPARAM, bool&) {
     icon_.Set(Handle, reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(Handle, GWLP_HINSTANCE)), IDI_PROGRAM);
 
     // The system would show it later, and so take the keyboard from an error box that is already there.
-    if (!HasEnded())
+    if (!ended_.load())
         ShowWindow(Handle, SW_SHOW);
-    if (PublishWindow())
+    // From here on the worker finds the window. If it called End before, it did not close the dialog.
+    window_.store(Handle);
+    EndCreation();
+    if (ended_.load())
         EndDialog(Handle, 1);
     return true;
 }

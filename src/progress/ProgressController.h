@@ -4,8 +4,6 @@
 #pragma once
 
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
 #include <string>
 
 #include "winlib/Controller.h"
@@ -29,7 +27,7 @@ public:
     bool IsCancelled() const { return Cancelled.load() != 0; }
 
     // The dialog's window, or null before it is complete.
-    HWND Window() const;
+    HWND Window() const { return window_.load(); }
 
     // The same, but waits for a window that is still being created. Null if its creation has failed.
     HWND WaitForWindow() const;
@@ -65,22 +63,14 @@ public:
 private:
     void BuildLayout();
 
-    // Whether the worker has called End.
-    bool HasEnded() const;
-
-    // Makes the complete window known to the worker. Returns whether the worker has called End before.
-    bool PublishWindow();
-
     // The size of the whole window whose client area has the minimum size.
     SIZE OuterMinimum() const;
 
     WinLib::WindowIcon icon_;
 
-    // What the worker and the dialog's thread know of each other. Whichever comes second, End or the window,
-    // ends the dialog. Win32 is never called under the mutex: the call may wait for the other thread.
-    mutable std::mutex mutex_;
-    mutable std::condition_variable creationEnded_;
-    HWND window_ = nullptr;
-    bool creating_ = true;
-    bool ended_ = false;
+    // The worker stores ended_ and then reads window_; the dialog's thread does the reverse. Sequential
+    // consistency guarantees that at least one of them sees the other's store and ends the dialog.
+    std::atomic<HWND> window_ = nullptr;
+    std::atomic<bool> ended_ = false;
+    std::atomic<bool> creating_ = true;  // until window_ is set, or the dialog has ended without it
 };
