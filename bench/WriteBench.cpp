@@ -13,7 +13,7 @@ constexpr wchar_t OutputPath[] = L"C:\\Temp\\list";
 
 Preset WholeList(ListStyle style) {
     Preset preset(L"bench");
-    preset.Section(Preset::Format).Get<ListStyle>(Preset::FormatRow::ListStyle) = style;
+    preset.Get(Format::ListStyle) = style;
     return preset;
 }
 

@@ -5,6 +5,7 @@
 
 #include "contextmenu/Module.h"
 #include "settings/MainSettings.h"
+#include "settings/StorageKey.h"
 #include "winlib/RegistryKey.h"
 #include "winlib/Windows.h"
 
@@ -12,8 +13,7 @@ namespace {
 
 bool HasStoredSettings() {
     RegistryKey root;
-    return RegOpenKeyExW(HKEY_CURRENT_USER, MainSettings::RootKey, 0, KEY_READ, root.Receive()) ==
-           ERROR_SUCCESS;
+    return RegOpenKeyExW(HKEY_CURRENT_USER, StorageKey, 0, KEY_READ, root.Receive()) == ERROR_SUCCESS;
 }
 
 bool ProgramExists() {
@@ -44,7 +44,7 @@ PresetMenu PresetMenu::Load() {
     settings.LoadAll();
     for (const auto& preset : settings.Presets)
         if (CanBePassed(preset->Key()))
-            menu.entries_.push_back({preset->Key(), preset->Get<std::wstring>(Preset::Name)});
+            menu.entries_.push_back({preset->Key(), preset->Get(Preset::Name)});
     menu.entries_.push_back({L"", L"Open Tamblewick..."});
     return menu;
 }

@@ -60,7 +60,7 @@ void MainController::CollectJob() {
 }
 
 bool MainController::HandleClose() {
-    if (Settings.Get<bool>(MainSettings::ConfirmExit) &&
+    if (Settings.Get(MainSettings::ConfirmExit) &&
         MessageBoxW(Handle, L"Are you sure you want to quit?", L"Tamblewick", MB_YESNO | MB_ICONQUESTION) ==
             IDNO)
         return true;
@@ -68,10 +68,10 @@ bool MainController::HandleClose() {
     // A second question, which whoever asks from outside gets while the first one stands, may have closed it.
     if (!GetWindowRect(Handle, &window))
         return true;
-    Settings.Get<int32_t>(MainSettings::WindowPosX) = window.left;
-    Settings.Get<int32_t>(MainSettings::WindowPosY) = window.top;
-    Settings.Get<uint32_t>(MainSettings::WindowWidth) = static_cast<uint32_t>(window.right - window.left);
-    Settings.Get<uint32_t>(MainSettings::WindowHeight) = static_cast<uint32_t>(window.bottom - window.top);
+    Settings.Get(MainSettings::WindowPosX) = window.left;
+    Settings.Get(MainSettings::WindowPosY) = window.top;
+    Settings.Get(MainSettings::WindowWidth) = static_cast<uint32_t>(window.right - window.left);
+    Settings.Get(MainSettings::WindowHeight) = static_cast<uint32_t>(window.bottom - window.top);
     Settings.SaveMain();
     ShowWindow(Handle, SW_HIDE);
     if (Starting)

@@ -15,7 +15,7 @@ using WinLib::Layout::Alignment;
 
 void MainController::AddPreset(HTREEITEM& itemOut, Preset& preset) {
     std::vector<uint32_t> ids;
-    TreeController.AddItems(itemOut, preset.Get<std::wstring>(Preset::Name), ids);
+    TreeController.AddItems(itemOut, preset.Get(Preset::Name), ids);
     for (size_t index = 0; index < ids.size(); index++)
         MakePage(ids[index], index, preset);
     OrderControls();
@@ -84,7 +84,7 @@ void MainController::ShowPage(HTREEITEM item) {
 
 void MainController::NewPreset() {
     Preset& preset = Settings.CreatePreset();
-    preset.Get<std::wstring>(Preset::Name) = L"New Preset";
+    preset.Get(Preset::Name) = L"New Preset";
     HTREEITEM item = nullptr;
     AddPreset(item, preset);
     TreeController.BeginRename(item);
@@ -110,7 +110,7 @@ void MainController::DuplicatePreset(HTREEITEM item) {
         return;
     Preset& copy = Settings.CreatePreset();
     copy.Assign(*source);
-    copy.Get<std::wstring>(Preset::Name) = L"Copy of " + source->Get<std::wstring>(Preset::Name);
+    copy.Get(Preset::Name) = L"Copy of " + source->Get(Preset::Name);
     copy.Save();
     HTREEITEM copyItem = nullptr;
     AddPreset(copyItem, copy);
@@ -147,7 +147,7 @@ void MainController::RenamePreset(HTREEITEM item, const std::wstring& text) {
     Preset* preset = PresetOf(TreeController.ItemId(item));
     if (preset == nullptr)
         return;
-    preset->Get<std::wstring>(Preset::Name) = text;
+    preset->Get(Preset::Name) = text;
     preset->Save();
 }
 
@@ -157,7 +157,7 @@ void MainController::ReorderPresets(const std::vector<uint32_t>& ids) {
         Preset* preset = PresetOf(*id);
         if (preset == nullptr)
             continue;
-        preset->Get<int32_t>(Preset::Position) = position++;
+        preset->Get(Preset::Position) = position++;
         preset->Save();
     }
 }

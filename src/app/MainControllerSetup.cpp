@@ -35,16 +35,15 @@ bool MainController::HandleInitDialog(HWND, LPARAM, bool& focusSet) {
     if (const HTREEITEM first = TreeController.FirstItem())
         TreeController.Select(first);
     UpdateControls();
-    Settings.Get<bool>(MainSettings::FirstRun) = false;
+    Settings.Get(MainSettings::FirstRun) = false;
 
     SetMainMenu();
     // Once more, for the menu's entries.
     UpdateControls();
     MakeAccelerators();
-    PlaceWindow(Settings.Get<int32_t>(MainSettings::WindowPosX),
-                Settings.Get<int32_t>(MainSettings::WindowPosY),
-                static_cast<int>(Settings.Get<uint32_t>(MainSettings::WindowWidth)),
-                static_cast<int>(Settings.Get<uint32_t>(MainSettings::WindowHeight)));
+    PlaceWindow(Settings.Get(MainSettings::WindowPosX), Settings.Get(MainSettings::WindowPosY),
+                static_cast<int>(Settings.Get(MainSettings::WindowWidth)),
+                static_cast<int>(Settings.Get(MainSettings::WindowHeight)));
     ShowWindow(Handle, WinLib::Application::Current()->ShowCommand);
     UpdateWindow(Handle);
     WinLib::MoveFocus(IsWindowEnabled(CreateListButton) ? CreateListButton : TreeWindow);

@@ -66,8 +66,8 @@ int ListPresets() {
     MainSettings settings;
     settings.LoadAll();
     for (const auto& preset : settings.Presets) {
-        Print(preset->Key() + L"\t" + std::to_wstring(preset->Get<int32_t>(Preset::Position)) + L"\t" +
-              preset->Get<std::wstring>(Preset::Name) + L"\n");
+        Print(preset->Key() + L"\t" + std::to_wstring(preset->Get(Preset::Position)) + L"\t" +
+              preset->Get(Preset::Name) + L"\n");
     }
     return 0;
 }
@@ -108,7 +108,7 @@ int NewPreset(const Arguments& arguments) {
     settings.LoadAll();
     Preset& preset = settings.CreateFromTemplate(number, WaitForFreeKey(settings));
     if (arguments.size() == 3) {
-        preset.Get<std::wstring>(Preset::Name) = arguments[2];
+        preset.Get(Preset::Name) = arguments[2];
     }
     if (!preset.Save()) {
         return Fail(L"the preset could not be stored");

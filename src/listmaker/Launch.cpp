@@ -21,16 +21,14 @@ bool Launch(const std::wstring& program, const std::wstring& arguments, const st
 }
 
 void OpenList(const Preset& preset, const std::wstring& outputPath) {
-    const MetaTypes::Settings opening = preset.Section(Preset::Opening);
-    switch (opening.Get<OpenMethod>(Preset::OpeningRow::OpenMethod)) {
+    switch (preset.Get(Opening::OpenMethod)) {
         case OpenMethod::Default:
             Launch(QuotePath(outputPath), L"", L"");
             break;
         case OpenMethod::Nothing:
             break;
         case OpenMethod::Custom:
-            Launch(QuotePath(opening.Get<std::wstring>(Preset::OpeningRow::CustomProgramPath)),
-                   QuotePath(outputPath), L"");
+            Launch(QuotePath(preset.Get(Opening::CustomProgramPath)), QuotePath(outputPath), L"");
             break;
     }
 }

@@ -32,14 +32,14 @@ std::wstring TemporaryFolder() {
     return length != 0 && length < size ? std::wstring(buffer, length) : std::wstring();
 }
 
-std::wstring Folder(const MetaTypes::Settings& saving, const std::wstring& text) {
-    switch (saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation)) {
+std::wstring Folder(const Preset& preset, const std::wstring& text) {
+    switch (preset.Get(Saving::SaveLocation)) {
         case SaveLocation::Temporary:
             return TemporaryFolder();
         case SaveLocation::SamePath:
             return text;
         case SaveLocation::Custom:
-            return WithBackslashes(saving.Get<std::wstring>(Preset::SavingRow::CustomFolderPath));
+            return WithBackslashes(preset.Get(Saving::CustomFolderPath));
     }
     return std::wstring();
 }
@@ -51,15 +51,12 @@ bool Exists(const std::wstring& path) {
 }  // namespace
 
 std::wstring OutputName(const Preset& preset, const std::wstring& path) {
-    const MetaTypes::Settings format = preset.Section(Preset::Format);
-    const MetaTypes::Settings saving = preset.Section(Preset::Saving);
-
     const std::wstring text = WithBackslashes(path);
     const std::wstring base = L"List of " + Subject(text);
-    const bool html = format.Get<ListStyle>(Preset::FormatRow::ListStyle) == ListStyle::Html;
+    const bool html = preset.Get(Format::ListStyle) == ListStyle::Html;
     const std::wstring extension = html ? L".html" : L".txt";
-    const std::wstring folder = Folder(saving, text);
-    const bool overwrite = saving.Get<bool>(Preset::SavingRow::OverwriteExisting);
+    const std::wstring folder = Folder(preset, text);
+    const bool overwrite = preset.Get(Saving::OverwriteExisting);
 
     std::wstring name = Scanner::JoinPath(folder, base + extension);
     for (uint64_t counter = 2; Exists(name) && !overwrite; counter++)

@@ -1,18 +1,18 @@
-// A control that shows one field of a preset's section and stores it at every action of the user: what the
+// A control that shows one field of a preset and stores it at every action of the user: what the
 // check boxes, radio buttons and text fields of all pages have in common. Each page lists its own in a table.
 #pragma once
 
 #include <string>
 
-#include "settings/metatypes/Settings.h"
+#include "settings/Preset.h"
 #include "winlib/WindowText.h"
 #include "winlib/Windows.h"
 
 struct Binding {
     int id;
     WORD code;  // the notification by which the control tells of the user's action
-    void (*show)(HWND control, const MetaTypes::Settings& section);
-    void (*store)(HWND control, MetaTypes::Settings& section);
+    void (*show)(HWND control, const Preset& preset);
+    void (*store)(HWND control, Preset& preset);
 };
 
 inline bool IsTicked(HWND button) {
@@ -25,38 +25,36 @@ inline void Tick(HWND button) {
 }
 
 // A check box for a bool.
-template <uint32_t Row>
+template <auto Field>
 constexpr Binding CheckBox(int id) {
     return {id, BN_CLICKED,
-            [](HWND control, const MetaTypes::Settings& section) {
-                if (section.Get<bool>(Row))
+            [](HWND control, const Preset& preset) {
+                if (preset.Get(Field))
                     Tick(control);
             },
-            [](HWND control, MetaTypes::Settings& section) { section.Get<bool>(Row) = IsTicked(control); }};
+            [](HWND control, Preset& preset) { preset.Get(Field) = IsTicked(control); }};
 }
 
 // A radio button for one value of an enumeration. The button that names the other buttons' values stands for
 // every value but those.
-template <uint32_t Row, auto Value, decltype(Value)... Others>
+template <auto Field, auto Value, decltype(Value)... Others>
 constexpr Binding RadioButton(int id) {
     return {id, BN_CLICKED,
-            [](HWND control, const MetaTypes::Settings& section) {
-                const auto value = section.Get<decltype(Value)>(Row);
+            [](HWND control, const Preset& preset) {
+                const auto value = preset.Get(Field);
                 if (sizeof...(Others) == 0 ? value == Value : ((value != Others) && ...))
                     Tick(control);
             },
-            [](HWND, MetaTypes::Settings& section) { section.Get<decltype(Value)>(Row) = Value; }};
+            [](HWND, Preset& preset) { preset.Get(Field) = Value; }};
 }
 
 // An edit control for a text. Showing the text stores it too, since the control tells of that like of a key.
-template <uint32_t Row>
+template <auto Field>
 constexpr Binding TextField(int id) {
     return {id, EN_CHANGE,
-            [](HWND control, const MetaTypes::Settings& section) {
-                const std::wstring text = section.Get<std::wstring>(Row);
+            [](HWND control, const Preset& preset) {
+                const std::wstring text = preset.Get(Field);
                 SetWindowTextW(control, text.c_str());
             },
-            [](HWND control, MetaTypes::Settings& section) {
-                section.Get<std::wstring>(Row) = WinLib::GetWindowText(control);
-            }};
+            [](HWND control, Preset& preset) { preset.Get(Field) = WinLib::GetWindowText(control); }};
 }

@@ -2,12 +2,10 @@
 
 #include "resources/resource.h"
 
-using Row = Preset::ColumnsRow;
-
 namespace {
 
 constexpr Binding Bindings[] = {
-    CheckBox<Row::ShowHeaders>(IDC_COLUMNS_HEADERS),
+    CheckBox<Columns::ShowHeaders>(IDC_COLUMNS_HEADERS),
 };
 
 // By the values of the columns.
@@ -52,18 +50,18 @@ const OrderController::Controls ColumnsController::PageControls = {
 };
 
 ColumnsController::ColumnsController(MetaTypes::Settings* target)
-    : OrderController(target, Preset::Columns, Bindings, PageControls) {}
+    : OrderController(target, Bindings, PageControls) {}
 
-std::vector<OrderTree::Child> ColumnsController::ReadFolders(const MetaTypes::Settings& section) const {
-    return ReadChildren<FolderColumn, bool>(section, Row::FolderColumns, Row::FolderEnabled, FolderLabels);
+std::vector<OrderTree::Child> ColumnsController::ReadFolders(const Preset& preset) const {
+    return ReadChildren(preset, Columns::FolderColumns, Columns::FolderEnabled, FolderLabels);
 }
 
-std::vector<OrderTree::Child> ColumnsController::ReadFiles(const MetaTypes::Settings& section) const {
-    return ReadChildren<FileColumn, bool>(section, Row::FileColumns, Row::FileEnabled, FileLabels);
+std::vector<OrderTree::Child> ColumnsController::ReadFiles(const Preset& preset) const {
+    return ReadChildren(preset, Columns::FileColumns, Columns::FileEnabled, FileLabels);
 }
 
-void ColumnsController::Store(MetaTypes::Settings& section, std::span<const OrderTree::Child> folders,
+void ColumnsController::Store(Preset& preset, std::span<const OrderTree::Child> folders,
                               std::span<const OrderTree::Child> files) const {
-    StoreChildren<FolderColumn, bool>(folders, section, Row::FolderColumns, Row::FolderEnabled);
-    StoreChildren<FileColumn, bool>(files, section, Row::FileColumns, Row::FileEnabled);
+    StoreChildren(folders, preset, Columns::FolderColumns, Columns::FolderEnabled);
+    StoreChildren(files, preset, Columns::FileColumns, Columns::FileEnabled);
 }

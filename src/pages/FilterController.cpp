@@ -2,7 +2,7 @@
 
 #include "pages/DialogLayout.h"
 #include "resources/resource.h"
-#include "scanner/SearchFilters.h"
+#include "settings/SearchFilters.h"
 #include "winlib/Exception.h"
 #include "winlib/Focus.h"
 #include "winlib/FolderPicker.h"
@@ -10,11 +10,9 @@
 
 #include <algorithm>
 
-using Scanner::SearchFilters;
 using WinLib::Layout::Alignment;
 using WinLib::Layout::HStack;
 using WinLib::Layout::VStack;
-using Row = Preset::FilterRow;
 
 namespace {
 
@@ -23,15 +21,14 @@ constexpr int EntryCapacity = 512;
 
 }  // namespace
 
-FilterController::FilterController(MetaTypes::Settings* target)
-    : PropertyController(target, Preset::Filter, {}) {}
+FilterController::FilterController(MetaTypes::Settings* target) : PropertyController(target, {}) {}
 
 void FilterController::PrepareControls() {
     const HWND list = Control(IDC_FILTER_EXCLUDED);
     ShowWindow(Control(IDC_FILTER_PATTERN_CAPTION), SW_HIDE);
     EnableWindow(Control(IDC_FILTER_REMOVE), FALSE);
     ThemedControls.push_back(list);
-    for (const Scanner::SearchFilter& filter : SearchFilters)
+    for (const SearchFilter& filter : SearchFilters)
         SendMessageW(Control(IDC_FILTER_TYPE), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(filter.label));
 
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
@@ -67,25 +64,25 @@ void FilterController::BuildLayout() {
 }
 
 void FilterController::Refresh() {
-    const MetaTypes::Settings section = Section();
-    const int filter = std::clamp(section.Get<int32_t>(Row::PresetSearchPattern), 0, CustomFilter);
+    const Preset& preset = TargetPreset();
+    const int filter = std::clamp(preset.Get(Filter::PresetSearchPattern), 0, CustomFilter);
     SendMessageW(Control(IDC_FILTER_TYPE), CB_SETCURSEL, static_cast<WPARAM>(filter), 0);
-    for (const std::wstring& folder : section.Get<std::vector<std::wstring>>(Row::ExcludedFolders))
+    for (const std::wstring& folder : preset.Get(Filter::ExcludedFolders))
         AppendFolder(folder);
     ShowSelectedFilter();
 }
 
 // The edit control shows what the chosen filter stands for; only the last one, the preset's own, is edited.
 void FilterController::ShowSelectedFilter() {
-    MetaTypes::Settings section = Section();
+    Preset& preset = TargetPreset();
     const int filter = SelectedFilter();
     std::wstring pattern = SearchFilters[static_cast<size_t>(filter)].pattern;
     if (pattern.empty())
-        pattern = section.Get<std::wstring>(Row::CustomSearchPattern);
+        pattern = preset.Get(Filter::CustomSearchPattern);
     SetWindowTextW(Control(IDC_FILTER_PATTERN), pattern.c_str());
     WinLib::EnableControl(Control(IDC_FILTER_PATTERN), filter == CustomFilter, Control(IDC_FILTER_TYPE));
-    section.Get<int32_t>(Row::PresetSearchPattern) = filter;
-    TargetPreset().Save();
+    preset.Get(Filter::PresetSearchPattern) = filter;
+    preset.Save();
 }
 
 int FilterController::SelectedFilter() const {
@@ -103,8 +100,7 @@ bool FilterController::OnTextChanged(WORD id) {
     if (id != IDC_FILTER_PATTERN)
         return false;
     if (SelectedFilter() == CustomFilter) {
-        Section().Get<std::wstring>(Row::CustomSearchPattern) =
-            WinLib::GetWindowText(Control(IDC_FILTER_PATTERN));
+        TargetPreset().Get(Filter::CustomSearchPattern) = WinLib::GetWindowText(Control(IDC_FILTER_PATTERN));
         TargetPreset().Save();
     }
     return true;
@@ -160,7 +156,7 @@ void FilterController::StoreFolders() {
     std::vector<std::wstring> folders;
     for (int i = 0; i < count; ++i)
         folders.push_back(FolderText(i));
-    Section().Get<std::vector<std::wstring>>(Row::ExcludedFolders) = std::move(folders);
+    TargetPreset().Get(Filter::ExcludedFolders) = std::move(folders);
     TargetPreset().Save();
     StorePending = false;
 }

@@ -4,20 +4,18 @@
 
 using WinLib::Layout::Alignment;
 using WinLib::Layout::VStack;
-using Row = Preset::FormatRow;
 
 namespace {
 
 constexpr Binding Bindings[] = {
-    RadioButton<Row::ListStyle, ListStyle::Text, ListStyle::Html>(IDC_FORMAT_TEXT),
-    RadioButton<Row::ListStyle, ListStyle::Html>(IDC_FORMAT_HTML),
-    CheckBox<Row::EnableUtf8>(IDC_FORMAT_UTF8),
+    RadioButton<Format::ListStyle, ListStyle::Text, ListStyle::Html>(IDC_FORMAT_TEXT),
+    RadioButton<Format::ListStyle, ListStyle::Html>(IDC_FORMAT_HTML),
+    CheckBox<Format::EnableUtf8>(IDC_FORMAT_UTF8),
 };
 
 }  // namespace
 
-FormatController::FormatController(MetaTypes::Settings* target)
-    : PropertyController(target, Preset::Format, Bindings) {}
+FormatController::FormatController(MetaTypes::Settings* target) : PropertyController(target, Bindings) {}
 
 void FormatController::Refresh() {
     ShowBindings();

@@ -10,14 +10,13 @@
 using WinLib::Layout::Alignment;
 using WinLib::Layout::HStack;
 using WinLib::Layout::VStack;
-using Row = Preset::DisplayRow;
 
 namespace {
 
 constexpr Binding Bindings[] = {
-    CheckBox<Row::SearchSubfolders>(IDC_DISPLAY_SUBFOLDERS),
-    CheckBox<Row::SearchHidden>(IDC_DISPLAY_HIDDEN),
-    CheckBox<Row::ShowStatistics>(IDC_DISPLAY_STATISTICS),
+    CheckBox<Display::SearchSubfolders>(IDC_DISPLAY_SUBFOLDERS),
+    CheckBox<Display::SearchHidden>(IDC_DISPLAY_HIDDEN),
+    CheckBox<Display::ShowStatistics>(IDC_DISPLAY_STATISTICS),
 };
 
 // By the value of SizeStyle.
@@ -38,8 +37,7 @@ constexpr int IndentControls[] = {IDC_DISPLAY_INDENT, IDC_DISPLAY_INDENT_CAPTION
 
 }  // namespace
 
-LayoutController::LayoutController(MetaTypes::Settings* target)
-    : PropertyController(target, Preset::Display, Bindings) {}
+LayoutController::LayoutController(MetaTypes::Settings* target) : PropertyController(target, Bindings) {}
 
 void LayoutController::PrepareControls() {
     const HWND sizeStyle = Control(IDC_DISPLAY_SIZE_STYLE);
@@ -79,13 +77,13 @@ void LayoutController::BuildLayout() {
 
 void LayoutController::Refresh() {
     ShowBindings();
-    const MetaTypes::Settings section = Section();
-    const auto style = static_cast<size_t>(section.Get<SizeStyle>(Row::SizeStyle));
+    const Preset& preset = TargetPreset();
+    const auto style = static_cast<size_t>(preset.Get(Display::SizeStyle));
     SendMessageW(Control(IDC_DISPLAY_SIZE_STYLE), CB_SETCURSEL, style < SizeStyleLabels.size() ? style : 0,
                  0);
-    if (!section.Get<bool>(Row::ShowFlatStyle))
+    if (!preset.Get(Display::ShowFlatStyle))
         Tick(Control(IDC_DISPLAY_GROUPED));
-    const auto indent = static_cast<LPARAM>(section.Get<uint32_t>(Row::IndentSize));
+    const auto indent = static_cast<LPARAM>(preset.Get(Display::IndentSize));
     SendMessageW(Control(IDC_DISPLAY_INDENT), TBM_SETPOS, TRUE, indent);
     StoreIndent();
     StoreGrouping();
@@ -119,7 +117,7 @@ bool LayoutController::OnSelectionChanged(WORD id) {
         return false;
     const LRESULT index = SendMessageW(Control(IDC_DISPLAY_SIZE_STYLE), CB_GETCURSEL, 0, 0);
     if (index >= 0 && index < static_cast<LRESULT>(SizeStyleLabels.size())) {
-        Section().Get<SizeStyle>(Row::SizeStyle) = static_cast<SizeStyle>(index);
+        TargetPreset().Get(Display::SizeStyle) = static_cast<SizeStyle>(index);
         TargetPreset().Save();
     }
     return true;
@@ -129,13 +127,13 @@ void LayoutController::StoreGrouping() {
     const bool grouped = IsTicked(Control(IDC_DISPLAY_GROUPED));
     for (const int id : IndentControls)
         WinLib::EnableControl(Control(id), grouped, Control(IDC_DISPLAY_GROUPED));
-    Section().Get<bool>(Row::ShowFlatStyle) = !grouped;
+    TargetPreset().Get(Display::ShowFlatStyle) = !grouped;
     TargetPreset().Save();
 }
 
 void LayoutController::StoreIndent() {
     const LRESULT position = SendMessageW(Control(IDC_DISPLAY_INDENT), TBM_GETPOS, 0, 0);
     SetWindowTextW(Control(IDC_DISPLAY_INDENT_VALUE), std::to_wstring(position).c_str());
-    Section().Get<uint32_t>(Row::IndentSize) = static_cast<uint32_t>(position);
+    TargetPreset().Get(Display::IndentSize) = static_cast<uint32_t>(position);
     TargetPreset().Save();
 }

@@ -11,16 +11,15 @@
 
 using WinLib::Layout::Alignment;
 using WinLib::Layout::VStack;
-using Row = Preset::OpeningRow;
 
 namespace {
 
 constexpr Binding Bindings[] = {
-    RadioButton<Row::OpenMethod, OpenMethod::Default, OpenMethod::Nothing, OpenMethod::Custom>(
+    RadioButton<Opening::OpenMethod, OpenMethod::Default, OpenMethod::Nothing, OpenMethod::Custom>(
         IDC_OPENING_DEFAULT),
-    RadioButton<Row::OpenMethod, OpenMethod::Nothing>(IDC_OPENING_NOTHING),
-    RadioButton<Row::OpenMethod, OpenMethod::Custom>(IDC_OPENING_CUSTOM),
-    TextField<Row::CustomProgramPath>(IDC_OPENING_PATH),
+    RadioButton<Opening::OpenMethod, OpenMethod::Nothing>(IDC_OPENING_NOTHING),
+    RadioButton<Opening::OpenMethod, OpenMethod::Custom>(IDC_OPENING_CUSTOM),
+    TextField<Opening::CustomProgramPath>(IDC_OPENING_PATH),
 };
 
 // Nothing when the user cancels.
@@ -46,8 +45,7 @@ std::optional<std::wstring> PickProgram(HWND owner) {
 
 }  // namespace
 
-OpeningController::OpeningController(MetaTypes::Settings* target)
-    : PropertyController(target, Preset::Opening, Bindings) {}
+OpeningController::OpeningController(MetaTypes::Settings* target) : PropertyController(target, Bindings) {}
 
 PathChoice OpeningController::Choice() const {
     return {{Control(IDC_OPENING_DEFAULT), Control(IDC_OPENING_NOTHING), Control(IDC_OPENING_CUSTOM)},
@@ -67,7 +65,7 @@ void OpeningController::Refresh() {
 }
 
 void OpeningController::UpdateControls() {
-    Choice().EnablePath(static_cast<uint32_t>(Section().Get<OpenMethod>(Row::OpenMethod)));
+    Choice().EnablePath(static_cast<uint32_t>(TargetPreset().Get(Opening::OpenMethod)));
 }
 
 bool OpeningController::OnClicked(WORD id) {

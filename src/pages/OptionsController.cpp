@@ -41,7 +41,7 @@ bool OptionsController::HandleInitDialog(HWND, LPARAM, bool&) {
     WinLib::PutLast(Handle, {IDC_OPTIONS_CONFIRM_EXIT, IDC_OPTIONS_CLOSE});
     if (Settings->Shell.IsRegistered())
         Tick(ContextMenuCheck);
-    if (Settings->Get<bool>(MainSettings::ConfirmExit))
+    if (Settings->Get(MainSettings::ConfirmExit))
         Tick(ConfirmExitCheck);
     return true;
 }
@@ -105,7 +105,7 @@ void OptionsController::SwitchContextMenu() {
 }
 
 void OptionsController::StoreConfirmExit() {
-    Settings->Get<bool>(MainSettings::ConfirmExit) = IsTicked(ConfirmExitCheck);
+    Settings->Get(MainSettings::ConfirmExit) = IsTicked(ConfirmExitCheck);
     Settings->SaveMain();
 }
 

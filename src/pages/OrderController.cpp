@@ -3,9 +3,9 @@
 using WinLib::Layout::Alignment;
 using WinLib::Layout::VStack;
 
-OrderController::OrderController(MetaTypes::Settings* target, uint32_t section,
-                                 std::span<const Binding> bindings, const Controls& controls)
-    : PropertyController(target, section, bindings), controls_(controls) {}
+OrderController::OrderController(MetaTypes::Settings* target, std::span<const Binding> bindings,
+                                 const Controls& controls)
+    : PropertyController(target, bindings), controls_(controls) {}
 
 void OrderController::PrepareControls() {
     const HWND tree = Control(controls_.tree);
@@ -21,8 +21,8 @@ void OrderController::BuildLayout() {
 }
 
 void OrderController::Refresh() {
-    const MetaTypes::Settings section = Section();
-    tree_.Fill(ReadFolders(section), ReadFiles(section));
+    const Preset& preset = TargetPreset();
+    tree_.Fill(ReadFolders(preset), ReadFiles(preset));
     ShowBindings();
 }
 
@@ -38,9 +38,9 @@ bool OrderController::OnClicked(WORD id) {
 }
 
 void OrderController::StoreTree() {
-    MetaTypes::Settings section = Section();
-    Store(section, tree_.Children(OrderTree::Root::Folders), tree_.Children(OrderTree::Root::Files));
-    TargetPreset().Save();
+    Preset& preset = TargetPreset();
+    Store(preset, tree_.Children(OrderTree::Root::Folders), tree_.Children(OrderTree::Root::Files));
+    preset.Save();
 }
 
 bool OrderController::HandleNotify(NMHDR& header, LRESULT& result) {

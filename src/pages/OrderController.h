@@ -27,13 +27,12 @@ protected:
     };
 
     // controls must live as long as the page; the other arguments are those of the base.
-    OrderController(MetaTypes::Settings* target, uint32_t section, std::span<const Binding> bindings,
-                    const Controls& controls);
+    OrderController(MetaTypes::Settings* target, std::span<const Binding> bindings, const Controls& controls);
 
     // The page's arrays as children of the tree, and the way back.
-    virtual std::vector<OrderTree::Child> ReadFolders(const MetaTypes::Settings& section) const = 0;
-    virtual std::vector<OrderTree::Child> ReadFiles(const MetaTypes::Settings& section) const = 0;
-    virtual void Store(MetaTypes::Settings& section, std::span<const OrderTree::Child> folders,
+    virtual std::vector<OrderTree::Child> ReadFolders(const Preset& preset) const = 0;
+    virtual std::vector<OrderTree::Child> ReadFiles(const Preset& preset) const = 0;
+    virtual void Store(Preset& preset, std::span<const OrderTree::Child> folders,
                        std::span<const OrderTree::Child> files) const = 0;
 
     void PrepareControls() override;

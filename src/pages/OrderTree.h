@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "settings/metatypes/Settings.h"
+#include "settings/Preset.h"
 #include "winlib/Handles.h"
 #include "winlib/controls/ThreeStateCtrl.h"
 #include "winlib/layout/Stack.h"
@@ -55,25 +55,28 @@ private:
     WinLib::Controls::TreeView::ThreeStateCtrl states_;
 };
 
-// The pair of arrays of a section, values in order and a flag for each, as children of a tree. The labels are
+// A pair of arrays of the preset, values in order and a flag for each, as children of a tree. The labels are
 // those of the values.
-template <typename Value, typename Flag, size_t N>
-std::vector<OrderTree::Child> ReadChildren(const MetaTypes::Settings& section, uint32_t valueRow,
-                                           uint32_t flagRow, const std::array<const wchar_t*, N>& labels) {
+template <typename Section, typename Value, typename Flag, size_t N>
+std::vector<OrderTree::Child> ReadChildren(const Preset& preset,
+                                           MetaTypes::Field<Section, std::array<Value, N>> values,
+                                           MetaTypes::Field<Section, std::array<Flag, N>> flags,
+                                           const std::array<const wchar_t*, N>& labels) {
     std::vector<OrderTree::Child> children;
     for (size_t i = 0; i < N; ++i) {
-        const auto value = static_cast<uint32_t>(section.Get<Value>(valueRow, i));
-        children.push_back({labels[value], value, section.Get<Flag>(flagRow, i) == static_cast<Flag>(1)});
+        const auto value = static_cast<uint32_t>(preset.Get(values, i));
+        children.push_back({labels[value], value, preset.Get(flags, i) == static_cast<Flag>(1)});
     }
     return children;
 }
 
 // The way back: as many elements as there are children.
-template <typename Value, typename Flag>
-void StoreChildren(std::span<const OrderTree::Child> children, MetaTypes::Settings& section,
-                   uint32_t valueRow, uint32_t flagRow) {
+template <typename Section, typename Value, typename Flag, size_t N>
+void StoreChildren(std::span<const OrderTree::Child> children, Preset& preset,
+                   MetaTypes::Field<Section, std::array<Value, N>> values,
+                   MetaTypes::Field<Section, std::array<Flag, N>> flags) {
     for (size_t i = 0; i < children.size(); ++i) {
-        section.Get<Value>(valueRow, i) = static_cast<Value>(children[i].value);
-        section.Get<Flag>(flagRow, i) = static_cast<Flag>(children[i].checked);
+        preset.Get(values, i) = static_cast<Value>(children[i].value);
+        preset.Get(flags, i) = static_cast<Flag>(children[i].checked);
     }
 }

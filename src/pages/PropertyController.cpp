@@ -2,16 +2,11 @@
 
 #include "pages/DialogLayout.h"
 
-PropertyController::PropertyController(MetaTypes::Settings* target, uint32_t section,
-                                       std::span<const Binding> bindings)
-    : Target(target), section_(section), bindings_(bindings) {}
+PropertyController::PropertyController(MetaTypes::Settings* target, std::span<const Binding> bindings)
+    : Target(target), bindings_(bindings) {}
 
 Preset& PropertyController::TargetPreset() const {
     return dynamic_cast<Preset&>(*Target);
-}
-
-MetaTypes::Settings PropertyController::Section() const {
-    return TargetPreset().Section(section_);
 }
 
 bool PropertyController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -55,9 +50,9 @@ bool PropertyController::OnControlCommand(WORD id, HWND control, WORD code) {
 }
 
 void PropertyController::ShowBindings() {
-    const MetaTypes::Settings section = Section();
+    const Preset& preset = TargetPreset();
     for (const Binding& binding : bindings_)
-        binding.show(Control(binding.id), section);
+        binding.show(Control(binding.id), preset);
 }
 
 bool PropertyController::StoreBinding(WORD id, WORD code) {
@@ -65,8 +60,7 @@ bool PropertyController::StoreBinding(WORD id, WORD code) {
         if (binding.id != id || binding.code != code)
             continue;
         Preset& preset = TargetPreset();
-        MetaTypes::Settings section = Section();
-        binding.store(Control(binding.id), section);
+        binding.store(Control(binding.id), preset);
         preset.Save();
         UpdateControls();
         return true;

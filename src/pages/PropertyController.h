@@ -33,8 +33,8 @@ public:
     MetaTypes::Settings* const Target;
 
 protected:
-    // section is the row of the page's section in Preset, bindings a table that lives as long as the program.
-    PropertyController(MetaTypes::Settings* target, uint32_t section, std::span<const Binding> bindings);
+    // bindings must live as long as the page.
+    PropertyController(MetaTypes::Settings* target, std::span<const Binding> bindings);
 
     // Makes the controls ready that need more than the resource gives them.
     virtual void PrepareControls() {}
@@ -58,15 +58,11 @@ protected:
     // Target as what it is. Throws std::bad_cast if it is something else.
     Preset& TargetPreset() const;
 
-    // The page's section of the preset. Throws as TargetPreset.
-    MetaTypes::Settings Section() const;
-
     std::vector<HWND> ThemedControls;  // those that draw in system colours and must hear of new ones
     WinLib::Layout::Overlapped RootSizer;
 
 private:
     bool StoreBinding(WORD id, WORD code);
 
-    const uint32_t section_;
     const std::span<const Binding> bindings_;
 };

@@ -5,23 +5,21 @@
 
 using WinLib::Layout::Alignment;
 using WinLib::Layout::VStack;
-using Row = Preset::SavingRow;
 
 namespace {
 
 constexpr Binding Bindings[] = {
-    RadioButton<Row::SaveLocation, SaveLocation::Temporary, SaveLocation::SamePath, SaveLocation::Custom>(
+    RadioButton<Saving::SaveLocation, SaveLocation::Temporary, SaveLocation::SamePath, SaveLocation::Custom>(
         IDC_SAVING_TEMPORARY),
-    RadioButton<Row::SaveLocation, SaveLocation::SamePath>(IDC_SAVING_SAME_PATH),
-    RadioButton<Row::SaveLocation, SaveLocation::Custom>(IDC_SAVING_CUSTOM),
-    TextField<Row::CustomFolderPath>(IDC_SAVING_PATH),
-    CheckBox<Row::OverwriteExisting>(IDC_SAVING_OVERWRITE),
+    RadioButton<Saving::SaveLocation, SaveLocation::SamePath>(IDC_SAVING_SAME_PATH),
+    RadioButton<Saving::SaveLocation, SaveLocation::Custom>(IDC_SAVING_CUSTOM),
+    TextField<Saving::CustomFolderPath>(IDC_SAVING_PATH),
+    CheckBox<Saving::OverwriteExisting>(IDC_SAVING_OVERWRITE),
 };
 
 }  // namespace
 
-SavingController::SavingController(MetaTypes::Settings* target)
-    : PropertyController(target, Preset::Saving, Bindings) {}
+SavingController::SavingController(MetaTypes::Settings* target) : PropertyController(target, Bindings) {}
 
 PathChoice SavingController::Choice() const {
     return {{Control(IDC_SAVING_TEMPORARY), Control(IDC_SAVING_SAME_PATH), Control(IDC_SAVING_CUSTOM)},
@@ -43,7 +41,7 @@ void SavingController::Refresh() {
 }
 
 void SavingController::UpdateControls() {
-    Choice().EnablePath(static_cast<uint32_t>(Section().Get<SaveLocation>(Row::SaveLocation)));
+    Choice().EnablePath(static_cast<uint32_t>(TargetPreset().Get(Saving::SaveLocation)));
 }
 
 bool SavingController::OnClicked(WORD id) {

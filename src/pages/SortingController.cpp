@@ -2,12 +2,10 @@
 
 #include "resources/resource.h"
 
-using Row = Preset::SortingRow;
-
 namespace {
 
 constexpr Binding Bindings[] = {
-    CheckBox<Row::SortDigitsAsNumbers>(IDC_SORTING_NATURAL),
+    CheckBox<Sorting::SortDigitsAsNumbers>(IDC_SORTING_NATURAL),
 };
 
 // By the values of the sort keys.
@@ -45,19 +43,18 @@ const OrderController::Controls SortingController::PageControls = {
 };
 
 SortingController::SortingController(MetaTypes::Settings* target)
-    : OrderController(target, Preset::Sorting, Bindings, PageControls) {}
+    : OrderController(target, Bindings, PageControls) {}
 
-std::vector<OrderTree::Child> SortingController::ReadFolders(const MetaTypes::Settings& section) const {
-    return ReadChildren<FolderSortKey, SortOrder>(section, Row::FolderSortKeys, Row::FolderSortOrder,
-                                                  FolderLabels);
+std::vector<OrderTree::Child> SortingController::ReadFolders(const Preset& preset) const {
+    return ReadChildren(preset, Sorting::FolderSortKeys, Sorting::FolderSortOrder, FolderLabels);
 }
 
-std::vector<OrderTree::Child> SortingController::ReadFiles(const MetaTypes::Settings& section) const {
-    return ReadChildren<FileSortKey, SortOrder>(section, Row::FileSortKeys, Row::FileSortOrder, FileLabels);
+std::vector<OrderTree::Child> SortingController::ReadFiles(const Preset& preset) const {
+    return ReadChildren(preset, Sorting::FileSortKeys, Sorting::FileSortOrder, FileLabels);
 }
 
-void SortingController::Store(MetaTypes::Settings& section, std::span<const OrderTree::Child> folders,
+void SortingController::Store(Preset& preset, std::span<const OrderTree::Child> folders,
                               std::span<const OrderTree::Child> files) const {
-    StoreChildren<FolderSortKey, SortOrder>(folders, section, Row::FolderSortKeys, Row::FolderSortOrder);
-    StoreChildren<FileSortKey, SortOrder>(files, section, Row::FileSortKeys, Row::FileSortOrder);
+    StoreChildren(folders, preset, Sorting::FolderSortKeys, Sorting::FolderSortOrder);
+    StoreChildren(files, preset, Sorting::FileSortKeys, Sorting::FileSortOrder);
 }

@@ -9,9 +9,9 @@ public:
     explicit SortingController(MetaTypes::Settings* target);
 
 protected:
-    std::vector<OrderTree::Child> ReadFolders(const MetaTypes::Settings& section) const override;
-    std::vector<OrderTree::Child> ReadFiles(const MetaTypes::Settings& section) const override;
-    void Store(MetaTypes::Settings& section, std::span<const OrderTree::Child> folders,
+    std::vector<OrderTree::Child> ReadFolders(const Preset& preset) const override;
+    std::vector<OrderTree::Child> ReadFiles(const Preset& preset) const override;
+    void Store(Preset& preset, std::span<const OrderTree::Child> folders,
                std::span<const OrderTree::Child> files) const override;
 
 private:

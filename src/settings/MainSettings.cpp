@@ -15,20 +15,9 @@ using MetaTypes::MakeRow;
 
 namespace {
 
-#define FIELD(name, member) \
-    MakeRow<decltype(MainSettingsRecord::member)>(name, offsetof(MainSettingsRecord, member))
-
-constexpr FieldRow MainSettingsTable[] = {
-    FIELD("WindowPosX", windowPosX),
-    FIELD("WindowPosY", windowPosY),
-    FIELD("WindowWidth", windowWidth),
-    FIELD("WindowHeight", windowHeight),
-    FIELD("FirstRun", firstRun),
-    FIELD("ConfirmExit", confirmExit),
-    EndOfTable,
-};
-
-#undef FIELD
+#define ROW(type, name, member, value) MakeRow<type>(#name, offsetof(MainSettingsRecord, member)),
+constexpr FieldRow MainSettingsTable[] = {MAIN_SETTINGS_FIELDS(ROW) EndOfTable};
+#undef ROW
 
 // Unsigned, so that a desktop narrower than the window gives a very large position.
 int32_t Centre(LONG low, LONG high, uint32_t extent) {
@@ -38,8 +27,7 @@ int32_t Centre(LONG low, LONG high, uint32_t extent) {
 // The names of all subkeys of the root key, each of which is a preset's key.
 std::vector<std::wstring> StoredKeys() {
     RegistryKey root;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, MainSettings::RootKey, 0, KEY_READ, root.Receive()) !=
-        ERROR_SUCCESS) {
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, StorageKey, 0, KEY_READ, root.Receive()) != ERROR_SUCCESS) {
         return {};
     }
     return root.EnumerateSubkeys();
@@ -54,14 +42,7 @@ bool AreEqual(const std::wstring& a, const std::wstring& b) {
 }  // namespace
 
 MainSettings::MainSettings()
-    : Settings(MainSettingsTable, &record_),
-      Shell(ContextMenuName, ContextMenuClassId),
-      record_{.windowPosX = 100,
-              .windowPosY = 100,
-              .windowWidth = 580,
-              .windowHeight = 360,
-              .firstRun = true,
-              .confirmExit = false} {
+    : SettingsOf(MainSettingsTable, &record_), Shell(ContextMenuName, ContextMenuClassId) {
     if (const HWND desktop = GetDesktopWindow()) {
         RECT area{};
         GetWindowRect(desktop, &area);
@@ -71,7 +52,7 @@ MainSettings::MainSettings()
 }
 
 bool MainSettings::LoadAll() {
-    MetaTypes::RegistryDeserializer deserializer(RootKey);
+    MetaTypes::RegistryDeserializer deserializer(StorageKey);
     const bool result = Deserialize(deserializer);
     for (const std::wstring& key : StoredKeys()) {
         Presets.push_back(std::make_unique<Preset>(key));
@@ -82,7 +63,7 @@ bool MainSettings::LoadAll() {
 }
 
 bool MainSettings::SaveMain() const {
-    MetaTypes::RegistrySerializer serializer(RootKey);
+    MetaTypes::RegistrySerializer serializer(StorageKey);
     return Serialize(serializer);
 }
 

@@ -9,24 +9,39 @@
 
 #include "settings/Preset.h"
 #include "settings/PresetKey.h"
-#include "settings/metatypes/Settings.h"
+#include "settings/StorageKey.h"
+#include "settings/metatypes/Field.h"
 #include "shell/ShellExtension.h"
 
+// FIELD(type, name in code and registry, member of the record, default value)
+#define MAIN_SETTINGS_FIELDS(FIELD)                  \
+    FIELD(int32_t, WindowPosX, windowPosX, 100)      \
+    FIELD(int32_t, WindowPosY, windowPosY, 100)      \
+    FIELD(uint32_t, WindowWidth, windowWidth, 580)   \
+    FIELD(uint32_t, WindowHeight, windowHeight, 360) \
+    FIELD(bool, FirstRun, firstRun, true)            \
+    FIELD(bool, ConfirmExit, confirmExit, false)
+
 struct MainSettingsRecord {
-    int32_t windowPosX;
-    int32_t windowPosY;
-    uint32_t windowWidth;
-    uint32_t windowHeight;
-    bool firstRun;
-    bool confirmExit;
+#define MEMBER(type, name, member, value) type member = value;
+    MAIN_SETTINGS_FIELDS(MEMBER)
+#undef MEMBER
 };
 
-class MainSettings : public MetaTypes::Settings {
-public:
-    enum Row : uint32_t { WindowPosX, WindowPosY, WindowWidth, WindowHeight, FirstRun, ConfirmExit };
+class MainSettings : public MetaTypes::SettingsOf<MainSettingsRecord> {
+    enum class Rows : uint32_t {
+#define NUMBER(type, name, member, value) name,
+        MAIN_SETTINGS_FIELDS(NUMBER)
+#undef NUMBER
+    };
 
-    // The registry key, below HKEY_CURRENT_USER, of all that is stored; each preset is a subkey of it.
-    static constexpr const wchar_t* RootKey = L"Software\\Tamblewick";
+public:
+#define ROW(type, name, member, value) \
+    static constexpr MetaTypes::Field<MainSettingsRecord, type> name = {static_cast<uint32_t>(Rows::name)};
+    MAIN_SETTINGS_FIELDS(ROW)
+#undef ROW
+
+    static constexpr const wchar_t* RootKey = StorageKey;
 
     // The default values, with the window in the middle of the desktop. Touches no registry.
     MainSettings();

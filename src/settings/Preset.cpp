@@ -1,9 +1,8 @@
 #include "settings/Preset.h"
 
-#include "settings/DefaultColumns.h"
-#include "settings/MainSettings.h"
+#include "settings/OrderedArrays.h"
 #include "settings/PresetTable.h"
-#include "settings/Templates.h"
+#include "settings/StorageKey.h"
 #include "settings/metatypes/RegistryDeserializer.h"
 #include "settings/metatypes/RegistrySerializer.h"
 #include "winlib/RegistryKey.h"
@@ -11,34 +10,7 @@
 namespace {
 
 PresetRecord DefaultRecord() {
-    PresetRecord record{
-        .name = L"New Preset",
-        .position = 0,
-        .format = {.listStyle = ListStyle::Text, .enableUtf8 = true},
-        .display = {.searchSubfolders = false,
-                    .searchHidden = false,
-                    .showStatistics = false,
-                    .showFlatStyle = false,
-                    .indentSize = 1,
-                    .sizeStyle = SizeStyle::Dynamic},
-        .columns = {.showHeaders = true,
-                    .folderColumns = {},
-                    .folderEnabled = {},
-                    .fileColumns = {},
-                    .fileEnabled = {}},
-        .filter = {.presetSearchPattern = 0,
-                   .customSearchPattern = L"*",
-                   .excludedFolders = {DefaultExcludedFolder}},
-        .saving = {.saveLocation = SaveLocation::Temporary,
-                   .customFolderPath = {},
-                   .overwriteExisting = false},
-        .opening = {.openMethod = OpenMethod::Default, .customProgramPath = {}},
-        .sorting = {.sortDigitsAsNumbers = false,
-                    .folderSortKeys = {},
-                    .folderSortOrder = {},
-                    .fileSortKeys = {},
-                    .fileSortOrder = {}},
-    };
+    PresetRecord record;
     FillColumns(DefaultFolderColumns, record.columns.folderColumns, record.columns.folderEnabled);
     FillColumns(DefaultFileColumns, record.columns.fileColumns, record.columns.fileEnabled);
     FillSortKeys(DefaultFolderSort, record.sorting.folderSortKeys, record.sorting.folderSortOrder);
@@ -47,16 +19,16 @@ PresetRecord DefaultRecord() {
 }
 
 std::wstring KeyPath(const std::wstring& key) {
-    return std::wstring(MainSettings::RootKey) + L"\\" + key;
+    return std::wstring(StorageKey) + L"\\" + key;
 }
 
 }  // namespace
 
 Preset::Preset(const std::wstring& key)
-    : Settings(PresetTable, &record_), key_(key), record_(DefaultRecord()) {}
+    : SettingsOf(PresetTable, &record_), key_(key), record_(DefaultRecord()) {}
 
 Preset::Preset(const Preset& other)
-    : Settings(PresetTable, &record_), key_(other.key_), record_(other.record_) {}
+    : SettingsOf(PresetTable, &record_), key_(other.key_), record_(other.record_) {}
 
 Preset& Preset::Assign(const Preset& other) {
     const int32_t position = record_.position;
@@ -81,8 +53,7 @@ void Preset::DeleteKey() const {
         return;
     }
     RegistryKey root;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, MainSettings::RootKey, 0, KEY_ALL_ACCESS, root.Receive()) ==
-        ERROR_SUCCESS) {
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, StorageKey, 0, KEY_ALL_ACCESS, root.Receive()) == ERROR_SUCCESS) {
         root.DeleteTree(key_);
     }
 }

@@ -2,100 +2,18 @@
 // where the list is saved and how it is opened. A preset lives under its own registry key.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <vector>
 
-#include "settings/Enumerations.h"
-#include "settings/metatypes/Settings.h"
+#include "settings/PresetFields.h"
 
-// The record of a preset, in the order of its field table.
-struct PresetRecord {
-    struct FormatSection {
-        ListStyle listStyle;
-        bool enableUtf8;
-    };
-    struct DisplaySection {
-        bool searchSubfolders;
-        bool searchHidden;
-        bool showStatistics;
-        bool showFlatStyle;
-        uint32_t indentSize;  // tabs in a text list, steps of 16 pixels in an HTML list
-        SizeStyle sizeStyle;
-    };
-    struct ColumnsSection {
-        bool showHeaders;
-        std::array<FolderColumn, FolderColumnCount> folderColumns;  // in display order
-        std::array<bool, FolderColumnCount> folderEnabled;          // of the position, not of the column
-        std::array<FileColumn, FileColumnCount> fileColumns;
-        std::array<bool, FileColumnCount> fileEnabled;
-    };
-    struct FilterSection {
-        int32_t presetSearchPattern;  // index into Scanner::SearchFilters
-        std::wstring customSearchPattern;
-        std::vector<std::wstring> excludedFolders;
-    };
-    struct SavingSection {
-        SaveLocation saveLocation;
-        std::wstring customFolderPath;
-        bool overwriteExisting;
-    };
-    struct OpeningSection {
-        OpenMethod openMethod;
-        std::wstring customProgramPath;
-    };
-    struct SortingSection {
-        bool sortDigitsAsNumbers;
-        std::array<FolderSortKey, FolderSortKeyCount> folderSortKeys;  // highest priority first
-        std::array<SortOrder, FolderSortKeyCount> folderSortOrder;
-        std::array<FileSortKey, FileSortKeyCount> fileSortKeys;
-        std::array<SortOrder, FileSortKeyCount> fileSortOrder;
-    };
-
-    std::wstring name;
-    int32_t position;  // counted from the bottom of the tree
-    FormatSection format;
-    DisplaySection display;
-    ColumnsSection columns;
-    FilterSection filter;
-    SavingSection saving;
-    OpeningSection opening;
-    SortingSection sorting;
-};
-
-class Preset : public MetaTypes::Settings {
+class Preset : public MetaTypes::SettingsOf<PresetRecord> {
 public:
-    // Row indices for Settings::Get and Settings::Section, one list for each table.
-    enum Row : uint32_t { Name, Position, Format, Display, Columns, Filter, Saving, Opening, Sorting };
-    struct FormatRow {
-        enum : uint32_t { ListStyle, EnableUtf8 };
-    };
-    struct DisplayRow {
-        enum : uint32_t {
-            SearchSubfolders,
-            SearchHidden,
-            ShowStatistics,
-            ShowFlatStyle,
-            IndentSize,
-            SizeStyle,
-        };
-    };
-    struct ColumnsRow {
-        enum : uint32_t { ShowHeaders, FolderColumns, FolderEnabled, FileColumns, FileEnabled };
-    };
-    struct FilterRow {
-        enum : uint32_t { PresetSearchPattern, CustomSearchPattern, ExcludedFolders };
-    };
-    struct SavingRow {
-        enum : uint32_t { SaveLocation, CustomFolderPath, OverwriteExisting };
-    };
-    struct OpeningRow {
-        enum : uint32_t { OpenMethod, CustomProgramPath };
-    };
-    struct SortingRow {
-        enum : uint32_t { SortDigitsAsNumbers, FolderSortKeys, FolderSortOrder, FileSortKeys, FileSortOrder };
-    };
+    // The rows of the preset's own fields and of its sections.
+#define ROW(type, name, member, value) \
+    static constexpr MetaTypes::Field<PresetRecord, type> name = {static_cast<uint32_t>(PresetRows::name)};
+    PRESET_FIELDS(ROW)
+#undef ROW
 
     // A preset with default values that will be stored under this key. Touches no registry.
     explicit Preset(const std::wstring& key);
@@ -107,8 +25,33 @@ public:
     // Takes every value of the other preset, its name included, but keeps the own position and key.
     virtual Preset& Assign(const Preset& other);
 
+    using SettingsOf::Get;
+    using SettingsOf::Section;
+
+    // A field of a section, for example preset.Get(Display::IndentSize).
+    template <typename Record, typename T>
+    T& Get(MetaTypes::Field<Record, T> field) {
+        return Section(SectionRow<Record>).Get(field);
+    }
+    template <typename Record, typename T>
+    const T& Get(MetaTypes::Field<Record, T> field) const {
+        return Section(SectionRow<Record>).Get(field);
+    }
+
+    // One element of an array of a section. Throws std::bad_cast if index is not below N.
+    template <typename Record, typename T, size_t N>
+    T& Get(MetaTypes::Field<Record, std::array<T, N>> field, size_t index) {
+        return Section(SectionRow<Record>).Get(field, index);
+    }
+    template <typename Record, typename T, size_t N>
+    const T& Get(MetaTypes::Field<Record, std::array<T, N>> field, size_t index) const {
+        return Section(SectionRow<Record>).Get(field, index);
+    }
+
     // The name of the preset's registry key, never changed.
-    const std::wstring& Key() const { return key_; }
+    const std::wstring& Key() const {
+        return key_;
+    }
 
     // Read and write the preset's registry key. What cannot be read keeps its value; what cannot be written
     // is lost in silence. The results say whether every field succeeded.

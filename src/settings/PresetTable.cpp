@@ -1,95 +1,54 @@
 #include "settings/PresetTable.h"
 
 #include <cstddef>
+#include <type_traits>
 
 #include "settings/EnumTables.h"
-#include "settings/Preset.h"
+#include "settings/PresetFields.h"
 #include "settings/metatypes/MakeRow.h"
 
 using MetaTypes::EndOfTable;
 using MetaTypes::FieldRow;
 using MetaTypes::MakeRow;
 
-// FIELD(record, name, member[, sub-table])
-#define FIELD(record, name, member, ...) \
-    MakeRow<decltype(record::member)>(name, offsetof(record, member) __VA_OPT__(, ) __VA_ARGS__)
-
 namespace {
 
-using Format = PresetRecord::FormatSection;
-constexpr FieldRow FormatTable[] = {
-    FIELD(Format, "ListStyle", listStyle, ListStyleNames),
-    FIELD(Format, "EnableUtf8", enableUtf8),
-    EndOfTable,
-};
+// The table of a section, by the section's record.
+template <typename Record>
+struct SectionTable;
 
-using Display = PresetRecord::DisplaySection;
-constexpr FieldRow DisplayTable[] = {
-    FIELD(Display, "SearchSubfolders", searchSubfolders),
-    FIELD(Display, "SearchHidden", searchHidden),
-    FIELD(Display, "ShowStatistics", showStatistics),
-    FIELD(Display, "ShowFlatStyle", showFlatStyle),
-    FIELD(Display, "IndentSize", indentSize),
-    FIELD(Display, "SizeStyle", sizeStyle, SizeStyleNames),
-    EndOfTable,
-};
+template <typename Member>
+constexpr FieldRow Row(const char* name, size_t offset) {
+    using Element = typename MetaTypes::MemberShape<Member>::Element;
+    if constexpr (requires { SectionTable<Member>::Rows; })
+        return MakeRow<Member>(name, offset, SectionTable<Member>::Rows);
+    else if constexpr (std::is_enum_v<Element>)
+        return MakeRow<Member>(name, offset, EnumNames(Element()));
+    else
+        return MakeRow<Member>(name, offset);
+}
 
-using Columns = PresetRecord::ColumnsSection;
-constexpr FieldRow ColumnsTable[] = {
-    FIELD(Columns, "ShowHeaders", showHeaders),
-    FIELD(Columns, "FolderColumns", folderColumns, FolderColumnNames),
-    FIELD(Columns, "FolderEnabled", folderEnabled),
-    FIELD(Columns, "FileColumns", fileColumns, FileColumnNames),
-    FIELD(Columns, "FileEnabled", fileEnabled),
-    EndOfTable,
-};
+#define ROW(type, name, member, value) Row<decltype(Record::member)>(#name, offsetof(Record, member)),
+#define DEFINE_TABLE(Section, FIELDS)                                \
+    template <>                                                      \
+    struct SectionTable<Section::Record> {                           \
+        using Record = Section::Record;                              \
+        static constexpr FieldRow Rows[] = {FIELDS(ROW) EndOfTable}; \
+    };
 
-using Filter = PresetRecord::FilterSection;
-constexpr FieldRow FilterTable[] = {
-    FIELD(Filter, "PresetSearchPattern", presetSearchPattern),
-    FIELD(Filter, "CustomSearchPattern", customSearchPattern),
-    FIELD(Filter, "ExcludedFolders", excludedFolders),
-    EndOfTable,
-};
+DEFINE_TABLE(Format, FORMAT_FIELDS)
+DEFINE_TABLE(Display, DISPLAY_FIELDS)
+DEFINE_TABLE(Columns, COLUMNS_FIELDS)
+DEFINE_TABLE(Filter, FILTER_FIELDS)
+DEFINE_TABLE(Saving, SAVING_FIELDS)
+DEFINE_TABLE(Opening, OPENING_FIELDS)
+DEFINE_TABLE(Sorting, SORTING_FIELDS)
 
-using Saving = PresetRecord::SavingSection;
-constexpr FieldRow SavingTable[] = {
-    FIELD(Saving, "SaveLocation", saveLocation, SaveLocationNames),
-    FIELD(Saving, "CustomFolderPath", customFolderPath),
-    FIELD(Saving, "OverwriteExisting", overwriteExisting),
-    EndOfTable,
-};
-
-using Opening = PresetRecord::OpeningSection;
-constexpr FieldRow OpeningTable[] = {
-    FIELD(Opening, "OpenMethod", openMethod, OpenMethodNames),
-    FIELD(Opening, "CustomProgramPath", customProgramPath),
-    EndOfTable,
-};
-
-using Sorting = PresetRecord::SortingSection;
-constexpr FieldRow SortingTable[] = {
-    FIELD(Sorting, "SortDigitsAsNumbers", sortDigitsAsNumbers),
-    FIELD(Sorting, "FolderSortKeys", folderSortKeys, FolderSortKeyNames),
-    FIELD(Sorting, "FolderSortOrder", folderSortOrder, SortOrderNames),
-    FIELD(Sorting, "FileSortKeys", fileSortKeys, FileSortKeyNames),
-    FIELD(Sorting, "FileSortOrder", fileSortOrder, SortOrderNames),
-    EndOfTable,
-};
+using Record = PresetRecord;
 
 }  // namespace
 
-constinit const FieldRow PresetTable[] = {
-    FIELD(PresetRecord, "Name", name),
-    FIELD(PresetRecord, "Position", position),
-    FIELD(PresetRecord, "Format", format, FormatTable),
-    FIELD(PresetRecord, "Display", display, DisplayTable),
-    FIELD(PresetRecord, "Columns", columns, ColumnsTable),
-    FIELD(PresetRecord, "Filter", filter, FilterTable),
-    FIELD(PresetRecord, "Saving", saving, SavingTable),
-    FIELD(PresetRecord, "Opening", opening, OpeningTable),
-    FIELD(PresetRecord, "Sorting", sorting, SortingTable),
-    EndOfTable,
-};
+constinit const FieldRow PresetTable[] = {PRESET_FIELDS(ROW) EndOfTable};
 
-#undef FIELD
+#undef ROW
+#undef DEFINE_TABLE

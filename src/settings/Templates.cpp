@@ -3,10 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "settings/DefaultColumns.h"
+#include "settings/OrderedArrays.h"
 #include "settings/Preset.h"
-
-using MetaTypes::Settings;
 
 const std::array<const wchar_t*, TemplateCount> TemplateNames = {
     L"All files (Simple, Text)", L"All files (Simple, HTML)", L"All files (Details, HTML)",
@@ -79,16 +77,17 @@ constexpr std::array<Template, TemplateCount> Templates = {{
 }};
 // clang-format on
 
-// Builds a pair of arrays from its short list and stores it in the two rows of the section.
-template <size_t N, typename Value, typename Flag>
-void SetArrays(Settings section, uint32_t valueRow, uint32_t flagRow,
-               std::span<const std::pair<Value, Flag>> pairs) {
+// Fills a pair of arrays from its short list and stores it in two fields of the preset.
+template <typename Section, typename Value, typename Flag, size_t N>
+void SetArrays(Preset& preset, MetaTypes::Field<Section, std::array<Value, N>> valueField,
+               MetaTypes::Field<Section, std::array<Flag, N>> flagField,
+               std::type_identity_t<std::span<const std::pair<Value, Flag>>> pairs) {
     std::array<Value, N> values;
     std::array<Flag, N> flags;
     FillSortKeys(pairs, values, flags);
     for (size_t i = 0; i < N; ++i) {
-        section.Get<Value>(valueRow, i) = values[i];
-        section.Get<Flag>(flagRow, i) = flags[i];
+        preset.Get(valueField, i) = values[i];
+        preset.Get(flagField, i) = flags[i];
     }
 }
 
@@ -96,48 +95,36 @@ void SetArrays(Settings section, uint32_t valueRow, uint32_t flagRow,
 
 void ApplyTemplate(Preset& preset, uint32_t number) {
     const Template& source = Templates[number];
-    preset.Get<std::wstring>(Preset::Name) = TemplateNames[number];
+    preset.Get(Preset::Name) = TemplateNames[number];
 
-    Settings format = preset.Section(Preset::Format);
-    format.Get<ListStyle>(Preset::FormatRow::ListStyle) = source.listStyle;
-    format.Get<bool>(Preset::FormatRow::EnableUtf8) = true;
+    preset.Get(Format::ListStyle) = source.listStyle;
+    preset.Get(Format::EnableUtf8) = true;
 
-    Settings display = preset.Section(Preset::Display);
-    display.Get<bool>(Preset::DisplayRow::SearchSubfolders) = true;
-    display.Get<bool>(Preset::DisplayRow::SearchHidden) = false;
-    display.Get<bool>(Preset::DisplayRow::ShowStatistics) = source.showStatistics;
-    display.Get<bool>(Preset::DisplayRow::ShowFlatStyle) = false;
-    display.Get<uint32_t>(Preset::DisplayRow::IndentSize) = source.indentSize;
-    display.Get<SizeStyle>(Preset::DisplayRow::SizeStyle) = SizeStyle::Dynamic;
+    preset.Get(Display::SearchSubfolders) = true;
+    preset.Get(Display::SearchHidden) = false;
+    preset.Get(Display::ShowStatistics) = source.showStatistics;
+    preset.Get(Display::ShowFlatStyle) = false;
+    preset.Get(Display::IndentSize) = source.indentSize;
+    preset.Get(Display::SizeStyle) = SizeStyle::Dynamic;
 
-    using ColumnsRow = Preset::ColumnsRow;
-    Settings columns = preset.Section(Preset::Columns);
-    columns.Get<bool>(ColumnsRow::ShowHeaders) = source.showHeaders;
-    SetArrays<FolderColumnCount>(columns, ColumnsRow::FolderColumns, ColumnsRow::FolderEnabled,
-                                 source.folderColumns);
-    SetArrays<FileColumnCount>(columns, ColumnsRow::FileColumns, ColumnsRow::FileEnabled, source.fileColumns);
+    preset.Get(Columns::ShowHeaders) = source.showHeaders;
+    SetArrays(preset, Columns::FolderColumns, Columns::FolderEnabled, source.folderColumns);
+    SetArrays(preset, Columns::FileColumns, Columns::FileEnabled, source.fileColumns);
 
-    Settings filter = preset.Section(Preset::Filter);
-    filter.Get<int32_t>(Preset::FilterRow::PresetSearchPattern) = source.presetSearchPattern;
-    filter.Get<std::wstring>(Preset::FilterRow::CustomSearchPattern) = L"*";
-    auto& excluded = filter.Get<std::vector<std::wstring>>(Preset::FilterRow::ExcludedFolders);
+    preset.Get(Filter::PresetSearchPattern) = source.presetSearchPattern;
+    preset.Get(Filter::CustomSearchPattern) = L"*";
+    std::vector<std::wstring>& excluded = preset.Get(Filter::ExcludedFolders);
     excluded = {DefaultExcludedFolder};
     excluded.insert(excluded.end(), source.excludedFolders.begin(), source.excludedFolders.end());
 
-    Settings saving = preset.Section(Preset::Saving);
-    saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = SaveLocation::Temporary;
-    saving.Get<std::wstring>(Preset::SavingRow::CustomFolderPath).clear();
-    saving.Get<bool>(Preset::SavingRow::OverwriteExisting) = false;
+    preset.Get(Saving::SaveLocation) = SaveLocation::Temporary;
+    preset.Get(Saving::CustomFolderPath).clear();
+    preset.Get(Saving::OverwriteExisting) = false;
 
-    Settings opening = preset.Section(Preset::Opening);
-    opening.Get<OpenMethod>(Preset::OpeningRow::OpenMethod) = OpenMethod::Default;
-    opening.Get<std::wstring>(Preset::OpeningRow::CustomProgramPath).clear();
+    preset.Get(Opening::OpenMethod) = OpenMethod::Default;
+    preset.Get(Opening::CustomProgramPath).clear();
 
-    using SortingRow = Preset::SortingRow;
-    Settings sorting = preset.Section(Preset::Sorting);
-    sorting.Get<bool>(SortingRow::SortDigitsAsNumbers) = source.sortDigitsAsNumbers;
-    SetArrays<FolderSortKeyCount>(sorting, SortingRow::FolderSortKeys, SortingRow::FolderSortOrder,
-                                  source.folderSort);
-    SetArrays<FileSortKeyCount>(sorting, SortingRow::FileSortKeys, SortingRow::FileSortOrder,
-                                source.fileSort);
+    preset.Get(Sorting::SortDigitsAsNumbers) = source.sortDigitsAsNumbers;
+    SetArrays(preset, Sorting::FolderSortKeys, Sorting::FolderSortOrder, source.folderSort);
+    SetArrays(preset, Sorting::FileSortKeys, Sorting::FileSortOrder, source.fileSort);
 }

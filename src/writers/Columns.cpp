@@ -12,6 +12,8 @@
 
 namespace {
 
+using MetaTypes::Field;
+
 using Scanner::Record;
 
 void FolderNumber(Writer& writer, const PathState& state, const Record&) {
@@ -156,14 +158,15 @@ constexpr std::array<Column, FileColumnCount> FileTable = {{
 // The rows of the table that the preset shows, in display order. The enabled flag belongs to a position, and
 // the enumeration's value says which column stands there.
 template <typename Enumeration, size_t Count>
-std::vector<const Column*> Shown(const Preset& preset, uint32_t columnsRow, uint32_t enabledRow,
+std::vector<const Column*> Shown(const Preset& preset,
+                                 Field<Columns::Record, std::array<Enumeration, Count>> columns,
+                                 Field<Columns::Record, std::array<bool, Count>> enabled,
                                  const std::array<Column, Count>& table) {
-    const MetaTypes::Settings columns = preset.Section(Preset::Columns);
     std::vector<const Column*> shown;
     for (size_t i = 0; i < Count; ++i) {
-        if (!columns.Get<bool>(enabledRow, i))
+        if (!preset.Get(enabled, i))
             continue;
-        const auto value = static_cast<uint32_t>(columns.Get<Enumeration>(columnsRow, i));
+        const auto value = static_cast<uint32_t>(preset.Get(columns, i));
         if (value >= Count)
             throw std::exception();
         shown.push_back(&table[value]);
@@ -172,17 +175,15 @@ std::vector<const Column*> Shown(const Preset& preset, uint32_t columnsRow, uint
 }
 
 std::vector<const Column*> ShownFolderColumns(const Preset& preset) {
-    return Shown<FolderColumn>(preset, Preset::ColumnsRow::FolderColumns, Preset::ColumnsRow::FolderEnabled,
-                               FolderTable);
+    return Shown(preset, Columns::FolderColumns, Columns::FolderEnabled, FolderTable);
 }
 
 std::vector<const Column*> ShownFileColumns(const Preset& preset) {
-    return Shown<FileColumn>(preset, Preset::ColumnsRow::FileColumns, Preset::ColumnsRow::FileEnabled,
-                             FileTable);
+    return Shown(preset, Columns::FileColumns, Columns::FileEnabled, FileTable);
 }
 
 std::vector<ColumnWriter> Writers(const Preset& preset, const std::vector<const Column*>& columns) {
-    const bool flat = preset.Section(Preset::Display).Get<bool>(Preset::DisplayRow::ShowFlatStyle);
+    const bool flat = preset.Get(Display::ShowFlatStyle);
     std::vector<ColumnWriter> writers;
     for (const Column* column : columns)
         writers.push_back(flat ? column->flat : column->grouped);

@@ -20,11 +20,9 @@ std::wstring HeadingRow(const std::vector<const wchar_t*>& titles) {
 }  // namespace
 
 HtmlWriter::HtmlWriter(const Preset& jobPreset, const wchar_t* outputPath)
-    : Writer(jobPreset, outputPath),
-      preset(&jobPreset),
-      indentStep(preset->Section(Preset::Display).Get<uint32_t>(Preset::DisplayRow::IndentSize) << 4) {
+    : Writer(jobPreset, outputPath), preset(&jobPreset), indentStep(preset->Get(Display::IndentSize) << 4) {
     WriteHead();
-    if (preset->Section(Preset::Columns).Get<bool>(Preset::ColumnsRow::ShowHeaders)) {
+    if (preset->Get(Columns::ShowHeaders)) {
         folderHeaderRow = HeadingRow(FolderTitles(*preset));
         fileHeaderRow = HeadingRow(FileTitles(*preset));
     }
@@ -40,7 +38,7 @@ void HtmlWriter::WriteHeader(const PathState&, const Scanner::Folder& root) {
     WriteText(FormatLocalTime());
     WriteLine(L"</span></td></tr>");
     WriteLine(L"</table>");
-    if (Shows(Preset::DisplayRow::ShowStatistics)) {
+    if (preset->Get(Display::ShowStatistics)) {
         WriteLine(L"<table>");
         WriteText(L"\t<tr><td>Total size:</td><td>");
         sizeWriter(*this, root.size);
@@ -54,7 +52,7 @@ void HtmlWriter::WriteHeader(const PathState&, const Scanner::Folder& root) {
         WriteLine(L"</table>");
     }
     // In the flat style each of the two lists brings its own.
-    if (!Shows(Preset::DisplayRow::ShowFlatStyle))
+    if (!preset->Get(Display::ShowFlatStyle))
         WriteSeparator();
 }
 
@@ -65,7 +63,7 @@ void HtmlWriter::WriteFooter(const PathState&, const Scanner::Folder&) {
 }
 
 void HtmlWriter::BeginFolders(uint64_t) {
-    if (folderColumns.empty() || !Shows(Preset::DisplayRow::ShowFlatStyle))
+    if (folderColumns.empty() || !preset->Get(Display::ShowFlatStyle))
         return;
     WriteSeparator();
     OpenFolderTable();
@@ -74,7 +72,7 @@ void HtmlWriter::BeginFolders(uint64_t) {
 void HtmlWriter::WriteFolder(const PathState& state, const Scanner::Folder& folder) {
     if (folderColumns.empty())
         return;
-    if (Shows(Preset::DisplayRow::ShowFlatStyle)) {
+    if (preset->Get(Display::ShowFlatStyle)) {
         WriteRow(folderColumns, state, folder);
         return;
     }
@@ -84,14 +82,14 @@ void HtmlWriter::WriteFolder(const PathState& state, const Scanner::Folder& fold
 }
 
 void HtmlWriter::EndFolders(uint64_t) {
-    if (Shows(Preset::DisplayRow::ShowFlatStyle))
+    if (preset->Get(Display::ShowFlatStyle))
         CloseTable();
 }
 
 void HtmlWriter::BeginFiles() {
     if (fileColumns.empty())
         return;
-    if (Shows(Preset::DisplayRow::ShowFlatStyle))
+    if (preset->Get(Display::ShowFlatStyle))
         WriteSeparator();
     OpenFileTable();
 }
@@ -115,15 +113,11 @@ void HtmlWriter::Unindent() {
         --depth;
 }
 
-bool HtmlWriter::Shows(uint32_t displayRow) const {
-    return preset->Section(Preset::Display).Get<bool>(displayRow);
-}
-
 void HtmlWriter::WriteHead() {
     WriteLine(L"<!DOCTYPE html>");
     WriteLine(L"<html>");
     WriteLine(L"<head>");
-    if (preset->Section(Preset::Format).Get<bool>(Preset::FormatRow::EnableUtf8)) {
+    if (preset->Get(Format::EnableUtf8)) {
         WriteLine(L"\t<meta charset=\"utf-8\">");
         WriteLine(L"\t<meta name=\"viewport\" content=\"width=device-width, initial-scale=1.0\">");
     }

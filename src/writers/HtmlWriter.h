@@ -24,7 +24,6 @@ public:
     void Unindent() override;
 
 private:
-    bool Shows(uint32_t displayRow) const;
     void WriteHead();
     void WriteSeparator();
     void OpenFolderTable();

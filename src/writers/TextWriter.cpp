@@ -23,9 +23,9 @@ std::wstring Heading(const std::vector<const wchar_t*>& titles) {
 TextWriter::TextWriter(const Preset& jobPreset, const wchar_t* outputPath)
     : Writer(jobPreset, outputPath),
       preset(&jobPreset),
-      indentUnit(preset->Section(Preset::Display).Get<uint32_t>(Preset::DisplayRow::IndentSize), L'\t'),
+      indentUnit(preset->Get(Display::IndentSize), L'\t'),
       columnSeparator(L"\t") {
-    if (preset->Section(Preset::Columns).Get<bool>(Preset::ColumnsRow::ShowHeaders)) {
+    if (preset->Get(Columns::ShowHeaders)) {
         folderHeader = Heading(FolderTitles(*preset));
         fileHeader = Heading(FileTitles(*preset));
     }
@@ -39,7 +39,7 @@ void TextWriter::WriteHeader(const PathState&, const Scanner::Folder& root) {
     WriteText(L"Created: ");
     WriteLine(FormatLocalTime());
     EndLine();
-    if (!Shows(Preset::DisplayRow::ShowStatistics))
+    if (!preset->Get(Display::ShowStatistics))
         return;
     WriteText(L"Total size: ");
     sizeWriter(*this, root.size);
@@ -57,7 +57,7 @@ void TextWriter::WriteHeader(const PathState&, const Scanner::Folder& root) {
 void TextWriter::WriteFooter(const PathState&, const Scanner::Folder&) {}
 
 void TextWriter::BeginFolders(uint64_t) {
-    if (Shows(Preset::DisplayRow::ShowFlatStyle))
+    if (preset->Get(Display::ShowFlatStyle))
         WriteText(folderHeader);
 }
 
@@ -66,12 +66,12 @@ void TextWriter::WriteFolder(const PathState& state, const Scanner::Folder& fold
 }
 
 void TextWriter::EndFolders(uint64_t) {
-    if (Shows(Preset::DisplayRow::ShowFlatStyle))
+    if (preset->Get(Display::ShowFlatStyle))
         EndLine();
 }
 
 void TextWriter::BeginFiles() {
-    if (!Shows(Preset::DisplayRow::ShowFlatStyle))
+    if (!preset->Get(Display::ShowFlatStyle))
         return;
     EndLine();
     EndLine();
@@ -94,10 +94,6 @@ void TextWriter::Unindent() {
         return;
     currentIndent.resize(currentIndent.size() - indentUnit.size());
     --depth;
-}
-
-bool TextWriter::Shows(uint32_t displayRow) const {
-    return preset->Section(Preset::Display).Get<bool>(displayRow);
 }
 
 void TextWriter::WriteRow(const std::vector<ColumnWriter>& columns, const PathState& state,

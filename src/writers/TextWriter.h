@@ -23,7 +23,6 @@ public:
     void Unindent() override;
 
 private:
-    bool Shows(uint32_t displayRow) const;
     void WriteRow(const std::vector<ColumnWriter>& columns, const PathState& state,
                   const Scanner::Record& record);
 

@@ -10,7 +10,7 @@
 namespace {
 
 std::unique_ptr<Writer> MakeWriter(const Preset& preset, const wchar_t* outputPath) {
-    if (preset.Section(Preset::Format).Get<ListStyle>(Preset::FormatRow::ListStyle) == ListStyle::Html)
+    if (preset.Get(Format::ListStyle) == ListStyle::Html)
         return std::make_unique<HtmlWriter>(preset, outputPath);
     return std::make_unique<TextWriter>(preset, outputPath);
 }
@@ -19,6 +19,6 @@ std::unique_ptr<Writer> MakeWriter(const Preset& preset, const wchar_t* outputPa
 
 void WriteList(const Preset& preset, const Scanner::Node& root, const wchar_t* outputPath) {
     const std::unique_ptr<Writer> writer = MakeWriter(preset, outputPath);
-    const bool flat = preset.Section(Preset::Display).Get<bool>(Preset::DisplayRow::ShowFlatStyle);
+    const bool flat = preset.Get(Display::ShowFlatStyle);
     WalkTree(*writer, root, flat);
 }

@@ -6,13 +6,12 @@
 #include "writers/Encoding.h"
 
 Writer::Writer(const Preset& preset, const wchar_t* outputPath)
-    : sizeWriter(
-          MakeSizeWriter(preset.Section(Preset::Display).Get<SizeStyle>(Preset::DisplayRow::SizeStyle))),
+    : sizeWriter(MakeSizeWriter(preset.Get(Display::SizeStyle))),
       folderColumns(MakeFolderColumns(preset)),
       fileColumns(MakeFileColumns(preset)),
       stream(outputPath) {
     stream << std::fixed << std::showpoint << std::setprecision(1);
-    if (preset.Section(Preset::Format).Get<bool>(Preset::FormatRow::EnableUtf8))
+    if (preset.Get(Format::EnableUtf8))
         stream << "\xEF\xBB\xBF";
 }
 

@@ -105,7 +105,7 @@ std::wstring WrittenPath(Input& input, std::wstring path) {
 }
 
 bool IsHtml(const Preset& preset) {
-    return preset.Section(Preset::Format).Get<ListStyle>(Preset::FormatRow::ListStyle) == ListStyle::Html;
+    return preset.Get(Format::ListStyle) == ListStyle::Html;
 }
 
 std::vector<std::string> LinesOf(const std::string& text) {
@@ -140,13 +140,13 @@ bool AreUtf16(const ExpectedScan& scan) {
 
 void CheckList(std::string text, const ExpectedScan& scan, const Preset& preset) {
     constexpr std::string_view Mark = "\xEF\xBB\xBF";
-    const bool marked = preset.Section(Preset::Format).Get<bool>(Preset::FormatRow::EnableUtf8);
+    const bool marked = preset.Get(Format::EnableUtf8);
     Check(text.starts_with(Mark) == marked, "the mark is there if it is wanted", text);
     text.erase(0, marked ? Mark.size() : 0);
 
     const bool html = IsHtml(preset);
     std::vector<std::string> lines = LinesOf(text);
-    const bool statistics = preset.Section(Preset::Display).Get<bool>(Preset::DisplayRow::ShowStatistics);
+    const bool statistics = preset.Get(Display::ShowStatistics);
     if (statistics)
         CheckStatistics(lines, scan, preset);
     // Above the rows of a text list: the header, and the statistics with two empty lines.
@@ -179,7 +179,7 @@ void CheckJob(const Job& job, const FakeTree& tree, const Preset& preset, const 
     Check(job.reachedDocument ? !job.cancelledScan : true, "a cancelled scan makes no list", path);
     Check(job.errors <= 1 && !(job.errors == 1 && job.reachedDocument), "one error ends the scan", path);
 
-    const auto method = preset.Section(Preset::Opening).Get<OpenMethod>(Preset::OpeningRow::OpenMethod);
+    const auto method = preset.Get(Opening::OpenMethod);
     const bool opened = job.reachedDocument && !job.cancelled && method != OpenMethod::Nothing;
     Check(FakeWin::ShellExecutions().size() == (opened ? 1 : 0), "a list is opened as the preset says", path);
 
@@ -209,8 +209,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
     Job job(preset, WrittenPath(formInput, tree.path), trouble);
     const bool existed = FakeWin::EntryExists(job.OutputPath());
-    Check(!existed || preset.Section(Preset::Saving).Get<bool>(Preset::SavingRow::OverwriteExisting),
-          "no file is overwritten unasked", Utf8(job.OutputPath()));
+    Check(!existed || preset.Get(Saving::OverwriteExisting), "no file is overwritten unasked",
+          Utf8(job.OutputPath()));
     job.RunToEnd();
     CheckJob(job, tree, preset, trouble, existed);
     Check(FakeWin::LeftOpen().empty(), "nothing stays open", FakeWin::LeftOpen());

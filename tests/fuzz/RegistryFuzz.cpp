@@ -39,7 +39,7 @@ void CheckRead(MetaTypes::Settings& read, MetaTypes::Settings& defaults, const E
 }
 
 int32_t PositionOf(const Preset& preset) {
-    return preset.Get<int32_t>(Preset::Position);
+    return preset.Get(Preset::Position);
 }
 
 // The presets in the order of their keys.

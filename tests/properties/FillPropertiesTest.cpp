@@ -3,8 +3,7 @@
 #include <set>
 
 #include "properties/Random.h"
-#include "settings/Enumerations.h"
-#include "settings/Templates.h"
+#include "settings/OrderedArrays.h"
 
 namespace {
 

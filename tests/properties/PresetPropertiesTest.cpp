@@ -88,10 +88,10 @@ TEST(PresetProperties, ACopyHasAllValuesAndAnAssignedPresetAllButThePosition) {
 
         Preset target(L"target");
         FillRandomly(random, target);
-        const int32_t position = target.Get<int32_t>(Preset::Position);
+        const int32_t position = target.Get(Preset::Position);
         target.Assign(preset);
-        EXPECT_EQ(target.Get<int32_t>(Preset::Position), position);
-        target.Get<int32_t>(Preset::Position) = preset.Get<int32_t>(Preset::Position);
+        EXPECT_EQ(target.Get(Preset::Position), position);
+        target.Get(Preset::Position) = preset.Get(Preset::Position);
         EXPECT_EQ(TextsOf(target), TextsOf(preset));
     });
 }

@@ -47,11 +47,10 @@ protected:
         preset.Headers(false)
             .Folders({FolderColumn::Name, FolderColumn::NumberOfFiles})
             .Files({FileColumn::Filename});
-        preset.Section(Preset::Display).Get<bool>(Preset::DisplayRow::SearchSubfolders) = true;
-        MetaTypes::Settings saving = preset.Section(Preset::Saving);
-        saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = SaveLocation::Custom;
-        saving.Get<std::wstring>(Preset::SavingRow::CustomFolderPath) = L"C:\\Lists";
-        preset.Section(Preset::Opening).Get<OpenMethod>(Preset::OpeningRow::OpenMethod) = OpenMethod::Nothing;
+        preset.Get(Display::SearchSubfolders) = true;
+        preset.Get(Saving::SaveLocation) = SaveLocation::Custom;
+        preset.Get(Saving::CustomFolderPath) = L"C:\\Lists";
+        preset.Get(Opening::OpenMethod) = OpenMethod::Nothing;
     }
     ~LargeTrees() override { FakeWin::SetLogging(true); }
 

@@ -1,5 +1,5 @@
 // Descriptions of records as constant data. A persistent class carries one table for its record; saving,
-// loading and typed access all read the table, so that a field is described in one place.
+// loading and typed access all read the table.
 #pragma once
 
 #include <cstdint>

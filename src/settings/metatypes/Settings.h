@@ -1,6 +1,6 @@
-// The base of everything that is stored: a field table and the record it describes. Access to a field goes
-// through Get with the row's index, which tests the row against the type asked for, so that a table and the
-// code that uses it cannot disagree in silence. A Settings is also used by value as a view of one section.
+// The base of everything that is stored: a field table and the record it describes. Get takes a row's index
+// and checks the row against the type asked for; Field.h makes that check at compile time. A Settings is also
+// used by value as a view of one section.
 #pragma once
 
 #include <cstddef>

@@ -95,7 +95,7 @@ protected:
 
 TEST_F(OptionsTest, BoxesShowSettingAndRegistration) {
     for (const bool on : {false, true}) {
-        settings.Get<bool>(MainSettings::ConfirmExit) = on;
+        settings.Get(MainSettings::ConfirmExit) = on;
         if (on)
             registration.Write();
         Run([on](HWND dialog) {
@@ -117,7 +117,7 @@ TEST_F(OptionsTest, ConfirmExitIsStoredAtEachClickAndKeptByEsc) {
               }),
               0);
     EXPECT_EQ(registry.Get(MainSettings::RootKey, L"ConfirmExit"), DwordValue(1));
-    EXPECT_TRUE(settings.Get<bool>(MainSettings::ConfirmExit));
+    EXPECT_TRUE(settings.Get(MainSettings::ConfirmExit));
     EXPECT_TRUE(registry.Get(MainSettings::RootKey, L"WindowWidth").has_value()) << "all values are saved";
 }
 

@@ -118,25 +118,24 @@ std::string FileCell(const ExpectedRecord& record, FileColumn column, SizeStyle 
     }
 }
 
-template <typename Column>
-std::vector<Column> Shown(const Preset& preset, uint32_t columnsRow, uint32_t enabledRow, size_t count) {
-    const MetaTypes::Settings columns = preset.Section(Preset::Columns);
+template <typename Column, size_t Count>
+std::vector<Column> Shown(const Preset& preset,
+                          MetaTypes::Field<Columns::Record, std::array<Column, Count>> columns,
+                          MetaTypes::Field<Columns::Record, std::array<bool, Count>> enabled) {
     std::vector<Column> shown;
-    for (size_t i = 0; i < count; ++i) {
-        if (columns.Get<bool>(enabledRow, i))
-            shown.push_back(columns.Get<Column>(columnsRow, i));
+    for (size_t i = 0; i < Count; ++i) {
+        if (preset.Get(enabled, i))
+            shown.push_back(preset.Get(columns, i));
     }
     return shown;
 }
 
 std::vector<FolderColumn> FolderColumns(const Preset& preset) {
-    using Row = Preset::ColumnsRow;
-    return Shown<FolderColumn>(preset, Row::FolderColumns, Row::FolderEnabled, FolderColumnCount);
+    return Shown(preset, Columns::FolderColumns, Columns::FolderEnabled);
 }
 
 std::vector<FileColumn> FileColumns(const Preset& preset) {
-    using Row = Preset::ColumnsRow;
-    return Shown<FileColumn>(preset, Row::FileColumns, Row::FileEnabled, FileColumnCount);
+    return Shown(preset, Columns::FileColumns, Columns::FileEnabled);
 }
 
 // A name may look like a number of a row, and is then taken for one on both sides.
@@ -156,13 +155,9 @@ std::string Row(const std::vector<std::string>& cells, size_t tabs, bool html) {
 }  // namespace
 
 std::vector<std::string> ExpectedRows(const ExpectedScan& scan, const Preset& preset) {
-    const MetaTypes::Settings display = preset.Section(Preset::Display);
-    const auto style = display.Get<SizeStyle>(Preset::DisplayRow::SizeStyle);
-    const size_t indent = display.Get<bool>(Preset::DisplayRow::ShowFlatStyle)
-                              ? 0
-                              : display.Get<uint32_t>(Preset::DisplayRow::IndentSize);
-    const bool html =
-        preset.Section(Preset::Format).Get<ListStyle>(Preset::FormatRow::ListStyle) == ListStyle::Html;
+    const auto style = preset.Get(Display::SizeStyle);
+    const size_t indent = preset.Get(Display::ShowFlatStyle) ? 0 : preset.Get(Display::IndentSize);
+    const bool html = preset.Get(Format::ListStyle) == ListStyle::Html;
 
     std::vector<std::string> rows;
     for (const ExpectedRecord& record : scan.records) {

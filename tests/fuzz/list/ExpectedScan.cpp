@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "fuzz/Reference.h"
-#include "scanner/SearchFilters.h"
+#include "settings/SearchFilters.h"
 
 namespace Fuzz {
 
@@ -12,17 +12,14 @@ namespace {
 class Walk {
 public:
     Walk(const Preset& preset, Scanner::AccessDeniedAnswer answer) : answer_(answer) {
-        const MetaTypes::Settings display = preset.Section(Preset::Display);
-        const MetaTypes::Settings filter = preset.Section(Preset::Filter);
-        recursive_ = display.Get<bool>(Preset::DisplayRow::SearchSubfolders);
-        skipsHidden_ = !display.Get<bool>(Preset::DisplayRow::SearchHidden);
-        const auto row = static_cast<size_t>(filter.Get<int32_t>(Preset::FilterRow::PresetSearchPattern));
-        std::wstring pattern = Scanner::SearchFilters[row].pattern;
+        recursive_ = preset.Get(Display::SearchSubfolders);
+        skipsHidden_ = !preset.Get(Display::SearchHidden);
+        const auto row = static_cast<size_t>(preset.Get(Filter::PresetSearchPattern));
+        std::wstring pattern = SearchFilters[row].pattern;
         if (pattern.empty())
-            pattern = filter.Get<std::wstring>(Preset::FilterRow::CustomSearchPattern);
+            pattern = preset.Get(Filter::CustomSearchPattern);
         patterns_ = SearchPatterns(pattern);
-        exclusions_ =
-            ExcludedPatterns(filter.Get<std::vector<std::wstring>>(Preset::FilterRow::ExcludedFolders));
+        exclusions_ = ExcludedPatterns(preset.Get(Filter::ExcludedFolders));
     }
 
     // Adds what lies below the folder. Its own numbers are in record, whose address does not last.

@@ -1,7 +1,7 @@
 #include "fuzz/list/RandomPreset.h"
 
 #include "properties/RecordFields.h"
-#include "scanner/SearchFilters.h"
+#include "settings/SearchFilters.h"
 #include "settings/metatypes/Memory.h"
 
 namespace Fuzz {
@@ -50,20 +50,16 @@ void FillPreset(Input& input, Preset& preset) {
         }
     }
 
-    MetaTypes::Settings filter = preset.Section(Preset::Filter);
     // One list in two has all files.
-    const size_t row = input.Below(2 * Scanner::SearchFilters.size());
-    filter.Get<int32_t>(Preset::FilterRow::PresetSearchPattern) =
-        row < Scanner::SearchFilters.size() ? static_cast<int32_t>(row) : 0;
-    filter.Get<std::wstring>(Preset::FilterRow::CustomSearchPattern) =
-        input.Below(4) == 3 ? input.Text(6) : input.Choose(Patterns);
-    auto& excluded = filter.Get<std::vector<std::wstring>>(Preset::FilterRow::ExcludedFolders);
+    const size_t row = input.Below(2 * SearchFilters.size());
+    preset.Get(Filter::PresetSearchPattern) = row < SearchFilters.size() ? static_cast<int32_t>(row) : 0;
+    preset.Get(Filter::CustomSearchPattern) = input.Below(4) == 3 ? input.Text(6) : input.Choose(Patterns);
+    auto& excluded = preset.Get(Filter::ExcludedFolders);
     excluded.clear();
     for (size_t count = input.Below(4); count > 0; --count)
         excluded.push_back(input.Choose(Exclusions));
 
-    preset.Section(Preset::Saving).Get<std::wstring>(Preset::SavingRow::CustomFolderPath) =
-        input.Choose(ListFolders);
+    preset.Get(Saving::CustomFolderPath) = input.Choose(ListFolders);
 }
 
 }  // namespace Fuzz

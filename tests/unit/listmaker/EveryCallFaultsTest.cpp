@@ -121,8 +121,8 @@ TEST_F(EveryCallOfAJob, AloneHasTheOutcomeThatIsSettledForIt) {
 
 TEST_F(EveryCallOfAJob, ThatMakesAFlatListHasTheOutcomeThatIsSettledForIt) {
     Preset preset = MakePreset();
-    preset.Section(Preset::Display).Get<bool>(Preset::DisplayRow::ShowFlatStyle) = true;
-    preset.Section(Preset::Columns).Get<bool>(Preset::ColumnsRow::ShowHeaders) = false;
+    preset.Get(Display::ShowFlatStyle) = true;
+    preset.Get(Columns::ShowHeaders) = false;
     const Situation situation{[this] { Prepare(); }, [&] { RunAlone(preset); }};
     TestSupport::FailEveryCall<Row>(situation, FailingJob::Rows(),
                                     [&](const Row& row, const Failure& failure) {
@@ -203,7 +203,7 @@ TEST_F(EveryCallOfAJob, OnAFullDiskEndsInOrderWithAsMuchAsThereIsRoomFor) {
 // A page has line feeds that are not flushed by themselves, so the cut may lie between any two of its lines.
 TEST_F(EveryCallOfAJob, ThatWritesAPageLosesWhatFollowsAFailedWrite) {
     Preset preset = MakePreset();
-    preset.Section(Preset::Format).Get<ListStyle>(Preset::FormatRow::ListStyle) = ListStyle::Html;
+    preset.Get(Format::ListStyle) = ListStyle::Html;
     constexpr wchar_t Page[] = L"C:\\Temp\\List of Photos.html";
     const TestSupport::EveryCall every({[this] { Prepare(); }, [&] { RunAlone(preset); }});
     const std::string whole = FakeWin::Contents(Page).value_or("");

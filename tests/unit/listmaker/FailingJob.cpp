@@ -13,15 +13,13 @@ namespace {
 constexpr wchar_t Program[] = L"C:\\Program Files\\viewer.exe";
 
 void SetColumns(Preset& preset) {
-    MetaTypes::Settings columns = preset.Section(Preset::Columns);
-    using Field = Preset::ColumnsRow;
-    columns.Get<FolderColumn>(Field::FolderColumns, 0) = FolderColumn::Name;
-    columns.Get<FolderColumn>(Field::FolderColumns, 1) = FolderColumn::LastTimeWritten;
-    columns.Get<FileColumn>(Field::FileColumns, 0) = FileColumn::Filename;
-    columns.Get<FileColumn>(Field::FileColumns, 1) = FileColumn::LastTimeWritten;
-    for (const uint32_t row : {Field::FolderEnabled, Field::FileEnabled}) {
-        columns.Get<bool>(row, 0) = true;
-        columns.Get<bool>(row, 1) = true;
+    preset.Get(Columns::FolderColumns, 0) = FolderColumn::Name;
+    preset.Get(Columns::FolderColumns, 1) = FolderColumn::LastTimeWritten;
+    preset.Get(Columns::FileColumns, 0) = FileColumn::Filename;
+    preset.Get(Columns::FileColumns, 1) = FileColumn::LastTimeWritten;
+    for (const size_t position : {0, 1}) {
+        preset.Get(Columns::FolderEnabled, position) = true;
+        preset.Get(Columns::FileEnabled, position) = true;
     }
 }
 
@@ -89,22 +87,17 @@ void ExpectOpened(const Outcome& outcome) {
 Preset MakePreset(OpenMethod method) {
     Preset preset(L"test");
     SetColumns(preset);
-    preset.Section(Preset::Format).Get<bool>(Preset::FormatRow::EnableUtf8) = false;
-    preset.Section(Preset::Display).Get<bool>(Preset::DisplayRow::SearchSubfolders) = true;
+    preset.Get(Format::EnableUtf8) = false;
+    preset.Get(Display::SearchSubfolders) = true;
     // Only beyond ASCII the system is asked for a lower case.
-    preset.Section(Preset::Filter).Get<std::vector<std::wstring>>(Preset::FilterRow::ExcludedFolders) = {
-        L"*\\\u00C9t\u00E9"};
-    MetaTypes::Settings sorting = preset.Section(Preset::Sorting);
-    using Field = Preset::SortingRow;
-    sorting.Get<FolderSortKey>(Field::FolderSortKeys, 0) = FolderSortKey::Name;
-    sorting.Get<FileSortKey>(Field::FileSortKeys, 0) = FileSortKey::LastTimeWritten;
-    sorting.Get<FileSortKey>(Field::FileSortKeys, 1) = FileSortKey::Name;
-    MetaTypes::Settings saving = preset.Section(Preset::Saving);
-    saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = SaveLocation::Temporary;
-    saving.Get<bool>(Preset::SavingRow::OverwriteExisting) = false;
-    MetaTypes::Settings opening = preset.Section(Preset::Opening);
-    opening.Get<OpenMethod>(Preset::OpeningRow::OpenMethod) = method;
-    opening.Get<std::wstring>(Preset::OpeningRow::CustomProgramPath) = Program;
+    preset.Get(Filter::ExcludedFolders) = {L"*\\\u00C9t\u00E9"};
+    preset.Get(Sorting::FolderSortKeys, 0) = FolderSortKey::Name;
+    preset.Get(Sorting::FileSortKeys, 0) = FileSortKey::LastTimeWritten;
+    preset.Get(Sorting::FileSortKeys, 1) = FileSortKey::Name;
+    preset.Get(Saving::SaveLocation) = SaveLocation::Temporary;
+    preset.Get(Saving::OverwriteExisting) = false;
+    preset.Get(Opening::OpenMethod) = method;
+    preset.Get(Opening::CustomProgramPath) = Program;
     return preset;
 }
 

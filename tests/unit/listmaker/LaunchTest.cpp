@@ -16,9 +16,8 @@ const std::wstring List = L"C:\\My Lists\\List of Photos.txt";
 
 Preset MakePreset(OpenMethod method, const std::wstring& program = L"") {
     Preset preset(L"test");
-    MetaTypes::Settings opening = preset.Section(Preset::Opening);
-    opening.Get<OpenMethod>(Preset::OpeningRow::OpenMethod) = method;
-    opening.Get<std::wstring>(Preset::OpeningRow::CustomProgramPath) = program;
+    preset.Get(Opening::OpenMethod) = method;
+    preset.Get(Opening::CustomProgramPath) = program;
     return preset;
 }
 

@@ -12,10 +12,9 @@ namespace {
 
 Preset MakePreset() {
     Preset preset(L"test");
-    MetaTypes::Settings saving = preset.Section(Preset::Saving);
-    saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = SaveLocation::Custom;
-    saving.Get<std::wstring>(Preset::SavingRow::CustomFolderPath) = L"C:\\Lists";
-    preset.Section(Preset::Opening).Get<OpenMethod>(Preset::OpeningRow::OpenMethod) = OpenMethod::Default;
+    preset.Get(Saving::SaveLocation) = SaveLocation::Custom;
+    preset.Get(Saving::CustomFolderPath) = L"C:\\Lists";
+    preset.Get(Opening::OpenMethod) = OpenMethod::Default;
     return preset;
 }
 
@@ -159,8 +158,7 @@ TEST_F(ListMakerFaults, DestructionOnTheWorkerEndsTheProcess) {
 
 TEST_F(ListMakerFaults, ColumnThatCannotBeWrittenEndsTheProcess) {
     Preset preset = MakePreset();
-    preset.Section(Preset::Columns).Get<FileColumn>(Preset::ColumnsRow::FileColumns, 0) =
-        static_cast<FileColumn>(FileColumnCount);
+    preset.Get(Columns::FileColumns, 0) = static_cast<FileColumn>(FileColumnCount);
     EXPECT_DEATH(
         {
             Job job(preset);

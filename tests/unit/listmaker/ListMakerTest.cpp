@@ -14,11 +14,10 @@ namespace {
 // Saves over an older list into the folder and opens nothing.
 Preset MakePreset(const std::wstring& listFolder) {
     Preset preset(L"test");
-    MetaTypes::Settings saving = preset.Section(Preset::Saving);
-    saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = SaveLocation::Custom;
-    saving.Get<std::wstring>(Preset::SavingRow::CustomFolderPath) = listFolder;
-    saving.Get<bool>(Preset::SavingRow::OverwriteExisting) = true;
-    preset.Section(Preset::Opening).Get<OpenMethod>(Preset::OpeningRow::OpenMethod) = OpenMethod::Nothing;
+    preset.Get(Saving::SaveLocation) = SaveLocation::Custom;
+    preset.Get(Saving::CustomFolderPath) = listFolder;
+    preset.Get(Saving::OverwriteExisting) = true;
+    preset.Get(Opening::OpenMethod) = OpenMethod::Nothing;
     return preset;
 }
 
@@ -141,8 +140,8 @@ TEST_F(ListMakerTest, KeepsItsListAfterALateCancel) {
 TEST_F(ListMakerTest, NeverSeesLaterEditsOfThePreset) {
     auto preset = std::make_unique<Preset>(MakePreset(folder.Path(L"Lists")));
     NotingJob job(*preset, folder.Path(L"Photos"));
-    preset->Section(Preset::Format).Get<ListStyle>(Preset::FormatRow::ListStyle) = ListStyle::Html;
-    preset->Section(Preset::Filter).Get<int32_t>(Preset::FilterRow::PresetSearchPattern) = 1;
+    preset->Get(Format::ListStyle) = ListStyle::Html;
+    preset->Get(Filter::PresetSearchPattern) = 1;
     preset.reset();
     job.Start();
     job.Wait();
@@ -155,7 +154,7 @@ TEST_F(ListMakerTest, NeverSeesLaterEditsOfThePreset) {
 TEST_F(ListMakerTest, SettlesTheNameWhenItIsMade) {
     const Preset preset = MakePreset(folder.Path(L"Lists"));
     Preset counting(preset);
-    counting.Section(Preset::Saving).Get<bool>(Preset::SavingRow::OverwriteExisting) = false;
+    counting.Get(Saving::OverwriteExisting) = false;
     NotingJob job(counting, folder.Path(L"Photos"));
     folder.AddFile(L"Lists\\List of Photos.txt", "older");
     EXPECT_EQ(job.OutputPath(), folder.Path(L"Lists\\List of Photos.txt"));
@@ -178,7 +177,7 @@ TEST_F(ListMakerTest, ListsEveryFileForAnEmptyCustomPattern) {
     folder.AddFile(L"Photos\\a.jpg", 1);
     folder.AddFile(L"Photos\\plain", 1);
     Preset preset = MakePreset(folder.Path(L"Lists"));
-    preset.Section(Preset::Filter).Get<int32_t>(Preset::FilterRow::PresetSearchPattern) = 8;
+    preset.Get(Filter::PresetSearchPattern) = 8;
     NotingJob job(preset, folder.Path(L"Photos"));
     job.Start();
     job.Wait();

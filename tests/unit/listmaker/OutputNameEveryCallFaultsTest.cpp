@@ -42,10 +42,10 @@ const Place Places[] = {
 
 Preset PresetOf(const Place& place) {
     Preset preset(L"test");
-    MetaTypes::Settings saving = preset.Section(Preset::Saving);
-    saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = place.location;
-    saving.Get<std::wstring>(Preset::SavingRow::CustomFolderPath) = L"C:/Lists/";
-    saving.Get<bool>(Preset::SavingRow::OverwriteExisting) = place.overwrite;
+    auto saving = preset.Section(Preset::Saving);
+    saving.Get(Saving::SaveLocation) = place.location;
+    saving.Get(Saving::CustomFolderPath) = L"C:/Lists/";
+    saving.Get(Saving::OverwriteExisting) = place.overwrite;
     return preset;
 }
 

@@ -10,9 +10,8 @@ namespace {
 
 Preset TemporaryPreset() {
     Preset preset(L"test");
-    MetaTypes::Settings saving = preset.Section(Preset::Saving);
-    saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = SaveLocation::Temporary;
-    saving.Get<bool>(Preset::SavingRow::OverwriteExisting) = false;
+    preset.Get(Saving::SaveLocation) = SaveLocation::Temporary;
+    preset.Get(Saving::OverwriteExisting) = false;
     return preset;
 }
 

@@ -10,11 +10,10 @@ namespace {
 Preset MakePreset(SaveLocation location, const std::wstring& customFolder, bool overwrite,
                   ListStyle style = ListStyle::Text) {
     Preset preset(L"test");
-    preset.Section(Preset::Format).Get<ListStyle>(Preset::FormatRow::ListStyle) = style;
-    MetaTypes::Settings saving = preset.Section(Preset::Saving);
-    saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = location;
-    saving.Get<std::wstring>(Preset::SavingRow::CustomFolderPath) = customFolder;
-    saving.Get<bool>(Preset::SavingRow::OverwriteExisting) = overwrite;
+    preset.Get(Format::ListStyle) = style;
+    preset.Get(Saving::SaveLocation) = location;
+    preset.Get(Saving::CustomFolderPath) = customFolder;
+    preset.Get(Saving::OverwriteExisting) = overwrite;
     return preset;
 }
 

@@ -9,24 +9,11 @@ namespace {
 
 using Scanner::Comparison;
 
-MetaTypes::Settings Display(Preset& preset) {
-    return preset.Section(Preset::Display);
-}
-MetaTypes::Settings Columns(Preset& preset) {
-    return preset.Section(Preset::Columns);
-}
-MetaTypes::Settings Filter(Preset& preset) {
-    return preset.Section(Preset::Filter);
-}
-MetaTypes::Settings Sorting(Preset& preset) {
-    return preset.Section(Preset::Sorting);
-}
-
 void EnableNoColumn(Preset& preset) {
     for (size_t i = 0; i < FolderColumnCount; i++)
-        Columns(preset).Get<bool>(Preset::ColumnsRow::FolderEnabled, i) = false;
+        preset.Get(Columns::FolderEnabled, i) = false;
     for (size_t i = 0; i < FileColumnCount; i++)
-        Columns(preset).Get<bool>(Preset::ColumnsRow::FileEnabled, i) = false;
+        preset.Get(Columns::FileEnabled, i) = false;
 }
 
 std::vector<Comparison> Keys(const std::vector<Scanner::SortKey>& sortKeys) {
@@ -42,7 +29,7 @@ TEST(ScanOptions, CollectFoldersIfAnyFolderColumnIsOn) {
     EXPECT_FALSE(ScanOptions(preset, nullptr).collectFolders);
     for (size_t i = 0; i < FolderColumnCount; i++) {
         EnableNoColumn(preset);
-        Columns(preset).Get<bool>(Preset::ColumnsRow::FolderEnabled, i) = true;
+        preset.Get(Columns::FolderEnabled, i) = true;
         EXPECT_TRUE(ScanOptions(preset, nullptr).collectFolders) << i;
         EXPECT_FALSE(ScanOptions(preset, nullptr).collectFiles) << i;
     }
@@ -54,7 +41,7 @@ TEST(ScanOptions, CollectFilesIfAnyFileColumnIsOn) {
     EXPECT_FALSE(ScanOptions(preset, nullptr).collectFiles);
     for (size_t i = 0; i < FileColumnCount; i++) {
         EnableNoColumn(preset);
-        Columns(preset).Get<bool>(Preset::ColumnsRow::FileEnabled, i) = true;
+        preset.Get(Columns::FileEnabled, i) = true;
         EXPECT_TRUE(ScanOptions(preset, nullptr).collectFiles) << i;
         EXPECT_FALSE(ScanOptions(preset, nullptr).collectFolders) << i;
     }
@@ -69,9 +56,9 @@ TEST(ScanOptions, ReportToTheListener) {
 TEST(ScanOptions, TakeTheSwitchesOfThePreset) {
     for (const bool on : {false, true}) {
         Preset preset(L"test");
-        Display(preset).Get<bool>(Preset::DisplayRow::ShowFlatStyle) = on;
-        Display(preset).Get<bool>(Preset::DisplayRow::SearchSubfolders) = !on;
-        Sorting(preset).Get<bool>(Preset::SortingRow::SortDigitsAsNumbers) = on;
+        preset.Get(Display::ShowFlatStyle) = on;
+        preset.Get(Display::SearchSubfolders) = !on;
+        preset.Get(Sorting::SortDigitsAsNumbers) = on;
         const Scanner::Options options = ScanOptions(preset, nullptr);
         EXPECT_EQ(options.flatten, on);
         EXPECT_EQ(options.recursive, !on);
@@ -81,9 +68,9 @@ TEST(ScanOptions, TakeTheSwitchesOfThePreset) {
 
 TEST(ScanOptions, SkipHiddenEntriesAndNothingElseUnlessTheyAreSearched) {
     Preset preset(L"test");
-    Display(preset).Get<bool>(Preset::DisplayRow::SearchHidden) = false;
+    preset.Get(Display::SearchHidden) = false;
     EXPECT_EQ(ScanOptions(preset, nullptr).attributeMask, 1 << 4);
-    Display(preset).Get<bool>(Preset::DisplayRow::SearchHidden) = true;
+    preset.Get(Display::SearchHidden) = true;
     EXPECT_EQ(ScanOptions(preset, nullptr).attributeMask, 0);
 }
 
@@ -110,23 +97,23 @@ TEST(ScanOptions, TakeThePatternOfTheChosenFilter) {
     };
     for (const auto& row : rows) {
         Preset preset(L"test");
-        Filter(preset).Get<int32_t>(Preset::FilterRow::PresetSearchPattern) = row.row;
-        Filter(preset).Get<std::wstring>(Preset::FilterRow::CustomSearchPattern) = L"own*.txt";
+        preset.Get(Filter::PresetSearchPattern) = row.row;
+        preset.Get(Filter::CustomSearchPattern) = L"own*.txt";
         EXPECT_EQ(ScanOptions(preset, nullptr).searchPattern, row.pattern) << row.row;
     }
 }
 
 TEST(ScanOptions, KeepAnEmptyCustomPatternEmpty) {
     Preset preset(L"test");
-    Filter(preset).Get<int32_t>(Preset::FilterRow::PresetSearchPattern) = 8;
-    Filter(preset).Get<std::wstring>(Preset::FilterRow::CustomSearchPattern) = L"";
+    preset.Get(Filter::PresetSearchPattern) = 8;
+    preset.Get(Filter::CustomSearchPattern) = L"";
     EXPECT_EQ(ScanOptions(preset, nullptr).searchPattern, L"");
 }
 
 TEST(ScanOptions, CopyTheExcludedFoldersInTheirOrder) {
     const std::vector<std::wstring> folders = {L"?:\\Windows", L"", L"C:\\b", L"C:\\a", L"C:\\b"};
     Preset preset(L"test");
-    Filter(preset).Get<std::vector<std::wstring>>(Preset::FilterRow::ExcludedFolders) = folders;
+    preset.Get(Filter::ExcludedFolders) = folders;
     EXPECT_EQ(ScanOptions(preset, nullptr).excludedFolders, folders);
 }
 
@@ -148,7 +135,7 @@ TEST(ScanOptions, TranslateTheFolderKeysInTheirOrder) {
     Preset preset(L"test");
     std::vector<Comparison> expected;
     for (const auto& row : rows) {
-        Sorting(preset).Get<FolderSortKey>(Preset::SortingRow::FolderSortKeys, expected.size()) = row.key;
+        preset.Get(Sorting::FolderSortKeys, expected.size()) = row.key;
         expected.push_back(row.comparison);
     }
     EXPECT_EQ(Keys(ScanOptions(preset, nullptr).folderSortKeys), expected);
@@ -170,7 +157,7 @@ TEST(ScanOptions, TranslateTheFileKeysInTheirOrder) {
     Preset preset(L"test");
     std::vector<Comparison> expected;
     for (const auto& row : rows) {
-        Sorting(preset).Get<FileSortKey>(Preset::SortingRow::FileSortKeys, expected.size()) = row.key;
+        preset.Get(Sorting::FileSortKeys, expected.size()) = row.key;
         expected.push_back(row.comparison);
     }
     EXPECT_EQ(Keys(ScanOptions(preset, nullptr).fileSortKeys), expected);
@@ -179,10 +166,9 @@ TEST(ScanOptions, TranslateTheFileKeysInTheirOrder) {
 TEST(ScanOptions, SortAscendingOnlyWhereTheOrderSaysExactlyThat) {
     Preset preset(L"test");
     for (size_t i = 0; i < FolderSortKeyCount; i++)
-        Sorting(preset).Get<SortOrder>(Preset::SortingRow::FolderSortOrder, i) =
-            static_cast<SortOrder>(i % 3);
+        preset.Get(Sorting::FolderSortOrder, i) = static_cast<SortOrder>(i % 3);
     for (size_t i = 0; i < FileSortKeyCount; i++)
-        Sorting(preset).Get<SortOrder>(Preset::SortingRow::FileSortOrder, i) = static_cast<SortOrder>(i % 3);
+        preset.Get(Sorting::FileSortOrder, i) = static_cast<SortOrder>(i % 3);
     const Scanner::Options options = ScanOptions(preset, nullptr);
     ASSERT_EQ(options.folderSortKeys.size(), FolderSortKeyCount);
     for (size_t i = 0; i < FolderSortKeyCount; i++)
@@ -194,11 +180,10 @@ TEST(ScanOptions, SortAscendingOnlyWhereTheOrderSaysExactlyThat) {
 
 TEST(ScanOptions, LeaveOutKeysThatNameNoComparison) {
     Preset preset(L"test");
-    Sorting(preset).Get<FolderSortKey>(Preset::SortingRow::FolderSortKeys, 0) = static_cast<FolderSortKey>(9);
-    Sorting(preset).Get<FolderSortKey>(Preset::SortingRow::FolderSortKeys, 8) =
-        static_cast<FolderSortKey>(0xFFFFFFFF);
-    Sorting(preset).Get<SortOrder>(Preset::SortingRow::FolderSortOrder, 1) = SortOrder::Descending;
-    Sorting(preset).Get<FileSortKey>(Preset::SortingRow::FileSortKeys, 3) = static_cast<FileSortKey>(7);
+    preset.Get(Sorting::FolderSortKeys, 0) = static_cast<FolderSortKey>(9);
+    preset.Get(Sorting::FolderSortKeys, 8) = static_cast<FolderSortKey>(0xFFFFFFFF);
+    preset.Get(Sorting::FolderSortOrder, 1) = SortOrder::Descending;
+    preset.Get(Sorting::FileSortKeys, 3) = static_cast<FileSortKey>(7);
     const Scanner::Options options = ScanOptions(preset, nullptr);
     ASSERT_EQ(options.folderSortKeys.size(), 7u);
     EXPECT_FALSE(options.folderSortKeys[0].ascending) << "each order stays with its key";
@@ -214,8 +199,8 @@ TEST(ScanOptions, HaveFolderKeysOnlyWhenFoldersShowOrAreEntered) {
     for (const auto& row : rows) {
         Preset preset(L"test");
         EnableNoColumn(preset);
-        Columns(preset).Get<bool>(Preset::ColumnsRow::FolderEnabled, 11) = row.folderColumn;
-        Display(preset).Get<bool>(Preset::DisplayRow::SearchSubfolders) = row.recursive;
+        preset.Get(Columns::FolderEnabled, 11) = row.folderColumn;
+        preset.Get(Display::SearchSubfolders) = row.recursive;
         EXPECT_EQ(ScanOptions(preset, nullptr).folderSortKeys.size(), row.keys)
             << row.folderColumn << " " << row.recursive;
     }
@@ -225,9 +210,9 @@ TEST(ScanOptions, HaveFileKeysOnlyWhenFilesShow) {
     for (const bool recursive : {false, true}) {
         Preset preset(L"test");
         EnableNoColumn(preset);
-        Display(preset).Get<bool>(Preset::DisplayRow::SearchSubfolders) = recursive;
+        preset.Get(Display::SearchSubfolders) = recursive;
         EXPECT_EQ(ScanOptions(preset, nullptr).fileSortKeys.size(), 0u);
-        Columns(preset).Get<bool>(Preset::ColumnsRow::FileEnabled, 10) = true;
+        preset.Get(Columns::FileEnabled, 10) = true;
         EXPECT_EQ(ScanOptions(preset, nullptr).fileSortKeys.size(), 7u);
     }
 }
@@ -235,7 +220,7 @@ TEST(ScanOptions, HaveFileKeysOnlyWhenFilesShow) {
 TEST(ScanOptions, HaveNoKeysAtAllWithEveryColumnOffInASingleFolder) {
     Preset preset(L"test");
     EnableNoColumn(preset);
-    Display(preset).Get<bool>(Preset::DisplayRow::SearchSubfolders) = false;
+    preset.Get(Display::SearchSubfolders) = false;
     const Scanner::Options options = ScanOptions(preset, nullptr);
     EXPECT_TRUE(options.folderSortKeys.empty());
     EXPECT_TRUE(options.fileSortKeys.empty());

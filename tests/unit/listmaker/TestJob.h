@@ -10,11 +10,10 @@
 // Saves lists into the folder, over older ones.
 inline Preset MakeJobPreset(const std::wstring& listFolder, OpenMethod openMethod) {
     Preset preset(L"test");
-    MetaTypes::Settings saving = preset.Section(Preset::Saving);
-    saving.Get<SaveLocation>(Preset::SavingRow::SaveLocation) = SaveLocation::Custom;
-    saving.Get<std::wstring>(Preset::SavingRow::CustomFolderPath) = listFolder;
-    saving.Get<bool>(Preset::SavingRow::OverwriteExisting) = true;
-    preset.Section(Preset::Opening).Get<OpenMethod>(Preset::OpeningRow::OpenMethod) = openMethod;
+    preset.Get(Saving::SaveLocation) = SaveLocation::Custom;
+    preset.Get(Saving::CustomFolderPath) = listFolder;
+    preset.Get(Saving::OverwriteExisting) = true;
+    preset.Get(Opening::OpenMethod) = openMethod;
     return preset;
 }
 

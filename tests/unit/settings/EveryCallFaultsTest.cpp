@@ -37,18 +37,18 @@ void StoreDefaults() {
 // Every value differs from its default; the second preset stands above the first.
 void StoreOtherValues() {
     MainSettings settings;
-    settings.Get<int32_t>(MainSettings::WindowPosX) = 1;
-    settings.Get<int32_t>(MainSettings::WindowPosY) = 2;
-    settings.Get<uint32_t>(MainSettings::WindowWidth) = 3;
-    settings.Get<uint32_t>(MainSettings::WindowHeight) = 4;
-    settings.Get<bool>(MainSettings::FirstRun) = false;
-    settings.Get<bool>(MainSettings::ConfirmExit) = true;
+    settings.Get(MainSettings::WindowPosX) = 1;
+    settings.Get(MainSettings::WindowPosY) = 2;
+    settings.Get(MainSettings::WindowWidth) = 3;
+    settings.Get(MainSettings::WindowHeight) = 4;
+    settings.Get(MainSettings::FirstRun) = false;
+    settings.Get(MainSettings::ConfirmExit) = true;
     settings.SaveMain();
     int32_t position = 0;
     for (const wchar_t* key : Keys) {
         Preset preset(key);
         ChangeEveryValue(preset);
-        preset.Get<int32_t>(Preset::Position) = ++position;
+        preset.Get(Preset::Position) = ++position;
         preset.Save();
     }
 }
@@ -161,8 +161,8 @@ TEST_F(EveryCallOfReading, LeavesADefaultWhereLoadingFails) {
             EXPECT_EQ(result, !ofRoot);
             int32_t above = INT32_MAX;
             for (const auto& preset : settings_->Presets) {
-                EXPECT_LE(preset->Get<int32_t>(Preset::Position), above);
-                above = preset->Get<int32_t>(Preset::Position);
+                EXPECT_LE(preset->Get(Preset::Position), above);
+                above = preset->Get(Preset::Position);
             }
             ExpectHeld(row, f, images_.stored);
         });
@@ -227,8 +227,8 @@ TEST_F(EveryCallOfReading, MakesSettingsWithoutDesktopAndPath) {
     };
     const Situation situation{[] {}, [&] { settings_.emplace(); }};
     TestSupport::FailEveryCall<Place>(situation, rows, [&](const Place& row, const Failure&) {
-        EXPECT_EQ(settings_->Get<int32_t>(MainSettings::WindowPosX), row.x);
-        EXPECT_EQ(settings_->Get<int32_t>(MainSettings::WindowPosY), row.y);
+        EXPECT_EQ(settings_->Get(MainSettings::WindowPosX), row.x);
+        EXPECT_EQ(settings_->Get(MainSettings::WindowPosY), row.y);
         EXPECT_EQ(settings_->Shell.ModulePath, row.module);
         EXPECT_EQ(TestSupport::Differences(TestSupport::RegistryNow(), {}), "");
     });

@@ -121,7 +121,7 @@ struct EveryCallOfStoring : testing::Test {
         for (const wchar_t* key : {L"one", L"two"}) {
             Preset preset(key);
             ChangeEveryValue(preset);
-            preset.Get<int32_t>(Preset::Position) = ++position;
+            preset.Get(Preset::Position) = ++position;
             EXPECT_TRUE(preset.Save());
         }
         settings_.emplace();
@@ -133,7 +133,7 @@ struct EveryCallOfStoring : testing::Test {
     void ExpectPositions(const std::vector<int32_t>& expected) const {
         std::vector<int32_t> positions;
         for (const auto& preset : settings_->Presets)
-            positions.push_back(preset->Get<int32_t>(Preset::Position));
+            positions.push_back(preset->Get(Preset::Position));
         EXPECT_EQ(positions, expected);
     }
 
@@ -171,12 +171,12 @@ TEST_F(EveryCallOfStoring, KeepsOldValuesWhereTheSettingsFail) {
     bool result = false;
     const auto prepare = [&] {
         Prepare();
-        for (const uint32_t row : {MainSettings::WindowPosX, MainSettings::WindowPosY})
-            settings_->Get<int32_t>(row) = -5;
-        for (const uint32_t row : {MainSettings::WindowWidth, MainSettings::WindowHeight})
-            settings_->Get<uint32_t>(row) = 5;
-        settings_->Get<bool>(MainSettings::FirstRun) = false;
-        settings_->Get<bool>(MainSettings::ConfirmExit) = true;
+        for (const auto field : {MainSettings::WindowPosX, MainSettings::WindowPosY})
+            settings_->Get(field) = -5;
+        for (const auto field : {MainSettings::WindowWidth, MainSettings::WindowHeight})
+            settings_->Get(field) = 5;
+        settings_->Get(MainSettings::FirstRun) = false;
+        settings_->Get(MainSettings::ConfirmExit) = true;
     };
     const auto save = [&] { result = settings_->SaveMain(); };
     TestSupport::FailEveryCall<Row>({prepare, save}, SaveRows, [&](const Row& row, const Failure& failure) {
@@ -189,7 +189,7 @@ TEST_F(EveryCallOfStoring, KeepsOldValuesWhereTheSettingsFail) {
 TEST_F(EveryCallOfStoring, RenumbersAllTheSame) {
     const auto prepare = [&] {
         Prepare();
-        settings_->Presets.front()->Get<int32_t>(Preset::Position) = -1;
+        settings_->Presets.front()->Get(Preset::Position) = -1;
     };
     const Situation renumber{prepare, [&] { settings_->Renumber(); }};
     TestSupport::FailEveryCall<Row>(renumber, SaveRows, [&](const Row& row, const Failure& failure) {
@@ -208,7 +208,7 @@ TEST_F(EveryCallOfStoring, CreatesAPresetAllTheSame) {
         const auto savesWithDefaults = [&] {
             std::vector<Save> saves = SavesOf(*settings_);
             Preset stored(settings_->Presets.back()->Key());
-            stored.Get<int32_t>(Preset::Position) = 1;
+            stored.Get(Preset::Position) = 1;
             EXPECT_NE(saves.back().writes, SaveOf(stored).writes);
             saves.back() = SaveOf(stored);
             return saves;

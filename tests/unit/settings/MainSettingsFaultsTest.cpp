@@ -32,16 +32,16 @@ TEST(MainSettingsFaults, TheWindowIsCentredInUnsignedArithmetic) {
     for (const Placement& row : rows) {
         FakeWin::SetDesktop(row.desktop);
         const MainSettings settings;
-        EXPECT_EQ(settings.Get<int32_t>(MainSettings::WindowPosX), row.x) << row.desktop.right;
-        EXPECT_EQ(settings.Get<int32_t>(MainSettings::WindowPosY), row.y) << row.desktop.bottom;
+        EXPECT_EQ(settings.Get(MainSettings::WindowPosX), row.x) << row.desktop.right;
+        EXPECT_EQ(settings.Get(MainSettings::WindowPosY), row.y) << row.desktop.bottom;
     }
 }
 
 TEST(MainSettingsFaults, WithoutADesktopTheWindowStandsAt100) {
     FakeWin::RemoveDesktop();
     const MainSettings settings;
-    EXPECT_EQ(settings.Get<int32_t>(MainSettings::WindowPosX), 100);
-    EXPECT_EQ(settings.Get<int32_t>(MainSettings::WindowPosY), 100);
+    EXPECT_EQ(settings.Get(MainSettings::WindowPosX), 100);
+    EXPECT_EQ(settings.Get(MainSettings::WindowPosY), 100);
 }
 
 TEST(MainSettingsFaults, AFailedSaveIsSilent) {
@@ -50,7 +50,7 @@ TEST(MainSettingsFaults, AFailedSaveIsSilent) {
     MainSettings settings;
     EXPECT_FALSE(settings.SaveMain());
     const Preset& preset = settings.CreatePreset();
-    EXPECT_EQ(preset.Get<int32_t>(Preset::Position), 1);
+    EXPECT_EQ(preset.Get(Preset::Position), 1);
     EXPECT_FALSE(preset.Save());
     EXPECT_FALSE(registry.KeyExists(Root));
 }

@@ -26,10 +26,10 @@ std::vector<std::wstring> Keys(const MainSettings& settings) {
 TEST(MainSettings, ANewObjectHasTheDefaultsAndTouchesNoRegistry) {
     TestRegistry registry;
     const MainSettings settings;
-    EXPECT_EQ(settings.Get<uint32_t>(MainSettings::WindowWidth), 580u);
-    EXPECT_EQ(settings.Get<uint32_t>(MainSettings::WindowHeight), 360u);
-    EXPECT_TRUE(settings.Get<bool>(MainSettings::FirstRun));
-    EXPECT_FALSE(settings.Get<bool>(MainSettings::ConfirmExit));
+    EXPECT_EQ(settings.Get(MainSettings::WindowWidth), 580u);
+    EXPECT_EQ(settings.Get(MainSettings::WindowHeight), 360u);
+    EXPECT_TRUE(settings.Get(MainSettings::FirstRun));
+    EXPECT_FALSE(settings.Get(MainSettings::ConfirmExit));
     EXPECT_TRUE(settings.Presets.empty());
     EXPECT_FALSE(registry.KeyExists(Root));
 }
@@ -40,8 +40,8 @@ TEST(MainSettings, TheWindowStandsInTheMiddleOfTheDesktop) {
     ASSERT_GT(desktop.right - desktop.left, 580);
     ASSERT_GT(desktop.bottom - desktop.top, 360);
     const MainSettings settings;
-    const int32_t x = settings.Get<int32_t>(MainSettings::WindowPosX);
-    const int32_t y = settings.Get<int32_t>(MainSettings::WindowPosY);
+    const int32_t x = settings.Get(MainSettings::WindowPosX);
+    const int32_t y = settings.Get(MainSettings::WindowPosY);
     // As much room on the left as on the right, but for an odd pixel.
     EXPECT_NEAR(x - desktop.left, desktop.right - (x + 580), 1);
     EXPECT_NEAR(y - desktop.top, desktop.bottom - (y + 360), 1);
@@ -78,11 +78,11 @@ TEST(MainSettings, SaveMainWritesSixNumbers) {
 TEST(MainSettings, LoadAllOfAnEmptyRegistryKeepsTheDefaultsAndMakesNothing) {
     TestRegistry registry;
     MainSettings settings;
-    const int32_t x = settings.Get<int32_t>(MainSettings::WindowPosX);
+    const int32_t x = settings.Get(MainSettings::WindowPosX);
     EXPECT_FALSE(settings.LoadAll());
     EXPECT_TRUE(settings.Presets.empty());
-    EXPECT_EQ(settings.Get<int32_t>(MainSettings::WindowPosX), x);
-    EXPECT_TRUE(settings.Get<bool>(MainSettings::FirstRun));
+    EXPECT_EQ(settings.Get(MainSettings::WindowPosX), x);
+    EXPECT_TRUE(settings.Get(MainSettings::FirstRun));
     EXPECT_FALSE(registry.KeyExists(Root));
 }
 
@@ -97,12 +97,12 @@ TEST(MainSettings, LoadAllReadsTheApplicationsValues) {
     MainSettings settings;
     EXPECT_TRUE(settings.LoadAll());
     EXPECT_TRUE(settings.Presets.empty());
-    EXPECT_EQ(settings.Get<int32_t>(MainSettings::WindowPosX), -1);
-    EXPECT_EQ(settings.Get<int32_t>(MainSettings::WindowPosY), 2);
-    EXPECT_EQ(settings.Get<uint32_t>(MainSettings::WindowWidth), 3u);
-    EXPECT_EQ(settings.Get<uint32_t>(MainSettings::WindowHeight), 0xFFFFFFFEu);
-    EXPECT_FALSE(settings.Get<bool>(MainSettings::FirstRun));
-    EXPECT_TRUE(settings.Get<bool>(MainSettings::ConfirmExit));
+    EXPECT_EQ(settings.Get(MainSettings::WindowPosX), -1);
+    EXPECT_EQ(settings.Get(MainSettings::WindowPosY), 2);
+    EXPECT_EQ(settings.Get(MainSettings::WindowWidth), 3u);
+    EXPECT_EQ(settings.Get(MainSettings::WindowHeight), 0xFFFFFFFEu);
+    EXPECT_FALSE(settings.Get(MainSettings::FirstRun));
+    EXPECT_TRUE(settings.Get(MainSettings::ConfirmExit));
 }
 
 TEST(MainSettings, LoadAllFailsForOneMissingValueAndReadsTheOthers) {
@@ -112,8 +112,8 @@ TEST(MainSettings, LoadAllFailsForOneMissingValueAndReadsTheOthers) {
     registry.SetString(Root, L"ConfirmExit", L"1");
     MainSettings settings;
     EXPECT_FALSE(settings.LoadAll());
-    EXPECT_EQ(settings.Get<uint32_t>(MainSettings::WindowWidth), 999u);
-    EXPECT_FALSE(settings.Get<bool>(MainSettings::ConfirmExit));
+    EXPECT_EQ(settings.Get(MainSettings::WindowWidth), 999u);
+    EXPECT_FALSE(settings.Get(MainSettings::ConfirmExit));
 }
 
 TEST(MainSettings, EverySubkeyBecomesAPreset) {
@@ -143,7 +143,7 @@ TEST(MainSettings, SectionsInTheRootKeyAppearAsPresets) {
 TEST(MainSettings, CreatePresetAppendsAStoredPreset) {
     TestRegistry registry;
     Preset old(L"old");
-    old.Get<int32_t>(Preset::Position) = 1;
+    old.Get(Preset::Position) = 1;
     EXPECT_TRUE(old.Save());
     MainSettings settings;
     settings.LoadAll();
@@ -153,7 +153,7 @@ TEST(MainSettings, CreatePresetAppendsAStoredPreset) {
     PresetValues expected;
     expected.position = 1;
     ExpectEqual(ValuesOf(preset), expected);
-    EXPECT_EQ(settings.Presets.front()->Get<int32_t>(Preset::Position), 2);
+    EXPECT_EQ(settings.Presets.front()->Get(Preset::Position), 2);
     EXPECT_EQ(registry.Get(Root + L"\\old", L"Position"), DwordValue(2));
     EXPECT_EQ(registry.Get(Root + L"\\" + preset.Key(), L"Position"), DwordValue(1));
     EXPECT_LE(preset.Key().length(), 8u);
@@ -194,7 +194,7 @@ TEST(MainSettings, CreateFromTemplateSetsTheValuesButDoesNotStoreThem) {
         const Preset& preset = settings.CreateFromTemplate(number);
         EXPECT_EQ(settings.Presets.back().get(), &preset);
         Preset expected(L"");
-        expected.Get<int32_t>(Preset::Position) = 1;
+        expected.Get(Preset::Position) = 1;
         ApplyTemplate(expected, number);
         ExpectEqual(ValuesOf(preset), ValuesOf(expected));
         EXPECT_EQ(registry.Get(Root + L"\\" + preset.Key(), L"Name"), StringValue(L"New Preset"));
@@ -220,10 +220,10 @@ TEST(MainSettings, FindPresetTakesOneFromTheList) {
     EXPECT_TRUE(Preset(L"abc").Save());
     MainSettings settings;
     settings.LoadAll();
-    settings.Presets.front()->Get<std::wstring>(Preset::Name) = L"In memory";
+    settings.Presets.front()->Get(Preset::Name) = L"In memory";
     EXPECT_EQ(settings.FindPreset(L"abc"), settings.Presets.front().get());
     EXPECT_EQ(settings.Presets.size(), 1u);
-    EXPECT_EQ(settings.Presets.front()->Get<std::wstring>(Preset::Name), L"In memory");
+    EXPECT_EQ(settings.Presets.front()->Get(Preset::Name), L"In memory");
 }
 
 TEST(MainSettings, FindPresetOfAnUnknownKeyIsNullAndChangesNothing) {

@@ -18,7 +18,7 @@ using Order = std::vector<std::pair<std::wstring, int32_t>>;
 Order OrderOf(const MainSettings& settings) {
     Order order;
     for (const auto& preset : settings.Presets) {
-        order.emplace_back(preset->Key(), preset->Get<int32_t>(Preset::Position));
+        order.emplace_back(preset->Key(), preset->Get(Preset::Position));
     }
     return order;
 }
@@ -73,7 +73,7 @@ TEST_F(PresetOrder, RenumberSortsFirst) {
     Store({{L"a", 3}, {L"b", 2}, {L"c", 1}});
     MainSettings settings;
     settings.LoadAll();
-    settings.Presets.back()->Get<int32_t>(Preset::Position) = 9;
+    settings.Presets.back()->Get(Preset::Position) = 9;
     settings.Renumber();
     EXPECT_EQ(OrderOf(settings), (Order{{L"c", 3}, {L"a", 2}, {L"b", 1}}));
     ExpectStored(OrderOf(settings));
@@ -83,7 +83,7 @@ TEST_F(PresetOrder, RenumberSavesEachPresetInFull) {
     Store({{L"a", 3}});
     MainSettings settings;
     settings.LoadAll();
-    settings.Presets.front()->Get<std::wstring>(Preset::Name) = L"Renamed";
+    settings.Presets.front()->Get(Preset::Name) = L"Renamed";
     settings.Renumber();
     EXPECT_EQ(registry_.Get(Root + L"\\a", L"Name"), StringValue(L"Renamed"));
     EXPECT_EQ(registry_.Subkeys(Root + L"\\a").size(), 7u);

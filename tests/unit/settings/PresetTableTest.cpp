@@ -118,25 +118,25 @@ TEST(PresetTable, SortingHasItsRows) {
 
 // The row indices of the class are what all other code goes by.
 TEST(PresetTable, TheRowIndicesOfTheClassNameTheirRows) {
-    const auto name = [](uint32_t section, uint32_t row) {
-        return std::string(SectionTable(section)[row].name);
+    const auto name = [](auto section, auto field) {
+        return std::string(SectionTable(section.row)[field.row].name);
     };
-    EXPECT_STREQ(PresetTable[Preset::Name].name, "Name");
-    EXPECT_STREQ(PresetTable[Preset::Position].name, "Position");
-    EXPECT_STREQ(PresetTable[Preset::Format].name, "Format");
-    EXPECT_STREQ(PresetTable[Preset::Display].name, "Display");
-    EXPECT_STREQ(PresetTable[Preset::Columns].name, "Columns");
-    EXPECT_STREQ(PresetTable[Preset::Filter].name, "Filter");
-    EXPECT_STREQ(PresetTable[Preset::Saving].name, "Saving");
-    EXPECT_STREQ(PresetTable[Preset::Opening].name, "Opening");
-    EXPECT_STREQ(PresetTable[Preset::Sorting].name, "Sorting");
-    EXPECT_EQ(name(Preset::Format, Preset::FormatRow::EnableUtf8), "EnableUtf8");
-    EXPECT_EQ(name(Preset::Display, Preset::DisplayRow::SizeStyle), "SizeStyle");
-    EXPECT_EQ(name(Preset::Columns, Preset::ColumnsRow::FileEnabled), "FileEnabled");
-    EXPECT_EQ(name(Preset::Filter, Preset::FilterRow::ExcludedFolders), "ExcludedFolders");
-    EXPECT_EQ(name(Preset::Saving, Preset::SavingRow::OverwriteExisting), "OverwriteExisting");
-    EXPECT_EQ(name(Preset::Opening, Preset::OpeningRow::CustomProgramPath), "CustomProgramPath");
-    EXPECT_EQ(name(Preset::Sorting, Preset::SortingRow::FileSortOrder), "FileSortOrder");
+    EXPECT_STREQ(PresetTable[Preset::Name.row].name, "Name");
+    EXPECT_STREQ(PresetTable[Preset::Position.row].name, "Position");
+    EXPECT_STREQ(PresetTable[Preset::Format.row].name, "Format");
+    EXPECT_STREQ(PresetTable[Preset::Display.row].name, "Display");
+    EXPECT_STREQ(PresetTable[Preset::Columns.row].name, "Columns");
+    EXPECT_STREQ(PresetTable[Preset::Filter.row].name, "Filter");
+    EXPECT_STREQ(PresetTable[Preset::Saving.row].name, "Saving");
+    EXPECT_STREQ(PresetTable[Preset::Opening.row].name, "Opening");
+    EXPECT_STREQ(PresetTable[Preset::Sorting.row].name, "Sorting");
+    EXPECT_EQ(name(Preset::Format, Format::EnableUtf8), "EnableUtf8");
+    EXPECT_EQ(name(Preset::Display, Display::SizeStyle), "SizeStyle");
+    EXPECT_EQ(name(Preset::Columns, Columns::FileEnabled), "FileEnabled");
+    EXPECT_EQ(name(Preset::Filter, Filter::ExcludedFolders), "ExcludedFolders");
+    EXPECT_EQ(name(Preset::Saving, Saving::OverwriteExisting), "OverwriteExisting");
+    EXPECT_EQ(name(Preset::Opening, Opening::CustomProgramPath), "CustomProgramPath");
+    EXPECT_EQ(name(Preset::Sorting, Sorting::FileSortOrder), "FileSortOrder");
 }
 
 // Names are unique without regard to case, as the registry has them; fields lie behind one another and

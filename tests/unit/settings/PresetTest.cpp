@@ -33,7 +33,7 @@ TEST(Preset, AssignTakesEverythingButPositionAndKey) {
     Preset source(L"source");
     ChangeEveryValue(source);
     Preset target(L"target");
-    target.Get<int32_t>(Preset::Position) = 3;
+    target.Get(Preset::Position) = 3;
     EXPECT_EQ(&target.Assign(source), &target);
     EXPECT_EQ(target.Key(), L"target");
     PresetValues expected = ChangedValues();
@@ -56,25 +56,55 @@ TEST(Preset, ACopyIsIndependent) {
     EXPECT_EQ(copy.Key(), L"key");
     ExpectEqual(ValuesOf(copy), ChangedValues());
 
-    source.Get<std::wstring>(Preset::Name) = L"Later";
-    source.Section(Preset::Display).Get<bool>(Preset::DisplayRow::SearchHidden) = false;
+    source.Get(Preset::Name) = L"Later";
+    source.Get(Display::SearchHidden) = false;
     ExpectEqual(ValuesOf(copy), ChangedValues());
-    copy.Get<std::wstring>(Preset::Name) = L"Mine";
-    EXPECT_EQ(source.Get<std::wstring>(Preset::Name), L"Later");
+    copy.Get(Preset::Name) = L"Mine";
+    EXPECT_EQ(source.Get(Preset::Name), L"Later");
 }
 
 TEST(Preset, FieldsAreGuardedByTheirTypes) {
     Preset preset(L"key");
-    EXPECT_THROW(preset.Get<bool>(Preset::Name), std::bad_cast);
-    EXPECT_THROW(preset.Get<uint32_t>(Preset::Position), std::bad_cast);
-    EXPECT_THROW(preset.Section(Preset::Name), std::bad_cast);
-    MetaTypes::Settings display = preset.Section(Preset::Display);
-    EXPECT_THROW(display.Get<int32_t>(Preset::DisplayRow::IndentSize), std::bad_cast);
-    EXPECT_THROW(display.Get<uint32_t>(Preset::DisplayRow::SearchHidden), std::bad_cast);
-    MetaTypes::Settings columns = preset.Section(Preset::Columns);
-    EXPECT_THROW(columns.Get<FolderColumn>(Preset::ColumnsRow::FolderColumns, 12), std::bad_cast);
-    EXPECT_THROW(columns.Get<FolderColumn>(Preset::ColumnsRow::FolderColumns), std::bad_cast);
-    EXPECT_THROW(columns.Get<bool>(Preset::ColumnsRow::ShowHeaders, 0), std::bad_cast);
+    EXPECT_THROW(preset.Get<bool>(Preset::Name.row), std::bad_cast);
+    EXPECT_THROW(preset.Get<uint32_t>(Preset::Position.row), std::bad_cast);
+    EXPECT_THROW(preset.Section(Preset::Name.row), std::bad_cast);
+    auto display = preset.Section(Preset::Display);
+    EXPECT_THROW(display.Get<int32_t>(Display::IndentSize.row), std::bad_cast);
+    EXPECT_THROW(display.Get<uint32_t>(Display::SearchHidden.row), std::bad_cast);
+    auto columns = preset.Section(Preset::Columns);
+    EXPECT_THROW(columns.Get(Columns::FolderColumns, 12), std::bad_cast);
+    EXPECT_THROW(columns.Get<FolderColumn>(Columns::FolderColumns.row), std::bad_cast);
+    EXPECT_THROW(columns.Get<bool>(Columns::ShowHeaders.row, 0), std::bad_cast);
+}
+
+TEST(Preset, AFieldOfASectionIsTheOneOfTheSectionsView) {
+    Preset preset(L"key");
+    EXPECT_EQ(&preset.Get(Display::IndentSize), &preset.Section(Preset::Display).Get(Display::IndentSize));
+    EXPECT_EQ(&preset.Get(Sorting::FileSortOrder, 6),
+              &preset.Section(Preset::Sorting).Get(Sorting::FileSortOrder, 6));
+}
+
+// Whether a field can be read from a view of a section, and whether it has the type T there.
+template <typename View, typename Field>
+constexpr bool HasField = requires(View view, Field field) {
+    view.Get(field);
+};
+template <typename T, typename Field>
+constexpr bool HasType = std::is_same_v<decltype(std::declval<Preset&>().Get(Field())), T&>;
+
+TEST(Preset, AFieldOfAnotherSectionDoesNotCompile) {
+    using View = MetaTypes::SettingsOf<Display::Record>;
+    EXPECT_TRUE((HasField<View, decltype(Display::SearchHidden)>));
+    EXPECT_FALSE((HasField<View, decltype(Format::EnableUtf8)>));
+    EXPECT_FALSE((HasField<View, decltype(Preset::Position)>));
+}
+
+TEST(Preset, AFieldHasTheTypeOfItsMember) {
+    EXPECT_TRUE((HasType<uint32_t, decltype(Display::IndentSize)>));
+    EXPECT_TRUE((HasType<bool, decltype(Display::SearchHidden)>));
+    EXPECT_TRUE((HasType<int32_t, decltype(Filter::PresetSearchPattern)>));
+    EXPECT_TRUE((HasType<std::wstring, decltype(Preset::Name)>));
+    EXPECT_TRUE((HasType<ListStyle, decltype(Format::ListStyle)>));
 }
 
 }  // namespace

@@ -25,13 +25,13 @@ void SetNumbers(Settings section, uint32_t row, const std::vector<int>& numbers)
 }  // namespace
 
 PresetValues ValuesOf(const Preset& preset) {
-    const Settings format = preset.Section(Preset::Format);
-    const Settings display = preset.Section(Preset::Display);
-    const Settings columns = preset.Section(Preset::Columns);
-    const Settings filter = preset.Section(Preset::Filter);
-    const Settings saving = preset.Section(Preset::Saving);
-    const Settings opening = preset.Section(Preset::Opening);
-    const Settings sorting = preset.Section(Preset::Sorting);
+    const auto format = preset.Section(Preset::Format);
+    const auto display = preset.Section(Preset::Display);
+    const auto columns = preset.Section(Preset::Columns);
+    const auto filter = preset.Section(Preset::Filter);
+    const auto saving = preset.Section(Preset::Saving);
+    const auto opening = preset.Section(Preset::Opening);
+    const auto sorting = preset.Section(Preset::Sorting);
     return {
         preset.Get<std::wstring>(0),
         preset.Get<int32_t>(1),
@@ -101,34 +101,34 @@ void ChangeEveryValue(Preset& preset) {
     const PresetValues values = ChangedValues();
     preset.Get<std::wstring>(0) = values.name;
     preset.Get<int32_t>(1) = values.position;
-    Settings format = preset.Section(Preset::Format);
+    auto format = preset.Section(Preset::Format);
     format.Get<ListStyle>(0) = values.listStyle;
     format.Get<bool>(1) = values.enableUtf8;
-    Settings display = preset.Section(Preset::Display);
+    auto display = preset.Section(Preset::Display);
     display.Get<bool>(0) = values.searchSubfolders;
     display.Get<bool>(1) = values.searchHidden;
     display.Get<bool>(2) = values.showStatistics;
     display.Get<bool>(3) = values.showFlatStyle;
     display.Get<uint32_t>(4) = values.indentSize;
     display.Get<SizeStyle>(5) = values.sizeStyle;
-    Settings columns = preset.Section(Preset::Columns);
+    auto columns = preset.Section(Preset::Columns);
     columns.Get<bool>(0) = values.showHeaders;
     SetNumbers<FolderColumn>(columns, 1, values.folderColumns);
     SetNumbers<bool>(columns, 2, values.folderEnabled);
     SetNumbers<FileColumn>(columns, 3, values.fileColumns);
     SetNumbers<bool>(columns, 4, values.fileEnabled);
-    Settings filter = preset.Section(Preset::Filter);
+    auto filter = preset.Section(Preset::Filter);
     filter.Get<int32_t>(0) = values.presetSearchPattern;
     filter.Get<std::wstring>(1) = values.customSearchPattern;
     filter.Get<std::vector<std::wstring>>(2) = values.excludedFolders;
-    Settings saving = preset.Section(Preset::Saving);
+    auto saving = preset.Section(Preset::Saving);
     saving.Get<SaveLocation>(0) = values.saveLocation;
     saving.Get<std::wstring>(1) = values.customFolderPath;
     saving.Get<bool>(2) = values.overwriteExisting;
-    Settings opening = preset.Section(Preset::Opening);
+    auto opening = preset.Section(Preset::Opening);
     opening.Get<OpenMethod>(0) = values.openMethod;
     opening.Get<std::wstring>(1) = values.customProgramPath;
-    Settings sorting = preset.Section(Preset::Sorting);
+    auto sorting = preset.Section(Preset::Sorting);
     sorting.Get<bool>(0) = values.sortDigitsAsNumbers;
     SetNumbers<FolderSortKey>(sorting, 1, values.folderSortKeys);
     SetNumbers<SortOrder>(sorting, 2, values.folderSortOrder);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "settings/OrderedArrays.h"
+
 #include <vector>
 
 #include "PresetValues.h"

@@ -226,11 +226,10 @@ TEST(Columns, DisabledPositionsLeaveNoGap) {
     ListPreset preset;
     preset.Folders({FolderColumn::Size, FolderColumn::Name, FolderColumn::Number})
         .Files({FileColumn::Size, FileColumn::Path, FileColumn::Extension});
-    MetaTypes::Settings columns = preset.Section(Preset::Columns);
-    columns.Get<bool>(Preset::ColumnsRow::FolderEnabled, 1) = false;
-    columns.Get<bool>(Preset::ColumnsRow::FileEnabled, 0) = false;
-    columns.Get<FileColumn>(Preset::ColumnsRow::FileColumns, 10) = FileColumn::Number;
-    columns.Get<bool>(Preset::ColumnsRow::FileEnabled, 10) = true;
+    preset.Get(Columns::FolderEnabled, 1) = false;
+    preset.Get(Columns::FileEnabled, 0) = false;
+    preset.Get(Columns::FileColumns, 10) = FileColumn::Number;
+    preset.Get(Columns::FileEnabled, 10) = true;
     EXPECT_EQ(JoinedTitles(FolderTitles(preset)), "Size;#;");
     EXPECT_EQ(MakeFolderColumns(preset).size(), 2u);
     EXPECT_EQ(JoinedTitles(FileTitles(preset)), "Path;Extension;#;");
@@ -252,9 +251,8 @@ TEST(Columns, RefuseValuesOutsideTheirEnumerationWherePositionsAreEnabled) {
     preset.Files({static_cast<FileColumn>(FileColumnCount)});
     EXPECT_THROW(MakeFolderColumns(preset), std::exception);
     EXPECT_THROW(MakeFileColumns(preset), std::exception);
-    MetaTypes::Settings columns = preset.Section(Preset::Columns);
-    columns.Get<bool>(Preset::ColumnsRow::FolderEnabled, 1) = false;
-    columns.Get<bool>(Preset::ColumnsRow::FileEnabled, 0) = false;
+    preset.Get(Columns::FolderEnabled, 1) = false;
+    preset.Get(Columns::FileEnabled, 0) = false;
     EXPECT_EQ(MakeFolderColumns(preset).size(), 1u);
     EXPECT_TRUE(MakeFileColumns(preset).empty());
 }

@@ -68,56 +68,54 @@ ListPreset::ListPreset() : Preset(L"testkey1") {
 }
 
 ListPreset& ListPreset::Style(ListStyle style) {
-    Section(Format).Get<ListStyle>(FormatRow::ListStyle) = style;
+    Get(Format::ListStyle) = style;
     return *this;
 }
 
 ListPreset& ListPreset::Utf8(bool enabled) {
-    Section(Format).Get<bool>(FormatRow::EnableUtf8) = enabled;
+    Get(Format::EnableUtf8) = enabled;
     return *this;
 }
 
 ListPreset& ListPreset::Statistics(bool shown) {
-    Section(Display).Get<bool>(DisplayRow::ShowStatistics) = shown;
+    Get(Display::ShowStatistics) = shown;
     return *this;
 }
 
 ListPreset& ListPreset::Flat(bool flat) {
-    Section(Display).Get<bool>(DisplayRow::ShowFlatStyle) = flat;
+    Get(Display::ShowFlatStyle) = flat;
     return *this;
 }
 
 ListPreset& ListPreset::Indent(uint32_t size) {
-    Section(Display).Get<uint32_t>(DisplayRow::IndentSize) = size;
+    Get(Display::IndentSize) = size;
     return *this;
 }
 
 ListPreset& ListPreset::Sizes(SizeStyle style) {
-    Section(Display).Get<SizeStyle>(DisplayRow::SizeStyle) = style;
+    Get(Display::SizeStyle) = style;
     return *this;
 }
 
 ListPreset& ListPreset::Headers(bool shown) {
-    Section(Columns).Get<bool>(ColumnsRow::ShowHeaders) = shown;
+    Get(Columns::ShowHeaders) = shown;
     return *this;
 }
 
 ListPreset& ListPreset::Folders(std::initializer_list<FolderColumn> columns) {
-    MetaTypes::Settings section = Section(Columns);
     for (size_t i = 0; i < FolderColumnCount; ++i) {
-        section.Get<bool>(ColumnsRow::FolderEnabled, i) = i < columns.size();
+        Get(Columns::FolderEnabled, i) = i < columns.size();
         if (i < columns.size())
-            section.Get<FolderColumn>(ColumnsRow::FolderColumns, i) = columns.begin()[i];
+            Get(Columns::FolderColumns, i) = columns.begin()[i];
     }
     return *this;
 }
 
 ListPreset& ListPreset::Files(std::initializer_list<FileColumn> columns) {
-    MetaTypes::Settings section = Section(Columns);
     for (size_t i = 0; i < FileColumnCount; ++i) {
-        section.Get<bool>(ColumnsRow::FileEnabled, i) = i < columns.size();
+        Get(Columns::FileEnabled, i) = i < columns.size();
         if (i < columns.size())
-            section.Get<FileColumn>(ColumnsRow::FileColumns, i) = columns.begin()[i];
+            Get(Columns::FileColumns, i) = columns.begin()[i];
     }
     return *this;
 }

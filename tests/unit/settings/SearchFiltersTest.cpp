@@ -1,4 +1,4 @@
-#include "scanner/SearchFilters.h"
+#include "settings/SearchFilters.h"
 
 #include <gtest/gtest.h>
 

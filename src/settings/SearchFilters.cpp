@@ -1,6 +1,4 @@
-#include "scanner/SearchFilters.h"
-
-namespace Scanner {
+#include "settings/SearchFilters.h"
 
 const std::array<SearchFilter, 9> SearchFilters = {{
     {L"All files", L"*"},
@@ -13,5 +11,3 @@ const std::array<SearchFilter, 9> SearchFilters = {{
     {L"Unix Dot-files", L".*"},
     {L"Custom filter...", L""},
 }};
-
-}  // namespace Scanner

@@ -4,13 +4,9 @@
 
 #include <array>
 
-namespace Scanner {
-
 struct SearchFilter {
     const wchar_t* label;
-    const wchar_t* pattern;  // empty in the last row, which stands for the preset's own pattern
+    const wchar_t* pattern;  // empty in the last row, which selects the preset's own pattern
 };
 
 extern const std::array<SearchFilter, 9> SearchFilters;
-
-}  // namespace Scanner
