@@ -40,7 +40,7 @@ if [ "$mode" = window ]; then
     install_packages imagemagick xdotool
     wine build/windows/tamblewick.exe &
     program=$!
-    xdotool search --sync --onlyvisible --name '^Tamblewick 4.0.1$' >/dev/null
+    xdotool search --sync --onlyvisible --name "^Tamblewick $version\$" >/dev/null
     # The window is there before it has painted itself.
     sleep 1
     import -window root build/window.png

@@ -32,7 +32,7 @@ run_tests native-asan
 run_tests native-tsan -R "^($(IFS='|'; echo "${threadedTests[*]}"))\$"
 run_tests fuzz
 
-./package.sh
+packaging/package.sh
 rm -rf 'build/portable copy v4.0'
 unzip -q -d 'build/portable copy v4.0' build/packages/*-portable.zip
 
@@ -41,7 +41,7 @@ use_wine wine-test
 use_null_display
 stop_wine
 use_wine wine-test
-# The races take minutes: races.sh.
+# The races take minutes: scripts/races.sh.
 run_tests windows -E 'races$'
 
 scripts/count-results.sh native native-asan native-tsan fuzz windows

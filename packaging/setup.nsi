@@ -1,6 +1,6 @@
 ; The setup for one user: program, handler module and README, without administrator rights.
 ;
-;   makensis -DFILES=folder -DOUTPUT=setup.exe -DVERSION=4.0.1 -DSIZE=kilobytes setup.nsi
+;   makensis -DFILES=folder -DOUTPUT=setup.exe -DVERSION=version -DSIZE=kilobytes setup.nsi
 ;
 ; /S runs setup and removal without a window. The removal leaves the presets; /PRESETS takes them too.
 

@@ -6,6 +6,9 @@ export LC_ALL=C.UTF-8
 # No installers for parts of Wine that are not used, no menu entries on the machine's desktop.
 export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
 
+# The version of all programs and packages.
+version=$(sed -n 's/^project(tamblewick VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
+
 buildPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix libutfcpp-dev googletest)
 winePackages=(wine wine64 xvfb openbox)
 

@@ -1,5 +1,5 @@
 // What the setup leaves on the disk and in the registry, and what its removal takes away again; the portable
-// program in a folder of an awkward name. Run on the packages that package.sh has made.
+// program in a folder of an awkward name. Run on the packages that packaging/package.sh has made.
 #include <gtest/gtest.h>
 
 #include <algorithm>

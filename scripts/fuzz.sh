@@ -2,14 +2,14 @@
 # Fuzzes the logic on the stand-in for Win32: each program of tests/fuzz for so many minutes, as many at a time
 # as there are processors.
 #
-#   ./fuzz.sh [MINUTES [TARGET...]]     default: 1 minute, all targets
-#   ./fuzz.sh --minimise [TARGET...]    makes the smallest set of inputs that reaches all that is reached, from
+#   scripts/fuzz.sh [MINUTES [TARGET...]]     default: 1 minute, all targets
+#   scripts/fuzz.sh --minimise [TARGET...]    makes the smallest set of inputs that reaches all that is reached, from
 #                                       the committed ones and the findings, the committed one of each target
 #
 # Inputs that reach something new are kept in build/fuzz/findings/TARGET, those that break something in
 # build/fuzz/findings/TARGET-crash-*; run build/fuzz/fuzz_TARGET with such a file to see it again.
 set -euo pipefail
-cd "$(dirname "$(readlink -f "$0")")"
+cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
 
 # So many bytes of an input are enough for all that a target can do with one.

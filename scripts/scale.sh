@@ -4,9 +4,9 @@
 # memory for each entry with that for a quarter of the tree. Prints a table; exit code 1 if anything differs.
 # Takes some minutes, and for 1.3 million files below build/scale most of a gigabyte.
 #
-#   ./scale.sh [TREE...]    default: million/quarter million wide long
+#   scripts/scale.sh [TREE...]    default: million/quarter million wide long
 set -euo pipefail
-cd "$(dirname "$(readlink -f "$0")")"
+cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
 
 install_packages "${buildPackages[@]}" "${winePackages[@]}" time

@@ -2,10 +2,9 @@
 # Makes what is offered for download into build/packages: the setup, the portable zip, the hashes of both and the
 # manifest for winget.
 set -euo pipefail
-cd "$(dirname "$(readlink -f "$0")")"
+cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
 
-version=4.0.1
 # The time that all packed files bear, so that the same sources give the same bytes.
 released='2026-11-21 12:00:00'
 
@@ -17,7 +16,7 @@ stage=$packages/stage/tamblewick-$version
 rm -rf "$packages"
 mkdir -p "$stage"
 cp build/windows/tamblewick.exe build/windows/tamblewick.dll "$stage"
-sed 's/$/\r/' packaging/README.txt >"$stage/README.txt"
+sed -e "s/{version}/$version/" -e 's/$/\r/' packaging/README.txt >"$stage/README.txt"
 chmod 644 "$stage"/*
 TZ=UTC find "$stage" -exec touch -d "$released" {} +
 
@@ -36,7 +35,7 @@ rm -rf "$packages/stage"
 mkdir "$packages/winget"
 setup=$(sha256sum "$packages/tamblewick-$version-setup.exe" | cut -d ' ' -f 1)
 for manifest in packaging/winget/*.yaml; do
-    sed -e "s/{setup}/${setup^^}/" -e '/package.sh puts/d' "$manifest" >"$packages/winget/$(basename "$manifest")"
+    sed -e "s/{version}/$version/" -e "s/{setup}/${setup^^}/" -e '/package.sh puts/d' "$manifest" >"$packages/winget/$(basename "$manifest")"
 done
 
 ls -l "$packages"

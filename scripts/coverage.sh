@@ -2,12 +2,12 @@
 # Counts the lines and branches of src/ and contextmenu/ that the tests reach: those of the logic in the native
 # build, and those of the whole program in a build that runs through Wine. Ends with one table of both.
 #
-#   ./coverage.sh [native | windows]    default: both
+#   scripts/coverage.sh [native | windows]    default: both
 #
 # build/coverage/native-unreached.txt and windows-unreached.txt name the lines that no test reaches. Branches that
 # only an exception takes are not counted: nearly every call has one.
 set -euo pipefail
-cd "$(dirname "$(readlink -f "$0")")"
+cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
 
 case ${1:-} in

@@ -2,12 +2,12 @@
 # Shows that the tests can fail: puts one small fault after the other into a copy of the sources and runs the
 # test programs that have to notice it. The faults stand in tests/mutants, which says how to write one.
 #
-#   ./mutants.sh [TEXT]    only the faults in whose file, program or title the text stands; default: all
+#   scripts/mutants.sh [TEXT]    only the faults in whose file, program or title the text stands; default: all
 #
 # A line for each fault, at the end "N faults, M survived"; exit code 1 if any survived. What does not compile, or
 # is to replace a text that does not stand exactly once in its file, ends the script.
 set -euo pipefail
-cd "$(dirname "$(readlink -f "$0")")"
+cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
 
 wanted=${1:-}
