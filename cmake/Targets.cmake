@@ -6,7 +6,8 @@ add_library(tamblewick_options INTERFACE)
 target_compile_features(tamblewick_options INTERFACE cxx_std_20)
 target_compile_options(tamblewick_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
-target_include_directories(tamblewick_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_include_directories(tamblewick_options INTERFACE
+  ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/generated)
 
 # The header folder of utfcpp alone: the system's include folder must never reach the cross build.
 find_path(UTF8CPP_INCLUDE_DIR utf8.h PATHS /usr/include/utf8cpp REQUIRED NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
@@ -41,7 +42,7 @@ endfunction()
 function(tamblewick_resources target script)
   file(GLOB included CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/src/resources/*.h
-    ${PROJECT_SOURCE_DIR}/src/resources/*.manifest
+    ${PROJECT_BINARY_DIR}/generated/resources/*
     ${PROJECT_SOURCE_DIR}/src/resources/*.rc
     ${PROJECT_SOURCE_DIR}/src/resources/icons/*.ico)
   get_filename_component(script ${script} ABSOLUTE)

@@ -1,5 +1,6 @@
 #include "writers/HtmlWriter.h"
 
+#include "resources/version.h"
 #include "settings/Preset.h"
 #include "writers/DateTime.h"
 #include "writers/StyleSheet.h"
@@ -30,7 +31,7 @@ HtmlWriter::HtmlWriter(const Preset& jobPreset, const wchar_t* outputPath)
 
 void HtmlWriter::WriteHeader(const PathState&, const Scanner::Folder& root) {
     WriteLine(L"<table>");
-    WriteLine(L"\t<tr><td><span class=\"header\">Tamblewick 4.0.1</span></td></tr>");
+    WriteLine(L"\t<tr><td><span class=\"header\">" PROGRAM_TITLE L"</span></td></tr>");
     WriteText(L"\t<tr><td><span class=\"summary\">Summary of path: ");
     WriteText(root.name);
     WriteLine(L"</span></td></tr>");
@@ -121,7 +122,7 @@ void HtmlWriter::WriteHead() {
         WriteLine(L"\t<meta charset=\"utf-8\">");
         WriteLine(L"\t<meta name=\"viewport\" content=\"width=device-width, initial-scale=1.0\">");
     }
-    WriteLine(L"\t<title>Tamblewick 4.0.1</title>");
+    WriteLine(L"\t<title>" PROGRAM_TITLE L"</title>");
     WriteLine(StyleSheet);
     WriteLine(L"</head>");
     WriteLine(L"<body>");

@@ -1,5 +1,6 @@
 #include "writers/TextWriter.h"
 
+#include "resources/version.h"
 #include "settings/Preset.h"
 #include "writers/DateTime.h"
 
@@ -32,7 +33,7 @@ TextWriter::TextWriter(const Preset& jobPreset, const wchar_t* outputPath)
 }
 
 void TextWriter::WriteHeader(const PathState&, const Scanner::Folder& root) {
-    WriteLine(L"Tamblewick 4.0.1");
+    WriteLine(L"" PROGRAM_TITLE);
     EndLine();
     WriteText(L"Summary of path: ");
     WriteLine(root.name);
