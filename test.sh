@@ -7,7 +7,7 @@ cd "$(dirname "$(readlink -f "$0")")"
 . scripts/common.sh
 
 install_packages "${buildPackages[@]}" "${winePackages[@]}" \
-    g++ clang libclang-rt-14-dev libbenchmark-dev unzip xdotool imagemagick
+    g++ clang libclang-rt-14-dev libbenchmark-dev python3 unzip xdotool imagemagick
 
 # What the threads of a job touch; the rest has one thread.
 threadedTests=(unit_progress unit_listmaker)
@@ -44,4 +44,4 @@ use_wine wine-test
 # The races take minutes: scripts/races.sh.
 run_tests windows -E 'races$'
 
-scripts/count-results.sh native native-asan native-tsan fuzz windows
+scripts/count-results.py native native-asan native-tsan fuzz windows

@@ -16,7 +16,7 @@ case ${1:-} in
     *) fail "usage: ./coverage.sh [native | windows]" ;;
 esac
 
-install_packages "${buildPackages[@]}" "${winePackages[@]}" g++ libbenchmark-dev gcovr xdotool imagemagick
+install_packages "${buildPackages[@]}" "${winePackages[@]}" g++ libbenchmark-dev gcovr python3 xdotool imagemagick
 
 declare -A gcov=([native]=gcov [windows]=x86_64-w64-mingw32-gcov-posix)
 reports=build/coverage
@@ -46,13 +46,18 @@ measure() {
 
 # Each unreached line as "FILE:LINE: TEXT".
 unreached_lines() {
-    local file line
-    awk -v RS='<' -F '"' '
-        /^file path=/ { file = $2 }
-        /^lineToCover .* covered="false"/ { print file "\t" $2 }' "$reports/$1.xml" |
-        while IFS=$'\t' read -r file line; do
-            echo "$file:$line: $(sed -n "${line}s/^ *//p" "$file")"
-        done
+    python3 - "$reports/$1.xml" <<'PYTHON'
+import sys
+from xml.etree import ElementTree
+
+for file in ElementTree.parse(sys.argv[1]).getroot().iter("file"):
+    path = file.get("path")
+    lines = open(path, encoding="utf-8").read().splitlines()
+    for line in file.iter("lineToCover"):
+        if line.get("covered") == "false":
+            number = int(line.get("lineNumber"))
+            print(f"{path}:{number}: {lines[number - 1].strip()}")
+PYTHON
 }
 
 # One row for each folder and one for all, from the sums of the files of all builds.
