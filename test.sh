@@ -17,6 +17,9 @@ for preset in native native-asan fuzz windows; do
 done
 build_preset native-tsan "${threadedTests[@]}"
 
+echo "Checking format and style ..."
+scripts/lint.sh
+
 run_tests() {
     local preset=$1
     shift

@@ -17,7 +17,7 @@ bool MainTreeController::HandleLButtonDown(int x, int y, WPARAM) {
         return false;
     // The message takes the item in the rectangle's own memory.
     RECT label = {};
-    std::memcpy(&label, &item, sizeof(item));
+    std::memcpy(&label, &item, sizeof(HTREEITEM));
     SendMessageW(TreeWindow, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&label));
     DragItem = item;
     DragStart = {x, y};

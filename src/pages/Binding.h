@@ -48,13 +48,15 @@ constexpr Binding RadioButton(int id) {
             [](HWND, Preset& preset) { preset.Get(Field) = Value; }};
 }
 
-// An edit control for a text. Showing the text stores it too, since the control tells of that like of a key.
+// By value: the edit control sends EN_CHANGE as for typing, so that showing the text stores it at once.
+inline void ShowText(HWND control, std::wstring text) {
+    SetWindowTextW(control, text.c_str());
+}
+
+// An edit control for a text.
 template <auto Field>
 constexpr Binding TextField(int id) {
     return {id, EN_CHANGE,
-            [](HWND control, const Preset& preset) {
-                const std::wstring text = preset.Get(Field);
-                SetWindowTextW(control, text.c_str());
-            },
+            [](HWND control, const Preset& preset) { ShowText(control, preset.Get(Field)); },
             [](HWND control, Preset& preset) { preset.Get(Field) = WinLib::GetWindowText(control); }};
 }
