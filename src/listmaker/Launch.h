@@ -1,17 +1,16 @@
-// Starting another program, and what is done with a finished list. Nothing here waits for what it starts, and
-// a failure shows nothing on the screen.
+// Starts programs and opens finished lists. Does not wait for what it starts; failures are not shown.
 #pragma once
 
 #include <string>
 
 class Preset;
 
-// The text between double quotes. Quotes inside stay as they are.
+// Returns the text in double quotes. Quotes inside are not escaped.
 std::wstring QuotePath(const std::wstring& text);
 
-// Starts a program, or opens a file with whatever is registered for it. Empty arguments and an empty
-// directory count as none given. Returns whether the system accepted it.
+// Starts a program, or opens a file with the program registered for it. Empty arguments and an empty
+// directory are passed as null. Returns whether ShellExecuteExW succeeded.
 bool Launch(const std::wstring& program, const std::wstring& arguments, const std::wstring& directory);
 
-// Opens the list at outputPath as the preset's OpenMethod says; a failure is passed over in silence.
+// Opens the list at outputPath by the preset's OpenMethod. Failures are ignored.
 void OpenList(const Preset& preset, const std::wstring& outputPath);

@@ -48,7 +48,7 @@ void ListMaker::Join() {
 }
 
 void ListMaker::Run(std::wstring listedPath) {
-    // Time for the dialog to come up.
+    // Time for the dialog to appear.
     Sleep(25);
     Prepare();
 

@@ -1,5 +1,5 @@
-// One listing job: a folder and a private copy of a preset, carried out by one worker thread that scans,
-// writes the list and opens it. The plain form reports to nobody.
+// A listing job: a folder and a copy of a preset, processed by a worker thread that scans, writes the list
+// and opens it. This base class reports nothing.
 #pragma once
 
 #include <atomic>
@@ -12,7 +12,7 @@
 
 class ListMaker : public Scanner::Listener {
 public:
-    // Copies the preset and settles the name of the list file, but touches no file. path may be any text.
+    // Copies the preset and chooses the name of the list file, but creates no file. path may be any text.
     ListMaker(const Preset& preset, const std::wstring& path);
     ListMaker(const ListMaker&) = delete;
     ListMaker& operator=(const ListMaker&) = delete;
@@ -25,21 +25,21 @@ public:
     // Waits for the worker.
     ~ListMaker() override;
 
-    // Starts the worker. True if the job is over when the call returns.
-    // REQUIRES: the job was not started before.
+    // Starts the worker. Returns whether the job has ended when the call returns. REQUIRES: the job was not
+    // started before.
     virtual bool Start();
 
-    // Whether the worker has come to its end. From any thread.
+    // Returns whether the worker has ended. May be called from any thread.
     virtual bool IsFinished();
 
 protected:
     virtual void Prepare() {}
 
-    // The worker's last step.
+    // The last step of the worker.
     virtual void Finish();
 
-    // Waits for the worker, if it was started. For the destructor of a derived class, whose operations the
-    // worker calls.
+    // Waits for the worker, if it was started. To be called by the destructor of a derived class, whose
+    // operations the worker calls.
     void Join();
 
     const std::wstring path;

@@ -17,7 +17,7 @@ bool IsAsciiLetter(wchar_t c) {
     return (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
 }
 
-// What the list is of. Only a drive needs care, since a colon cannot stand in a file name.
+// Returns the last part of a path, or the letter of a drive, since a file name cannot contain a colon.
 std::wstring Subject(const std::wstring& text) {
     if ((text.size() == 2 || text.size() == 3) && text[1] == L':' && IsAsciiLetter(text[0]))
         return text.substr(0, 1);

@@ -11,7 +11,7 @@ namespace {
 using MetaTypes::Field;
 using Scanner::Comparison;
 
-// What each sort key of a preset compares; the key's value is the index.
+// The comparison of each sort key of a preset; the index is the key's value.
 constexpr std::array<Comparison, FolderSortKeyCount> FolderComparisons = {
     Comparison::Path,
     Comparison::Name,
@@ -41,8 +41,8 @@ bool AnyEnabled(const Preset& preset, Field<Record, std::array<bool, N>> flags) 
     return false;
 }
 
-// The row's pattern, or the preset's own in the row that has none. A damaged store may hold any number; one
-// that names no row counts as the nearest that exists.
+// Returns the pattern of the selected filter, or the preset's own pattern for the filter without one. Damaged
+// settings may hold any number: it is clamped to the table.
 std::wstring SearchPattern(const Preset& preset) {
     const int32_t last = static_cast<int32_t>(SearchFilters.size()) - 1;
     const int32_t row = std::clamp(preset.Get(Filter::PresetSearchPattern), 0, last);
@@ -50,7 +50,7 @@ std::wstring SearchPattern(const Preset& preset) {
     return pattern.empty() ? preset.Get(Filter::CustomSearchPattern) : pattern;
 }
 
-// The preset's keys in their order, the highest priority first. A key that names no comparison is left out.
+// Returns the preset's sort keys, the highest priority first, without keys outside the enumeration.
 template <typename Record, typename Key, size_t N>
 std::vector<Scanner::SortKey> SortKeys(const Preset& preset, Field<Record, std::array<Key, N>> keys,
                                        Field<Record, std::array<SortOrder, N>> orders,
@@ -79,7 +79,8 @@ Scanner::Options ScanOptions(const Preset& preset, Scanner::Listener* listener) 
     options.searchPattern = SearchPattern(preset);
     options.excludedFolders = preset.Get(Filter::ExcludedFolders);
     options.naturalSort = preset.Get(Sorting::SortDigitsAsNumbers);
-    // Even with no column a folder's place shows in a recursive list, by the order of what lies below it.
+    // Without columns too, the order of the folders shows in a recursive list, by the order of their
+    // contents.
     if (options.collectFolders || options.recursive)
         options.folderSortKeys =
             SortKeys(preset, Sorting::FolderSortKeys, Sorting::FolderSortOrder, FolderComparisons);

@@ -1,9 +1,10 @@
-// From a preset to what the engine is told, which knows nothing of presets.
+// Translates a preset into the options of the engine, which knows no presets.
 #pragma once
 
 #include "scanner/Options.h"
 
 class Preset;
 
-// The options of a scan by this preset that reports to the listener. Copies all it needs.
+// Returns the options of a scan with this preset that reports to the listener. Keeps no reference to the
+// preset.
 Scanner::Options ScanOptions(const Preset& preset, Scanner::Listener* listener);

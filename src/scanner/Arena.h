@@ -1,5 +1,5 @@
-// Memory for a great many small objects that all die together: taken in large blocks, handed out in order,
-// never given back one by one. What was handed out keeps its address.
+// Memory for many small objects that are freed together. It is allocated in large blocks; objects are handed
+// out in order and never freed one by one. An object keeps its address.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ class Arena {
     static_assert(std::is_trivially_default_constructible_v<T> && std::is_trivially_destructible_v<T>);
 
 public:
-    // The first block is taken at once.
+    // Allocates the first block. Throws std::bad_alloc.
     Arena() {
         blocks_.reserve(ReservedBlocks);
         AddBlock();
@@ -23,8 +23,8 @@ public:
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
 
-    // count uninitialised objects side by side. What they leave over at the end of a block stays unused.
-    // Throws std::bad_alloc, also when no block could ever hold so many.
+    // Returns count uninitialised, adjacent objects. If they do not fit into the rest of the block, that rest
+    // stays unused. Throws std::bad_alloc, also if count exceeds the size of a block.
     T* Allocate(std::size_t count) {
         if (count > Capacity - used_) {
             if (count > Capacity)

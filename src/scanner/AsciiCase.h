@@ -3,7 +3,7 @@
 
 namespace Scanner {
 
-// The character in lower case if it is one of A to Z, otherwise as it is.
+// Returns the lower case of A to Z, and any other character unchanged.
 inline wchar_t LowerAscii(wchar_t character) {
     return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
 }

@@ -28,9 +28,9 @@ bool IsDigit(wchar_t c) {
     return c >= L'0' && c <= L'9';
 }
 
-// The order of two texts that first differ in a digit, as the numbered names of one folder do. It is that of
-// the two digits in every language: they weigh more than all that follows and never join with what stands
-// before them. Nothing if the texts first differ elsewhere. Takes a small part of the time of CompareStringW.
+// Returns the order of two texts whose first difference is a digit in both, as in numbered names; nothing for
+// other texts. In every language it is the order of these digits: a digit outweighs all that follows it and
+// never combines with the characters before it. Takes a fraction of the time of CompareStringW.
 std::optional<int> CompareAtDigit(const wchar_t* a, const wchar_t* b) {
     while (*a != L'\0' && *a == *b) {
         ++a;
@@ -45,9 +45,9 @@ int CompareName(const Comparator& comparator, const Record& a, const Record& b) 
     return comparator.CompareText(a.name, b.name);
 }
 
-// Orders by the folders from the root down: those of the records themselves in folder mode, those that hold
-// the records otherwise. A folder stands before everything inside it. Climbs from both ends to where the two
-// ways part, which for neighbours in a tree is near.
+// Compares the folders from the root down: the records themselves in folder mode, their parents otherwise. A
+// folder comes before its contents. Climbs from both records to the point where the two paths part, which is
+// near for neighbours in the tree.
 int ComparePath(const Comparator& comparator, const Record& a, const Record& b) {
     const Folder* const endOfA = comparator.FolderMode() ? &a : a.parent;
     const Folder* const endOfB = comparator.FolderMode() ? &b : b.parent;

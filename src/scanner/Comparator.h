@@ -1,5 +1,5 @@
-// The order of a list of folders or of files: a list of keys of falling priority, built once and called for
-// each pair of records that a sort looks at. Holds nothing of the records and may be used by several sorts.
+// The order of a list of folders or of files: a list of keys, the most important first. Built once for a scan
+// and used by several sorts. Keeps no reference to records.
 #pragma once
 
 #include <vector>
@@ -12,25 +12,25 @@ namespace Scanner {
 
 class Comparator;
 
-// Negative, zero or positive as a stands before, beside or behind b.
+// Returns a negative number, zero or a positive number if a comes before, ties with or comes after b.
 using CompareFunction = int (*)(const Comparator& comparator, const Record& a, const Record& b);
 
 class Comparator {
 public:
-    // A number that has been used before ends the list: the keys from there on count for nothing. Throws
-    // std::invalid_argument for the number 0.
+    // A comparison that occurs a second time ends the list: it and the keys after it are ignored. Throws
+    // std::invalid_argument for the comparison number 0.
     Comparator(const std::vector<SortKey>& keys, bool folderMode, bool naturalSort);
 
-    // Without keys there is nothing to sort by.
+    // Whether there is no key, so that nothing is to be sorted.
     bool HasKeys() const { return !keys_.empty(); }
 
-    // Whether a must stand before b. All keys equal: false.
+    // Returns whether a comes before b; false if all keys are equal.
     bool Compare(const Record& a, const Record& b) const;
 
-    // Whether the records are folders, which the comparison of paths has to know.
+    // Whether the records are folders; the comparison of paths depends on it.
     bool FolderMode() const { return folderMode_; }
 
-    // Two texts as the user's language orders them, without regard to case.
+    // Compares two texts in the order of the user's language, ignoring case.
     int CompareText(const wchar_t* a, const wchar_t* b) const;
 
 private:

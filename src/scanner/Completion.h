@@ -1,4 +1,4 @@
-// The last stage of a scan: from the tree as the walk left it to what the writers read.
+// The last stage of a scan: completes the tree that the walk has built for the writers.
 #pragma once
 
 #include "scanner/FlatLists.h"
@@ -7,10 +7,10 @@
 
 namespace Scanner {
 
-// Completes the totals and sorts the tree, and, if the options flatten it, replaces what lies below the root
-// by the two lists, which are given when options.flatten is set and consumed. Reports each step to the
-// listener and asks it before each whether the scan is cancelled. Returns false if it is. Throws
-// std::bad_alloc, and std::invalid_argument for a sort key without a comparison.
+// Computes the totals and sorts the tree. If options.flatten is set, replaces everything below the root by
+// the two lists, which must then be given and are consumed. Before each step asks the listener whether the
+// scan is cancelled, and reports the step. Returns false if cancelled. Throws std::bad_alloc, and
+// std::invalid_argument for a sort key without a comparison.
 bool CompleteTree(Node& root, const Options& options, FlatLists* flatLists);
 
 }  // namespace Scanner

@@ -1,4 +1,4 @@
-// Owns the handle of one enumeration of the file system.
+// Owns the handle of one enumeration of a folder.
 #pragma once
 
 #include <utility>
@@ -20,7 +20,7 @@ public:
             FindClose(handle_);
     }
 
-    // Whether there is an enumeration.
+    // Whether an enumeration is open.
     explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
 
     HANDLE Get() const { return handle_; }

@@ -1,4 +1,4 @@
-// All folders and all files of a scan in the order in which the walk met them, whatever folder holds them.
+// All folders and all files of a scan, in the order in which the walk found them.
 #pragma once
 
 #include <vector>

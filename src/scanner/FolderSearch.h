@@ -1,5 +1,6 @@
 // Opens the enumerations of one scan in the cheapest way that the file system supports: without short names
-// and in large steps. Remembers what was refused once, so that later folders cost a single call.
+// and with large buffers. After a refusal it keeps to the plain way, so that later folders take a single
+// call.
 #pragma once
 
 #include <string>
@@ -11,8 +12,8 @@ namespace Scanner {
 
 class FolderSearch {
 public:
-    // Starts the enumeration of the folder at path, which has no \\?\ prefix, and puts its first entry into
-    // entry. If the handle owns nothing, GetLastError tells why.
+    // Starts the enumeration of the folder at path, which has no \\?\ prefix, and stores its first entry in
+    // entry. Returns an empty handle on failure; GetLastError has the cause.
     FindHandle Open(const std::wstring& path, WIN32_FIND_DATAW& entry);
 
 private:
@@ -20,7 +21,7 @@ private:
 
     FINDEX_INFO_LEVELS level_ = FindExInfoBasic;
     DWORD flags_ = FIND_FIRST_EX_LARGE_FETCH;
-    std::wstring query_;  // kept for its memory
+    std::wstring query_;  // a member to reuse its memory
 };
 
 }  // namespace Scanner

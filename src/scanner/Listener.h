@@ -1,4 +1,4 @@
-// How a scan reports to whoever started it. All four operations are called on the thread of the scan.
+// Receives the reports of a scan. All operations are called on the thread of the scan.
 #pragma once
 
 #include <cstdint>
@@ -14,16 +14,16 @@ enum class AccessDeniedAnswer : uint32_t {
 
 class Listener {
 public:
-    // What the scan is doing, in two lines for the user.
+    // Reports the current step and its object, as two lines for the user.
     virtual void OnProgress(const std::wstring& status, const std::wstring& detail) = 0;
 
-    // A message for the user that ends the listing.
+    // Reports an error that ends the scan; message is a text for the user.
     virtual void OnError(const std::wstring& message) = 0;
 
-    // The file system refused to enumerate the folder at path.
+    // Reports that the file system refused to enumerate the folder at path. Returns how to go on.
     virtual AccessDeniedAnswer OnAccessDenied(const std::wstring& path) = 0;
 
-    // Whether the scan should end.
+    // Returns whether the scan is to end.
     virtual bool IsCancelled() = 0;
 
     virtual ~Listener() = default;

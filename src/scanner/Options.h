@@ -1,5 +1,5 @@
-// What a scan is told: which entries to keep, in which shape and order. The engine knows nothing of presets;
-// ListMaker fills these from one.
+// The options of a scan: which entries it keeps, in which shape and order. The engine knows no presets:
+// ScanOptions (listmaker/) makes these from one.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@ namespace Scanner {
 
 class Listener;
 
-// Classes of entries to leave out, one bit each.
+// The classes of entries to leave out, one bit each.
 enum AttributeMask : uint8_t {
     SkipReadOnly = 1 << 0,
     SkipArchive = 1 << 1,
@@ -22,7 +22,7 @@ enum AttributeMask : uint8_t {
     SkipTemporary = 1 << 7,
 };
 
-// What a sort key compares. The number 0 names no comparison.
+// What a sort key compares. The number 0 is not used.
 enum class Comparison : uint32_t {
     Path = 1,
     Name = 2,

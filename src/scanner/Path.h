@@ -1,5 +1,5 @@
-// Cleaning and joining of Windows paths as text. Nothing here asks the file system, and forward slashes are
-// ordinary characters.
+// Normalises and joins Windows paths as text, without access to the file system. Forward slashes are ordinary
+// characters.
 #pragma once
 
 #include <string>
@@ -7,12 +7,12 @@
 
 namespace Scanner {
 
-// The text without leading and trailing backslashes and with each inner run of backslashes as one. A text of
-// one character stays as it is, and one of backslashes only gives a single backslash.
+// Returns the text without leading and trailing backslashes and with each inner run of backslashes reduced to
+// one. A text of one character is returned unchanged; several backslashes alone become one.
 std::wstring NormalizePath(std::wstring_view text);
 
-// Both parts normalised and joined by one backslash; the two backslashes of a network path survive in front.
-// JoinPath(path, L"") is the canonical form of a path, in which a drive root is "C:".
+// Returns both parts normalised and joined by one backslash; the two leading backslashes of a network path
+// are kept. JoinPath(path, L"") is the canonical form of a path, in which a drive root is "C:".
 std::wstring JoinPath(std::wstring_view first, std::wstring_view second);
 
 }  // namespace Scanner

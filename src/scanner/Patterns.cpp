@@ -15,8 +15,8 @@ namespace {
 constexpr wchar_t InvalidInFileName[] = L"|<>\"/\\";
 constexpr wchar_t InvalidInPath[] = L"|<>\"/";
 
-// CharLowerW takes a single character in the place of a pointer. Most characters of most names do not need
-// it, and ten patterns of ten characters would cost a quarter of what the file system takes for an entry.
+// CharLowerW takes a single character in place of a pointer. It is skipped for ASCII: for ten patterns of ten
+// characters its calls would take a quarter of the time that the file system needs for an entry.
 wchar_t ToLower(wchar_t character) {
     if (character < 0x80)
         return LowerAscii(character);
@@ -29,7 +29,7 @@ void ToLower(std::wstring& text) {
         character = ToLower(character);
 }
 
-// Only the latest star is ever tried again: whatever an earlier one could swallow, the latest can as well.
+// Backtracks to the latest star only: it can match whatever an earlier star could.
 bool Matches(const wchar_t* pattern, const wchar_t* text) {
     const wchar_t* restartPattern = nullptr;
     const wchar_t* restartText = nullptr;

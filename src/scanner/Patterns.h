@@ -1,7 +1,7 @@
-// The two filters of a scan: which files it keeps, by name, and which folders it leaves out, by path. Both
-// are lists of patterns in which * stands for any run of characters, backslashes included, and ? for exactly
-// one. Case is folded one character at a time; patterns once, when they are compiled, the text while
-// matching.
+// The two filters of a scan: the files that it keeps, by name, and the folders that it leaves out, by path.
+// Both are lists of patterns in which * matches any run of characters, backslashes included, and ? exactly
+// one character. Case is folded character by character: that of patterns when they are compiled, that of the
+// text while matching.
 #pragma once
 
 #include <string>
@@ -12,18 +12,17 @@ namespace Scanner {
 
 using PatternList = std::vector<std::wstring>;
 
-// The tokens between the colons, without the empty ones. Blanks belong to their token.
+// Returns the non-empty tokens between the colons. Blanks are part of a token.
 PatternList SplitPatterns(std::wstring_view text);
 
-// The list for a search filter such as "*.txt:*.doc", to be matched against file names; never empty. A token
-// that no file name can match is kept as it is and matches none.
+// Compiles a search filter such as "*.txt:*.doc" to match file names; the result is never empty. A token that
+// no file name can match is kept and matches none.
 PatternList CompileSearchPatterns(std::wstring_view searchPattern);
 
-// The list for excluded folders, to be matched against whole paths. Entries that no path can match are left
-// out.
+// Compiles excluded folders to match whole paths. Entries that no path can match are left out.
 PatternList CompileExcludedFolders(const std::vector<std::wstring>& excludedFolders);
 
-// Whether any pattern of a compiled list covers the whole NUL-terminated text. Copies nothing.
+// Returns whether a pattern of a compiled list matches the whole NUL-terminated text. Does not allocate.
 bool MatchWildcard(const PatternList& patterns, const wchar_t* text);
 
 }  // namespace Scanner

@@ -13,7 +13,7 @@ struct Visit {
     std::size_t nextChild;
 };
 
-// The children's records are complete at this point.
+// REQUIRES: the records of the children are complete.
 void SumUp(const Node& node) {
     uint64_t size = 0;
     uint64_t totalFolders = node.folders.size();
@@ -34,10 +34,9 @@ void SumUp(const Node& node) {
     folder.fileCount = node.files.size();
 }
 
-// A stable merge sort. File systems like to return names in order, and comparing texts is what a sort costs:
-// a list that is in order takes one comparison for each entry. Unlike std::stable_sort it stays within the
-// list when a pair of names compares one way now and another way later, as when the system cannot compare
-// them once.
+// A stable merge sort. Comparing texts is what a sort costs, and file systems often return names in order: a
+// sorted list takes one comparison for each entry. Unlike std::stable_sort it stays within the list if a pair
+// compares differently at two times, as after a failed comparison.
 template <typename Iterator, typename Before>
 void Sort(Iterator first, Iterator last, const Before& before) {
     if (last - first < 2)

@@ -1,4 +1,4 @@
-// Completes the tree of a walk: sums and sorts each folder in one visit, children first.
+// Computes the totals of a tree and sorts it, in one visit of each folder, children first.
 #pragma once
 
 #include <vector>
@@ -8,11 +8,11 @@
 
 namespace Scanner {
 
-// Puts totals, counts and sizes into the folder records of the whole tree and each folder's lists into order.
-// Takes no part of the call stack for the depth of the tree. Throws std::bad_alloc.
+// Stores totals, counts and sizes in the folder records of the whole tree and sorts the lists of each folder.
+// Does not recurse. Throws std::bad_alloc.
 void PostProcess(Node& root, const Comparator& folderComparator, const Comparator& fileComparator);
 
-// Sort one list, keeping the order of what ties. A comparator without keys leaves it as it is.
+// Sort one list stably. A comparator without keys leaves it unchanged.
 void SortFolders(std::vector<Node>& folders, const Comparator& comparator);
 void SortFiles(std::vector<File*>& files, const Comparator& comparator);
 

@@ -1,4 +1,4 @@
-// Where the records of one scan live, until all of them are released with the pool.
+// The memory of the records of one scan. All of them are freed with the pool.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@ class RecordPool {
 public:
     static constexpr std::size_t BlockCapacity = 4681;  // just fits into 512 KiB
 
-    // An uninitialised record. Throws std::bad_alloc.
+    // Returns an uninitialised record. Throws std::bad_alloc.
     Record* Allocate() { return arena_.Allocate(1); }
 
 private:

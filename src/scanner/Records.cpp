@@ -4,9 +4,8 @@
 
 namespace Scanner {
 
-// Always destroys the last node of the list at hand, and goes down into the children of that node first. The
-// way back needs no memory: the list left behind becomes `above`, and the list above that hangs in the place
-// of the children, from where the same two swaps, made backwards, fetch it again.
+// Destroys the last node of the current list, its children first. Pointer reversal replaces a stack: going
+// down, the parent's list is kept in the child's own (unused) list; going up, the same two swaps restore it.
 void Node::DestroyBelow() noexcept {
     std::vector<Node> above;
     for (;;) {

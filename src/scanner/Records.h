@@ -1,6 +1,6 @@
-// What one scan leaves behind: a record for each folder and file, and the nodes that tie the records into a
-// tree. Records are plain data in the arenas of a Scanner::Result and own nothing; all their text is UTF-16,
-// NUL-terminated, in the arena of strings.
+// The outcome of a scan: a record for each folder and file, and the nodes that link the records into a tree.
+// Records are plain data in the arenas of a Scanner::Result and own nothing; their texts are NUL-terminated
+// UTF-16 in the arena of strings.
 #pragma once
 
 #include <cstdint>
@@ -10,17 +10,17 @@
 
 namespace Scanner {
 
-// One shape for a folder and a file, so that the comparators take either. A file leaves totalFolders and
-// totalFiles unset.
+// One type for folders and files, so that comparators take either. In a file totalFolders and totalFiles are
+// not set.
 struct Record {
     enum Flags : uint32_t {
         AccessDenied = 1,  // the file system refused to enumerate this folder
     };
 
-    Record* parent;            // the folder that holds this one; null for the root only
+    Record* parent;            // the folder that contains this one; null for the root only
     const wchar_t* name;       // a folder's name, the root's whole path, a file's name without extension
-    const wchar_t* extension;  // what stands behind a file's last dot; EmptyText if nothing does
-    const wchar_t* fullName;   // the name as the file system gave it
+    const wchar_t* extension;  // the text after a file's last dot; EmptyText if there is none
+    const wchar_t* fullName;   // the name as reported by the file system
     uint32_t flags;
     uint32_t attributes;    // dwFileAttributes, unchanged
     int32_t depth;          // -1 for the root, 0 for what lies in it
@@ -34,17 +34,17 @@ struct Record {
     FILETIME lastTimeWritten;
 };
 
-// A scan holds millions of them.
+// A scan may hold millions of them.
 static_assert(sizeof(Record) == 112);
 
 using Folder = Record;
 using File = Record;
 
-// What a text field points at when there is no text.
+// What a text field without text points at.
 inline constexpr wchar_t EmptyText[] = L"";
 
-// A folder with what lies directly in it. The tree may be thousands of levels deep, and it is destroyed
-// without recursion.
+// A folder with its direct contents. The tree may be thousands of levels deep; it is destroyed without
+// recursion.
 struct Node {
     Folder* folder = nullptr;
     std::vector<Node> folders;

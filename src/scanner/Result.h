@@ -1,4 +1,4 @@
-// One finished or unfinished scan: the arenas and the tree that points into them. It belongs to one thread
+// The result of a scan, finished or not: the arenas and the tree that points into them. Belongs to one thread
 // and is destroyed as a whole, the tree first.
 #pragma once
 

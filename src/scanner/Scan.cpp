@@ -10,8 +10,8 @@ namespace Scanner {
 
 namespace {
 
-// Attributes, size and times stay zero if they cannot be had: whether the path can be read is for the
-// enumeration to tell.
+// Attributes, size and times stay zero if they cannot be read. That is no error: the enumeration decides
+// whether the path can be read.
 void FillRoot(Folder& root, const wchar_t* path) {
     WIN32_FILE_ATTRIBUTE_DATA data = {};
     if (!GetFileAttributesExW((std::wstring(L"\\\\?\\") + path).c_str(), GetFileExInfoStandard, &data))

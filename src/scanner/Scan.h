@@ -8,9 +8,9 @@
 
 namespace Scanner {
 
-// Fills a fresh result from the folder at path and sorts it as the options say. Reports to options.listener
-// on the calling thread. Returns false when the scan was cancelled, failed or ran out of memory: the result
-// is then good for nothing but its destruction. Never throws.
+// Fills a new result from the folder at path and sorts it by the options. Reports to options.listener on the
+// calling thread. Returns false if the scan was cancelled, failed or ran out of memory; the result must then
+// only be destroyed. Never throws.
 bool Scan(Result& result, const Options& options, const std::wstring& path);
 
 }  // namespace Scanner

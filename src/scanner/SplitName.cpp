@@ -13,7 +13,7 @@ void SplitName(File& file, StringPool& strings) {
         return;
 
     std::size_t index = 0;
-    std::size_t stemEnd = 0;  // just behind the dot
+    std::size_t stemEnd = 0;  // directly after the dot
     do {
         ++index;
         if (whole[index] == L'.') {

@@ -1,4 +1,4 @@
-// Where a file's name ends and its extension begins.
+// Splits a file's name into stem and extension.
 #pragma once
 
 #include "scanner/Records.h"
@@ -6,9 +6,9 @@
 
 namespace Scanner {
 
-// Sets name and extension from the record's fullName. A dot in front belongs to the name; otherwise the last
-// dot separates, except that the character behind a separating dot is never looked at: "a..b" is "a" and
-// ".b". A name without extension shares its text with fullName.
+// Sets name and extension from the record's fullName. A leading dot is part of the name; otherwise the last
+// dot separates, except that the character after a separating dot is never examined: "a..b" is "a" and ".b".
+// A name without extension shares its text with fullName.
 void SplitName(File& file, StringPool& strings);
 
 }  // namespace Scanner

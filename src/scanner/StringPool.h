@@ -1,4 +1,4 @@
-// Where the names of one scan live, as NUL-terminated UTF-16, until all of them are released with the pool.
+// The memory of the names of one scan, NUL-terminated UTF-16. All of them are freed with the pool.
 #pragma once
 
 #include <cstddef>
@@ -11,11 +11,11 @@ class StringPool {
 public:
     static constexpr std::size_t BlockCapacity = 131072;  // characters
 
-    // Room for count characters, a terminating NUL among them. Throws std::bad_alloc, also when count is more
-    // than a block can hold.
+    // Returns memory for count characters, which include the terminating NUL. Throws std::bad_alloc, also if
+    // count exceeds the size of a block.
     wchar_t* Allocate(std::size_t count) { return arena_.Allocate(count); }
 
-    // A copy of the NUL-terminated text. Throws as Allocate does.
+    // Returns a copy of the NUL-terminated text. Throws as Allocate.
     const wchar_t* Duplicate(const wchar_t* text);
 
 private:

@@ -30,7 +30,7 @@ DWORD AttributesOf(uint8_t attributeMask) {
     return attributes;
 }
 
-// Messages that end the listing; %s stands for the path.
+// The errors that end a scan; %s is replaced by the path.
 constexpr wchar_t PathNotFound[] =
     L"The folder '%s' does not exist or cannot be accessed by the application.\n"
     L"The listing proccess will be cancelled.";
@@ -132,7 +132,7 @@ void Walk::OnRefused(const WorkItem& item) {
     }
 }
 
-// Reports progress and asks, both at most once in an interval: each may cost a message to another thread.
+// Both at most once in an interval, since each may send a message to another thread.
 bool Walk::IsCancelled(const std::wstring& path) {
     const DWORD now = GetTickCount();
     if (now - lastTick_ <= ProgressInterval)
@@ -177,7 +177,7 @@ void Walk::TakeFile(const WorkItem& item, const WIN32_FIND_DATAW& entry) {
         flatLists_->files.push_back(file);
 }
 
-// A record with all that folders and files have in common.
+// Returns a record with the fields that folders and files have in common.
 Record* Walk::NewRecord(const WorkItem& item, const WIN32_FIND_DATAW& entry) {
     Record* const record = result_.records.Allocate();
     record->parent = item.node->folder;
@@ -194,7 +194,7 @@ Record* Walk::NewRecord(const WorkItem& item, const WIN32_FIND_DATAW& entry) {
     return record;
 }
 
-// Each list takes exactly the memory that it needs: there are as many of them as folders, and they stay.
+// Each list is allocated in its final size: there are two for each folder, and they stay until the end.
 void Walk::StoreEntries(Node& node) const {
     node.folders.reserve(newFolders_.size());
     for (Folder* const folder : newFolders_)
@@ -202,7 +202,7 @@ void Walk::StoreEntries(Node& node) const {
     node.files = std::vector<File*>(newFiles_.begin(), newFiles_.end());
 }
 
-// The last one first, so that the first one is taken off the stack first.
+// In reverse order, so that the first folder is popped first.
 void Walk::PushFolders(const WorkItem& item) {
     const std::wstring prefix = item.path + L'\\';
     for (auto child = item.node->folders.rbegin(); child != item.node->folders.rend(); ++child)

@@ -1,6 +1,6 @@
-// The walk of one scan through the file system, depth first, in the order in which the file system returns
-// the names. An explicit stack takes the place of recursion, so that the depth of a tree costs heap alone.
-// Junctions are entered like any folder, and nothing looks for circles.
+// The walk of a scan through the file system, depth first, in the order in which the file system returns the
+// names. Uses an explicit stack: depth costs heap, not call stack. Junctions are entered like any folder;
+// cycles are not detected.
 #pragma once
 
 #include <cstdint>
@@ -17,21 +17,21 @@
 
 namespace Scanner {
 
-// A folder that is still to be read.
+// A folder that has yet to be read.
 struct WorkItem {
-    Node* node;         // never moves: the list that holds it has its final size
+    Node* node;         // stable: the list that holds it has its final size
     std::wstring path;  // without the \\?\ prefix
     int32_t depth;
 };
 
 class Walk {
 public:
-    // The lists are filled as far as the options collect them; null when nothing is to be flattened. Result,
-    // options and lists must outlive the walk.
+    // flatLists is null unless options.flatten is set; it is filled as options.collectFolders and
+    // collectFiles say. Result, options and lists must outlive the walk.
     Walk(Result& result, const Options& options, FlatLists* flatLists);
 
-    // Reads everything below result.root, whose record is filled and whose path is path, into the result.
-    // Returns false if the scan is over: cancelled, or failed and reported as such. Throws std::bad_alloc.
+    // Reads everything below result.root into the result. The record of the root must be filled; path is its
+    // path. Returns false if the scan was cancelled, or has failed and was reported. Throws std::bad_alloc.
     bool Run(const std::wstring& path);
 
 private:
@@ -58,9 +58,9 @@ private:
     std::deque<WorkItem> stack_;
     DWORD lastTick_ = 0;
     bool keepGoing_ = true;
-    bool quiet_ = false;  // ask no more about refused folders
+    bool quiet_ = false;  // do not ask about refused folders again
 
-    // Of the folder at hand, kept for their memory.
+    // Of the current folder; members to reuse their memory.
     std::vector<Folder*> newFolders_;
     std::vector<File*> newFiles_;
     std::wstring fullPath_;

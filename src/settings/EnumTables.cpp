@@ -42,7 +42,7 @@ constinit const EnumRow OpenMethodNames[] = {
     EndOfNames,
 };
 
-// In both column tables the name stands before the path, although the path has the lower number.
+// In both column tables the name comes before the path, although the path has the lower number.
 constinit const EnumRow FolderColumnNames[] = {
     Row("Number", FolderColumn::Number),
     Row("Name", FolderColumn::Name),

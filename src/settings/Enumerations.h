@@ -1,5 +1,5 @@
-// The choices that a preset stores. The registry holds their names (see EnumTables.h), lists and the user
-// interface index by their values.
+// The enumerations of a preset's fields. The registry stores their names (EnumTables.h); tables of writers
+// and pages are indexed by their values.
 #pragma once
 
 #include <cstdint>

@@ -19,12 +19,12 @@ namespace {
 constexpr FieldRow MainSettingsTable[] = {MAIN_SETTINGS_FIELDS(ROW) EndOfTable};
 #undef ROW
 
-// Unsigned, so that a desktop narrower than the window gives a very large position.
+// Unsigned: on a desktop smaller than the window the position becomes very large.
 int32_t Centre(LONG low, LONG high, uint32_t extent) {
     return static_cast<int32_t>((static_cast<uint32_t>(high) - extent - static_cast<uint32_t>(low)) >> 1);
 }
 
-// The names of all subkeys of the root key, each of which is a preset's key.
+// Returns the names of all subkeys of the root key: the keys of the presets.
 std::vector<std::wstring> StoredKeys() {
     RegistryKey root;
     if (RegOpenKeyExW(HKEY_CURRENT_USER, StorageKey, 0, KEY_READ, root.Receive()) != ERROR_SUCCESS) {
@@ -33,7 +33,7 @@ std::vector<std::wstring> StoredKeys() {
     return root.EnumerateSubkeys();
 }
 
-// Equal by the rules of the user's locale, letter case included.
+// Compares by the rules of the user's locale, case-sensitively.
 bool AreEqual(const std::wstring& a, const std::wstring& b) {
     const int result = CompareStringW(LOCALE_USER_DEFAULT, 0, a.c_str(), -1, b.c_str(), -1);
     return result != 0 ? result == CSTR_EQUAL : a == b;

@@ -1,5 +1,5 @@
-// The application's own values and the list of all presets, as they stand in the registry of the current
-// user. Used on the user-interface thread only.
+// The values of the application and the list of all presets, stored in the registry of the current user. To
+// be used on one thread.
 #pragma once
 
 #include <cstdint>
@@ -43,37 +43,37 @@ public:
 
     static constexpr const wchar_t* RootKey = StorageKey;
 
-    // The default values, with the window in the middle of the desktop. Touches no registry.
+    // Sets the default values, with the window in the middle of the desktop. Does not access the registry.
     MainSettings();
     MainSettings(const MainSettings&) = delete;
     MainSettings& operator=(const MainSettings&) = delete;
 
     // Reads the application's values and all presets, in the order of the tree. What cannot be read keeps its
-    // default; every subkey becomes a preset. True when all of the application's values were read.
+    // default; every subkey becomes a preset. Returns whether all of the application's values were read.
     bool LoadAll();
 
-    // Writes the application's values. True when all were written.
+    // Writes the application's values. Returns whether all were written.
     bool SaveMain() const;
 
-    // Appends a preset with default values and the key, by default a fresh one, renumbers and so stores it.
-    // The settings keep ownership.
+    // Adds a preset with default values and the key, by default a new one, and stores it by renumbering. The
+    // settings own it.
     Preset& CreatePreset(const std::wstring& key = MakePresetKey());
 
-    // CreatePreset and the values of a template, which are not stored yet.
+    // As CreatePreset, then sets the values of a template, which are not yet stored.
     Preset& CreateFromTemplate(uint32_t number, const std::wstring& key = MakePresetKey());
 
-    // The preset of this key: from the list, or else loaded from the registry and appended to the list. Null
-    // if there is none.
+    // Returns the preset with this key, loading it from the registry if it is not in the list. Null if there
+    // is none.
     Preset* FindPreset(const std::wstring& key);
 
-    // Brings the list into descending order of position, counts the positions from 1 at the bottom and saves
-    // every preset.
+    // Sorts the list by descending position, numbers the positions from 1 at the bottom and saves every
+    // preset.
     void Renumber();
 
-    // Destroys the preset and takes it out of the list; its registry key stays. See Preset::DeleteKey.
+    // Removes the preset from the list and destroys it. Its registry key stays; see Preset::DeleteKey.
     void Remove(const Preset& preset);
 
-    std::list<std::unique_ptr<Preset>> Presets;  // the top of the tree first
+    std::list<std::unique_ptr<Preset>> Presets;  // from the top of the tree
     ShellExtension Shell;
 
 private:

@@ -48,7 +48,7 @@ bool Preset::Save() const {
 }
 
 void Preset::DeleteKey() const {
-    // The empty key would stand for the root key with all presets.
+    // The empty key is the root key, with all presets.
     if (key_.empty()) {
         return;
     }

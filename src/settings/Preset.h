@@ -1,5 +1,5 @@
-// One complete, named set of listing options: what is searched, which columns appear, how entries are sorted,
-// where the list is saved and how it is opened. A preset lives under its own registry key.
+// A complete, named set of listing options: what is searched, which columns appear, how entries are sorted,
+// where the list is saved and how it is opened. Each preset has a registry key of its own.
 #pragma once
 
 #include <cstdint>
@@ -15,20 +15,20 @@ public:
     PRESET_FIELDS(ROW)
 #undef ROW
 
-    // A preset with default values that will be stored under this key. Touches no registry.
+    // Sets the default values. The preset will be stored under this key; the registry is not accessed here.
     explicit Preset(const std::wstring& key);
 
-    // A second object with the same key and the same values, for a job that must not see later edits.
+    // Copies the key too: for a job that must not see later edits.
     Preset(const Preset& other);
     Preset& operator=(const Preset&) = delete;
 
-    // Takes every value of the other preset, its name included, but keeps the own position and key.
+    // Copies every value of the other preset, its name included, but keeps this preset's position and key.
     virtual Preset& Assign(const Preset& other);
 
     using SettingsOf::Get;
     using SettingsOf::Section;
 
-    // A field of a section, for example preset.Get(Display::IndentSize).
+    // Returns a field of a section, for example preset.Get(Display::IndentSize).
     template <typename Record, typename T>
     T& Get(MetaTypes::Field<Record, T> field) {
         return Section(SectionRow<Record>).Get(field);
@@ -38,7 +38,7 @@ public:
         return Section(SectionRow<Record>).Get(field);
     }
 
-    // One element of an array of a section. Throws std::bad_cast if index is not below N.
+    // Returns an element of an array of a section. Throws std::bad_cast if index is not below N.
     template <typename Record, typename T, size_t N>
     T& Get(MetaTypes::Field<Record, std::array<T, N>> field, size_t index) {
         return Section(SectionRow<Record>).Get(field, index);
@@ -48,17 +48,17 @@ public:
         return Section(SectionRow<Record>).Get(field, index);
     }
 
-    // The name of the preset's registry key, never changed.
+    // The name of the preset's registry key. It never changes.
     const std::wstring& Key() const {
         return key_;
     }
 
-    // Read and write the preset's registry key. What cannot be read keeps its value; what cannot be written
-    // is lost in silence. The results say whether every field succeeded.
+    // Read and write the preset's registry key. What cannot be read keeps its value; the other fields are
+    // written if one cannot be. Return whether every field succeeded.
     bool Load();
     bool Save() const;
 
-    // Removes the preset's registry key with all below it. Does nothing if the key is the empty text.
+    // Deletes the preset's registry key with its subkeys. Does nothing if the key is empty.
     void DeleteKey() const;
 
 private:

@@ -6,7 +6,7 @@
 
 namespace {
 
-// With its terminating NUL, which is drawn like any other character and ends the key.
+// Includes the terminating NUL, which is drawn like any other character and ends the key.
 constexpr wchar_t KeyAlphabet[] = L"0123456789abcdefghijklmnopqrstuvwxyz";
 constexpr size_t KeyLength = 8;
 

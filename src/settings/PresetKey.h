@@ -1,11 +1,11 @@
-// Makes the name of a new preset's registry key.
+// Creates the name of a new preset's registry key.
 #pragma once
 
 #include <string>
 
-// Eight draws from the C runtime's generator, seeded with the current second: a text of at most 8 digits and
-// lower-case letters. Shorter, even empty, keys occur, and two keys made within one second are equal.
+// Returns at most 8 digits and lower-case letters, drawn from the C runtime's generator seeded with the
+// current second. Shorter and even empty keys occur; two keys of the same second are equal.
 std::wstring MakePresetKey();
 
-// The same from the generator as it stands.
+// The same without seeding the generator.
 std::wstring DrawPresetKey();

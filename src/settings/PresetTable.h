@@ -1,4 +1,4 @@
-// The field table of a PresetRecord: its rows carry the names under which the registry stores a preset.
+// The field table of a PresetRecord, with the names under which the registry stores its fields.
 #pragma once
 
 #include "settings/metatypes/FieldTable.h"

@@ -1,5 +1,4 @@
-// The ready-made filters that a preset can choose from by their index. The indices are stored, so the rows
-// keep their places.
+// The predefined search filters. Presets store the index of a filter, so rows must keep their order.
 #pragma once
 
 #include <array>

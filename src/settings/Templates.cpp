@@ -13,7 +13,7 @@ const std::array<const wchar_t*, TemplateCount> TemplateNames = {
 
 namespace {
 
-// In which values the templates differ.
+// The values in which the templates differ.
 struct Template {
     ListStyle listStyle;
     bool showStatistics;
@@ -25,7 +25,7 @@ struct Template {
     std::span<const FileColumnPair> fileColumns;
     std::span<const FolderSortPair> folderSort;
     std::span<const FileSortPair> fileSort;
-    std::span<const wchar_t* const> excludedFolders;  // besides the one that all exclude
+    std::span<const wchar_t* const> excludedFolders;  // in addition to DefaultExcludedFolder
 };
 
 constexpr FolderColumnPair DetailedFolderColumns[] = {

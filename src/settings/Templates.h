@@ -8,9 +8,9 @@ class Preset;
 
 inline constexpr uint32_t TemplateCount = 6;
 
-// What the user reads; the index is the template's number.
+// The names for the user; the index is the template's number.
 extern const std::array<const wchar_t*, TemplateCount> TemplateNames;
 
-// Gives the preset the values of the template, its name included. Key and position stay.
-// REQUIRES: number < TemplateCount.
+// Sets the values of the template, its name included; key and position stay. REQUIRES: number <
+// TemplateCount.
 void ApplyTemplate(Preset& preset, uint32_t number);

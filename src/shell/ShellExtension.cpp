@@ -17,12 +17,12 @@ std::wstring ProgramPath() {
     return longPath;
 }
 
-// Letter case does not count in class identifiers and paths.
+// Class identifiers and paths are compared case-insensitively.
 bool AreEqual(const std::wstring& a, const std::wstring& b) {
     return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
-// Whether the key's unnamed value is this text.
+// Returns whether the key's unnamed value is this text.
 bool HasDefaultValue(const std::wstring& path, REGSAM access, const std::wstring& expected) {
     RegistryKey key;
     std::wstring value;
@@ -30,7 +30,8 @@ bool HasDefaultValue(const std::wstring& path, REGSAM access, const std::wstring
            key.ReadString(L"", value) && AreEqual(value, expected);
 }
 
-// Whether this is a 32-bit process on a 64-bit system. A system without the question has only one width.
+// Returns whether this is a 32-bit process on a 64-bit system. A system without IsWow64Process has only one
+// width.
 bool IsWow64() {
     using Function = BOOL(WINAPI*)(HANDLE, BOOL*);
     const FARPROC address = GetProcAddress(GetModuleHandleW(L"kernel32"), "IsWow64Process");
@@ -50,7 +51,7 @@ bool RunRegsvr32(const std::wstring& parameters) {
     if (!ShellExecuteExW(&info)) {
         return false;
     }
-    // The process handle stays open: one for each call, until the program ends.
+    // The process handle is not closed: one stays open for each call until the program ends.
     WaitForSingleObject(info.hProcess, INFINITE);
     DWORD exitCode = 1;
     GetExitCodeProcess(info.hProcess, &exitCode);
@@ -63,7 +64,7 @@ bool RunRegsvr32(const std::wstring& parameters) {
 }  // namespace
 
 std::wstring ModulePathOf(const std::wstring& programPath) {
-    // The last dot of the whole path, even if it belongs to a folder.
+    // The last dot of the whole path, even if it is in the name of a folder.
     return programPath.substr(0, programPath.rfind(L'.')) + L".dll";
 }
 

@@ -1,24 +1,24 @@
-// Registers and removes the handler module that puts the presets into the context menus of folders and
-// drives, and tells whether it is registered. The module stands beside the program with the same stem.
+// Registers and unregisters the handler module that adds the presets to the context menus of folders and
+// drives. The module is in the folder of the program and has the same stem.
 #pragma once
 
 #include <string>
 
-// Where the handler module of the program at this path must stand: the path up to its last dot, folders
-// included, and ".dll".
+// Returns the path of the handler module of the program at this path: the path up to its last dot, which may
+// be in a folder's name, and ".dll".
 std::wstring ModulePathOf(const std::wstring& programPath);
 
 class ShellExtension {
 public:
     // name is the handler's key below the ContextMenuHandlers keys, classId its class in registry form with
-    // braces. Touches no registry.
+    // braces. Does not access the registry.
     ShellExtension(const std::wstring& name, const std::wstring& classId);
 
-    // Whether the registry names the module beside this program for folders and for drives.
+    // Returns whether the module beside this program is registered for folders and for drives.
     bool IsRegistered() const;
 
-    // Run regsvr32 with elevated rights and wait for it. True if it could be started, which does not say that
-    // it succeeded: ask IsRegistered afterwards.
+    // Run regsvr32 with elevated rights and wait for it. Return whether it could be started, which does not
+    // mean that it succeeded: see IsRegistered.
     bool Register() const;
     bool Unregister() const;
 

@@ -30,7 +30,7 @@ void GroupedPath(Writer& writer, const PathState& state, const Record&) {
     writer.WriteText(state.path);
 }
 
-// A flat list has no parent folder at hand, so the path is put together from the records above.
+// In a flat list the path is built from the record's parents.
 void FlatPath(Writer& writer, const PathState&, const Record& record) {
     std::vector<const Record*> chain;
     chain.reserve(16);
@@ -43,7 +43,7 @@ void FlatPath(Writer& writer, const PathState&, const Record& record) {
     }
 }
 
-// A folder's fullName is its name.
+// The fullName of a folder is its name.
 void GroupedPathAndName(Writer& writer, const PathState& state, const Record& record) {
     GroupedPath(writer, state, record);
     writer.WriteText(L"\\");
@@ -115,7 +115,7 @@ void NumberOfFoldersAndFiles(Writer& writer, const PathState&, const Record& rec
     writer.stream << record.folderCount + record.fileCount;
 }
 
-// One column, at the index of its value in the enumeration.
+// A column; the index in its table is the value of the enumeration.
 struct Column {
     const wchar_t* title;
     ColumnWriter grouped;
@@ -155,8 +155,8 @@ constexpr std::array<Column, FileColumnCount> FileTable = {{
     {L"Written", LastTimeWritten},
 }};
 
-// The rows of the table that the preset shows, in display order. The enabled flag belongs to a position, and
-// the enumeration's value says which column stands there.
+// Returns the columns that the preset shows, in display order. The enabled flag belongs to the position; the
+// value at that position selects the column.
 template <typename Enumeration, size_t Count>
 std::vector<const Column*> Shown(const Preset& preset,
                                  Field<Columns::Record, std::array<Enumeration, Count>> columns,

@@ -6,7 +6,7 @@ constexpr int BufferSize = 256;
 wchar_t Buffer[BufferSize];
 
 const wchar_t* Format(const SYSTEMTIME& time) {
-    // The length counts the terminating NUL, whose place the blank takes.
+    // The length includes the terminating NUL, which the blank replaces.
     const int length =
         GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, Buffer, BufferSize);
     if (length > 0)

@@ -1,11 +1,12 @@
-// Moments as the user's regional settings write them: short date, one blank, time with seconds. Both
-// functions give the same static buffer of one thread, good until the next call.
+// Formats times by the user's regional settings: short date, one blank, time with seconds. Both functions
+// return the same static buffer, valid until the next call. Not thread-safe: to be called from the list's
+// worker only.
 #pragma once
 
 #include "winlib/Windows.h"
 
-// A time of the file system, left in UTC. A time that is no date gives no date.
+// Formats a time of the file system, in UTC. Returns an empty text for a time that is no date.
 const wchar_t* FormatFileTime(const FILETIME& time);
 
-// The present moment in local time.
+// Formats the current local time.
 const wchar_t* FormatLocalTime();

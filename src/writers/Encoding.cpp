@@ -9,10 +9,10 @@ namespace {
 constexpr uint32_t LeadSurrogateMin = 0xD800;
 constexpr uint32_t LeadSurrogateMax = 0xDBFF;
 
-// Takes the marks off both halves of a surrogate pair and adds the 0x10000 at which pairs begin.
+// (lead << 10) + trail - SurrogateOffset is the code point: 0xD800 << 10, plus 0xDC00, minus 0x10000.
 constexpr uint32_t SurrogateOffset = 0x35FDC00;
 
-// In bytes. A lead surrogate at the end of a text is all that gives more than three.
+// In bytes. Only a lead surrogate at the end of a text takes more than three for one unit.
 constexpr size_t LongestUnit = 4;
 
 }  // namespace

@@ -52,7 +52,7 @@ void HtmlWriter::WriteHeader(const PathState&, const Scanner::Folder& root) {
         WriteLine(L"</td></tr>");
         WriteLine(L"</table>");
     }
-    // In the flat style each of the two lists brings its own.
+    // In the flat style each of the two lists has its own.
     if (!preset->Get(Display::ShowFlatStyle))
         WriteSeparator();
 }

@@ -1,5 +1,5 @@
-// A list as one HTML page that needs nothing beside it: a title table, and the folders and files as tables
-// whose left margin shows their depth. Names go into the page as they stand, unescaped.
+// Writes a list as a self-contained HTML page: a title table, and the folders and files as tables whose left
+// margin shows their depth. Names are written unescaped.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 class HtmlWriter : public Writer {
 public:
-    // Writes the page's head and opens its body, which WriteFooter closes. The preset must outlive the
-    // writer. Throws as Writer does.
+    // Writes the head of the page and opens its body, which WriteFooter closes. The preset must outlive the
+    // writer. Throws as Writer.
     HtmlWriter(const Preset& jobPreset, const wchar_t* outputPath);
 
     void WriteHeader(const PathState& state, const Scanner::Folder& root) override;
@@ -37,7 +37,7 @@ private:
     const uint64_t indentStep;  // in pixels
     uint64_t depth = 0;
 
-    // The heading rows of the tables, ready to write; empty if the preset shows no headers.
+    // The heading rows of the tables; empty if the preset shows no headers.
     std::wstring folderHeaderRow;
     std::wstring fileHeaderRow;
 };

@@ -15,7 +15,8 @@ ListFile::ListFile(const wchar_t* path) : std::ostream(nullptr), buffer_(path) {
 ListFile::Buffer::Buffer(const wchar_t* path) : file_(_wfsopen(path, L"w", _SH_DENYNO)) {
     if (file_ == nullptr)
         return;
-    // Fully buffered and flushed by hand: an unbuffered stream may write a line's last byte by itself.
+    // Fully buffered and flushed explicitly: an unbuffered stream may write the last byte of a line
+    // separately.
     std::setvbuf(file_.get(), fileBuffer_.data(), _IOFBF, fileBuffer_.size());
     setp(line_.data(), line_.data() + line_.size());
 }

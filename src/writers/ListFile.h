@@ -1,6 +1,6 @@
-// The stream onto a list file. A line is gathered in memory and leaves in one write to the system when the
-// stream is flushed; the C runtime's text mode then turns its line feeds into CR LF. A file that cannot be
-// opened or written leaves a stream in failed state, which drops what is inserted.
+// The output stream of a list file. A line is buffered and written in one system call when the stream is
+// flushed; the C runtime's text mode converts line feeds to CR LF. If the file cannot be opened or written,
+// the stream is in failed state and drops its input.
 #pragma once
 
 #include <array>
@@ -11,8 +11,8 @@
 
 class ListFile : public std::ostream {
 public:
-    // Opens the file for writing and empties it; others may read and write it meanwhile. Numbers come out in
-    // the neutral locale.
+    // Opens the file for writing and truncates it; other programs may read and write it. Numbers are
+    // formatted in the neutral locale.
     explicit ListFile(const wchar_t* path);
 
 private:
@@ -36,7 +36,7 @@ private:
 
         bool Drain();
 
-        // Both hold any line but an absurd one, so that the runtime does not cut it in two.
+        // Large enough for any reasonable line, so that the runtime does not split it.
         std::array<char, 0x10000> line_;
         std::array<char, 0x10000> fileBuffer_;
         std::unique_ptr<std::FILE, Close> file_;

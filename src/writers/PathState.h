@@ -1,4 +1,4 @@
-// Where the walk over a scan tree stands. WriteList owns it; the columns read it.
+// The position of the walk over a scan tree. Owned by WalkTree, read by the columns.
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,13 @@
 #include <string_view>
 
 struct PathState {
-    // Steps down: joins a folder's name, or at first the scanned path, to path.
+    // Goes down: appends a folder's name, or at first the scanned path, to path.
     void Push(std::wstring_view piece);
 
-    // Steps back up to where the last Push was made.
-    // REQUIRES: a Push that was not taken back yet.
+    // Undoes the last Push. REQUIRES: a Push without its Pop.
     void Pop();
 
-    // Place of the row in hand among its siblings, from 1.
+    // The number of the current row among its siblings, from 1.
     uint64_t folderNumber = 0;
     uint64_t fileNumber = 0;
 

@@ -9,9 +9,9 @@ namespace {
 
 struct Unit {
     const wchar_t* name;
-    uint64_t limit;      // the dynamic styles use the unit below this many bytes
-    uint32_t nextLower;  // right shift that leaves 1024 for one unit
-    uint32_t whole;      // right shift that leaves 1 for one unit
+    uint64_t limit;      // the dynamic styles use the unit for sizes below this
+    uint32_t nextLower;  // right shift that turns one unit into 1024
+    uint32_t whole;      // right shift that turns one unit into 1
 };
 
 constexpr uint64_t BytesLimit = uint64_t{1} << 10;
@@ -28,7 +28,7 @@ void WriteBytes(Writer& writer, const uint64_t& size) {
     writer.WriteText(L" Bytes");
 }
 
-// A display value: the bits below the next lower unit and those beyond a float's precision are lost.
+// A value for display: loses the bits below the next lower unit and those beyond the precision of a float.
 void WriteDecimal(Writer& writer, uint64_t size, const Unit& unit) {
     const float units = static_cast<float>(size >> unit.nextLower) * 0.0009765625f;
     writer.stream << static_cast<double>(units);
@@ -40,7 +40,7 @@ void WriteWhole(Writer& writer, uint64_t size, const Unit& unit) {
     writer.WriteText(unit.name);
 }
 
-// The unit is chosen by the exact size, before any rounding. No unit is large enough for a pebibyte.
+// The unit is chosen by the exact size, before rounding. There is none for a pebibyte or more.
 template <void (*Write)(Writer&, uint64_t, const Unit&)>
 void WriteDynamic(Writer& writer, const uint64_t& size) {
     if (size < BytesLimit) {
@@ -60,7 +60,7 @@ void WriteFixed(Writer& writer, const uint64_t& size) {
     WriteDecimal(writer, size, Units[UnitIndex]);
 }
 
-// At the index of the style's value.
+// The index is the value of the style.
 constexpr std::array<SizeWriter, 7> SizeWriters = {
     WriteDynamic<WriteDecimal>,
     WriteDynamic<WriteWhole>,

@@ -1,5 +1,5 @@
-// The style sheet in the head of every HTML list, one literal. Its oddities belong to the page: the margin of
-// the body that no browser reads as meant, and the class that nothing uses.
+// The style sheet in the head of every HTML list. Keep it as it is: the invalid margin of the body and the
+// unused class are part of the expected page.
 #pragma once
 
 inline constexpr wchar_t StyleSheet[] =

@@ -1,5 +1,5 @@
-// A list as plain text: a header, then one line for each folder and file, its cells parted by single tabs. In
-// the grouped style the rows are indented by tabs; column headings exist in the flat style only.
+// Writes a list as plain text: a header, then one line for each folder and file with its cells separated by
+// tabs. In the grouped style rows are indented by tabs; column headings exist in the flat style only.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 class TextWriter : public Writer {
 public:
-    // The preset must outlive the writer. Throws as Writer does.
+    // The preset must outlive the writer. Throws as Writer.
     TextWriter(const Preset& jobPreset, const wchar_t* outputPath);
 
     void WriteHeader(const PathState& state, const Scanner::Folder& root) override;
@@ -32,7 +32,7 @@ private:
     std::wstring currentIndent;
     uint64_t depth = 0;  // how many indentUnits are in currentIndent
 
-    // The lines above a flat list's rows, ready to write; empty if the preset shows no headers.
+    // The heading lines of a flat list; empty if the preset shows no headers.
     std::wstring folderHeader;
     std::wstring fileHeader;
 };

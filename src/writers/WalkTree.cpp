@@ -10,7 +10,7 @@ namespace {
 
 struct Level {
     const Scanner::Node* node;
-    uint64_t next;  // index of the folder in node to be taken next
+    uint64_t next;  // index of the next folder in node
 };
 
 void WriteFiles(Writer& writer, PathState& state, const Scanner::Node& node) {
@@ -24,7 +24,7 @@ void WriteFiles(Writer& writer, PathState& state, const Scanner::Node& node) {
     writer.EndFiles();
 }
 
-// A flat list closes its folders before the files begin, a grouped one after them.
+// A flat list ends its folders before the files, a grouped one after them.
 void FinishFolder(Writer& writer, PathState& state, const Scanner::Node& node, bool flat) {
     const uint64_t count = node.folders.size();
     if (flat && count != 0)

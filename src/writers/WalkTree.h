@@ -1,10 +1,10 @@
-// The walk over a finished scan, which is the same for every format of list.
+// The walk over a finished scan, the same for every format.
 #pragma once
 
 #include "scanner/Records.h"
 
 class Writer;
 
-// Calls the writer's operations for the header, every row below root, and the footer. A folder's row comes
-// first, then its folders with all that lies below them, then its own files. The tree may be of any depth.
+// Calls the writer for the header, every row below root, and the footer: for a folder first its row, then its
+// folders with their contents, then its files. The tree may have any depth.
 void WalkTree(Writer& writer, const Scanner::Node& root, bool flat);

@@ -1,6 +1,6 @@
-// The writer of one list: what each step of the walk over a scan tree puts into the file. The walk itself
-// stands in WalkTree.h, the cells in Columns.h, and the formats derive from this class. A writer lives for
-// one list on the worker's thread, and its destruction closes the file.
+// The base of the list formats: one operation for each step of the walk over a scan tree (WalkTree.h). Cells
+// are written by the functions of Columns.h. A writer is used for one list on the worker's thread; its
+// destructor closes the file.
 #pragma once
 
 #include <cstdint>
@@ -22,11 +22,11 @@ public:
     Writer& operator=(const Writer&) = delete;
     virtual ~Writer() = default;
 
-    // Before and after the walk; root is the record of the scanned path.
+    // Called before and after the walk; root is the record of the scanned path.
     virtual void WriteHeader(const PathState& state, const Scanner::Folder& root) = 0;
     virtual void WriteFooter(const PathState& state, const Scanner::Folder& root) = 0;
 
-    // count is the number of folders that lie directly in the folder in hand.
+    // count is the number of folders directly in the current folder.
     virtual void BeginFolders(uint64_t count) = 0;
     virtual void WriteFolder(const PathState& state, const Scanner::Folder& folder) = 0;
     virtual void EndFolders(uint64_t count) = 0;
@@ -35,14 +35,14 @@ public:
     virtual void WriteFile(const PathState& state, const Scanner::File& file) = 0;
     virtual void EndFiles() = 0;
 
-    // After a folder was written, and when a folder is left, the root included.
+    // Called after a folder's row was written, and when a folder (the root included) is left.
     virtual void Indent() = 0;
     virtual void Unindent() = 0;
 
-    // The way of all text into the stream, as UTF-8. Numbers are inserted directly.
+    // Writes text to the stream as UTF-8; all text goes through here. Numbers are inserted directly.
     void WriteText(std::wstring_view text);
 
-    // A line feed and a flush.
+    // Writes a line feed and flushes.
     void EndLine();
 
     // WriteText and EndLine.
@@ -54,10 +54,10 @@ public:
     ListFile stream;
 
 protected:
-    // Settles the columns, opens the file and writes the byte-order mark if the preset asks for it. Throws
-    // std::exception, before the file is touched, on a column or style outside its enumeration.
+    // Selects the columns, opens the file and writes the byte-order mark if the preset says so. Throws
+    // std::exception, before it opens the file, on a column or style outside its enumeration.
     Writer(const Preset& preset, const wchar_t* outputPath);
 
 private:
-    std::string encoded;  // memory for EncodeText
+    std::string encoded;  // the memory of EncodeText
 };

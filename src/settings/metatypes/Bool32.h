@@ -1,4 +1,5 @@
-// The 32-bit boolean of the platform as a type of its own, so that a field table can tell it from a number.
+// The 32-bit boolean of the platform as a distinct type, so that a field table distinguishes it from a
+// number.
 #pragma once
 
 #include <cstdint>

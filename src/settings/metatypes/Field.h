@@ -23,7 +23,7 @@ public:
     using Settings::Settings;
     explicit SettingsOf(const Settings& settings) : Settings(settings) {}
 
-    // The value of a field.
+    // Returns the value of a field.
     template <typename T>
     T& Get(Field<Record, T> field) {
         return Settings::Get<T>(field.row);
@@ -33,7 +33,7 @@ public:
         return Settings::Get<T>(field.row);
     }
 
-    // One element of an array. Throws std::bad_cast if index is not below N.
+    // Returns an element of an array. Throws std::bad_cast if index is not below N.
     template <typename T, size_t N>
     T& Get(Field<Record, std::array<T, N>> field, size_t index) {
         return Settings::Get<T>(field.row, index);
@@ -43,7 +43,7 @@ public:
         return Settings::Get<T>(field.row, index);
     }
 
-    // A view of a section, valid as long as the record.
+    // Returns a view of a section, valid as long as the record.
     template <typename Inner>
     SettingsOf<Inner> Section(Field<Record, Inner> section) {
         return SettingsOf<Inner>(Settings::Section(section.row));

@@ -1,9 +1,5 @@
-// Makes the rows of a field table from a record's declaration, so that sizes, counts and type codes cannot
-// drift from it. A table names each field once, through a macro of its own around offsetof:
-//
-//     #define FIELD(name, member, ...)
-//         MetaTypes::MakeRow<decltype(Record::member)>(name, offsetof(Record, member) __VA_OPT__(, )
-//         __VA_ARGS__)
+// Makes the rows of a field table from the declaration of the record, so that sizes, counts and type codes
+// always agree with it: MakeRow<decltype(Record::member)>(name, offsetof(Record, member)).
 #pragma once
 
 #include <array>
@@ -14,7 +10,7 @@
 
 namespace MetaTypes {
 
-// What a member of a record is made of. The two character arrays are texts in fixed buffers.
+// The element type, count and type code of a member. Character arrays are texts in fixed buffers.
 template <typename Member>
 struct MemberShape {
     using Element = Member;
@@ -40,7 +36,7 @@ struct MemberShape<wchar_t[N]> {
     static constexpr TypeCode Type = TypeCode::WideTextBuffer;
 };
 
-// A row for a plain member or an array.
+// Makes the row of a plain member or an array.
 template <typename Member>
 constexpr FieldRow MakeRow(const char* name, size_t offset) {
     using Shape = MemberShape<Member>;
@@ -49,7 +45,7 @@ constexpr FieldRow MakeRow(const char* name, size_t offset) {
             nullptr};
 }
 
-// A row for an enumeration or an array of them.
+// Makes the row of an enumeration or an array of enumerations.
 template <typename Member>
 constexpr FieldRow MakeRow(const char* name, size_t offset, const EnumRow* names) {
     using Shape = MemberShape<Member>;
@@ -58,13 +54,13 @@ constexpr FieldRow MakeRow(const char* name, size_t offset, const EnumRow* names
             names};
 }
 
-// A row for a record within the record.
+// Makes the row of a record within the record.
 template <typename Member>
 constexpr FieldRow MakeRow(const char* name, size_t offset, const FieldRow* fields) {
     return {name, sizeof(Member), 1, static_cast<uint32_t>(offset), TypeCode::Section, fields};
 }
 
-// Stands at the end of every field table.
+// The last row of every field table.
 inline constexpr FieldRow EndOfTable{nullptr, 0, 0, 0, TypeCode{}, nullptr};
 
 }  // namespace MetaTypes

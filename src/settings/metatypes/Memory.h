@@ -1,5 +1,5 @@
-// Typed access to the bytes of a field. Copies, since an enumeration in a record may not be touched through a
-// pointer to its number.
+// Typed access to the bytes of a field. Copies, since an enumeration must not be accessed through a pointer
+// to its number.
 #pragma once
 
 #include <cstddef>

@@ -43,7 +43,7 @@ bool ReadNumber(const RegistryKey& key, const std::wstring& name, std::byte* fie
     return true;
 }
 
-// Any number but 0 is true.
+// Every number except 0 is true.
 template <typename T>
 bool ReadBool(const RegistryKey& key, const std::wstring& name, std::byte* field) {
     uint32_t stored = 0;
@@ -71,7 +71,7 @@ bool ReadFloat(const RegistryKey& key, const std::wstring& name, std::byte* fiel
     return true;
 }
 
-// Cuts a text that is too long for the buffer.
+// Truncates a text that is too long for the buffer.
 template <typename Char>
 void FillBuffer(std::basic_string_view<Char> text, std::byte* field, uint32_t count) {
     auto* buffer = reinterpret_cast<Char*>(field);
@@ -90,7 +90,7 @@ bool ReadEnumeration(const std::string& word, const EnumRow* rows, std::byte* fi
     return false;
 }
 
-// A text goes to its field in one of four shapes.
+// Stores a text in a field of one of the four text types.
 bool ReadText(const RegistryKey& key, const std::wstring& name, const FieldRow& row, std::byte* field) {
     std::wstring text;
     if (!key.ReadString(name, text)) {
@@ -114,7 +114,7 @@ bool ReadText(const RegistryKey& key, const std::wstring& name, const FieldRow& 
     }
 }
 
-// Both lists are emptied before anything is known about the stored value.
+// Both lists are cleared before the stored value is looked for.
 bool ReadWideList(const RegistryKey& key, const std::wstring& name, std::vector<std::wstring>& list) {
     list.clear();
     return key.ReadStringList(name, list);
@@ -130,7 +130,8 @@ bool ReadNarrowList(const RegistryKey& key, const std::wstring& name, std::vecto
     return true;
 }
 
-// One value: a plain field or an element of an array. The two character types are stored but never read.
+// Reads one value: a plain field or an element of an array. The two character types are written but never
+// read.
 bool ReadValue(const RegistryKey& key, const std::wstring& name, const FieldRow& row, std::byte* field) {
     switch (row.type) {
         case TypeCode::Bool32:
@@ -170,7 +171,7 @@ bool ReadValue(const RegistryKey& key, const std::wstring& name, const FieldRow&
 
 bool ReadFields(const RegistryKey& key, const FieldRow* table, std::byte* record);
 
-// A section row with a count above 1 fills each element from the one subkey.
+// A section row with a count above 1 fills each element from the same subkey.
 bool ReadSection(const RegistryKey& parent, const std::wstring& name, const FieldRow& row, std::byte* field) {
     RegistryKey key;
     if (!OpenKey(parent.Get(), name, key)) {

@@ -29,7 +29,7 @@ bool WriteBinary(const RegistryKey& key, const std::wstring& name, const std::by
                           size) == ERROR_SUCCESS;
 }
 
-// Signed numbers are extended by their sign, all others by zeros.
+// Sign-extends signed numbers, zero-extends all others.
 template <typename T>
 bool WriteNumber(const RegistryKey& key, const std::wstring& name, const std::byte* field) {
     return key.WriteDword(name, static_cast<uint32_t>(LoadAs<T>(field)));
@@ -57,7 +57,7 @@ std::basic_string_view<Char> BufferText(const std::byte* field, uint32_t count) 
     return {buffer, std::find(buffer, buffer + count, Char{})};
 }
 
-// One value: a plain field or an element of an array.
+// Writes one value: a plain field or an element of an array.
 bool WriteValue(const RegistryKey& key, const std::wstring& name, const FieldRow& row,
                 const std::byte* field) {
     switch (row.type) {
@@ -106,7 +106,7 @@ bool WriteValue(const RegistryKey& key, const std::wstring& name, const FieldRow
 
 bool WriteFields(const RegistryKey& key, const FieldRow* table, const std::byte* record);
 
-// A section row with a count above 1 stores nothing and still counts as stored.
+// A section row with a count above 1 writes nothing and still succeeds.
 bool WriteSection(const RegistryKey& parent, const std::wstring& name, const FieldRow& row,
                   const std::byte* field) {
     if (row.count > 1) {

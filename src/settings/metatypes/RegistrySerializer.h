@@ -1,5 +1,5 @@
-// Stores a record under a registry key of the current user: every field a named value, every section and
-// array a subkey, every enumeration by its word. No key stays open between calls.
+// Writes a record to a registry key of the current user: each field as a named value, each section and array
+// as a subkey, enumerations by name. No key stays open between calls.
 #pragma once
 
 #include <string>
@@ -13,8 +13,9 @@ public:
     // The path of the key below HKEY_CURRENT_USER.
     explicit RegistrySerializer(const std::wstring& path) : path_(path) {}
 
-    // Creates the key if needed and tries every field; what fails is left as it stood and turns the result
-    // false. Nothing is ever deleted. Throws utf8::invalid_utf8 for narrow text that is none.
+    // Creates the key if needed and writes every field. A field that cannot be written keeps its stored
+    // value, and the result is false. Deletes nothing. Throws utf8::invalid_utf8 for a narrow text that is
+    // not UTF-8.
     bool Serialize(const FieldRow* table, const void* record) override;
 
 private:

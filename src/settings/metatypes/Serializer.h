@@ -1,5 +1,5 @@
-// Where a record can be stored: anything that walks a field table. The registry is the only place today, see
-// RegistrySerializer.h.
+// The interfaces that write and read a record by its field table. RegistrySerializer.h implements them for
+// the registry.
 #pragma once
 
 namespace MetaTypes {
@@ -10,7 +10,7 @@ class ISerializer {
 public:
     virtual ~ISerializer() = default;
 
-    // Stores the record that the table describes. True when every field was stored.
+    // Writes the record that the table describes. Returns whether every field was written.
     virtual bool Serialize(const FieldRow* table, const void* record) = 0;
 };
 
@@ -18,8 +18,8 @@ class IDeserializer {
 public:
     virtual ~IDeserializer() = default;
 
-    // Fills the record that the table describes. True when every field was read; what was not read keeps its
-    // value.
+    // Reads the record that the table describes. Returns whether every field was read; a field that was not
+    // read keeps its value.
     virtual bool Deserialize(const FieldRow* table, void* record) = 0;
 };
 

@@ -5,7 +5,7 @@
 namespace MetaTypes {
 namespace {
 
-// The user may come to read this text, and the standard library's own differs from compiler to compiler.
+// The text may be shown to the user, and that of std::bad_cast differs between compilers.
 class BadCast : public std::bad_cast {
 public:
     const char* what() const noexcept override { return "bad cast"; }

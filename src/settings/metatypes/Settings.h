@@ -18,8 +18,8 @@ namespace MetaTypes {
 class ISerializer;
 class IDeserializer;
 
-// The code by which a field table names T. The two codes of text buffers belong to no type: a buffer is
-// reachable by its owner alone.
+// The type code of T in a field table. No type has the two codes of text buffers: only the owner of the
+// record accesses a buffer.
 template <typename T>
 constexpr TypeCode TypeCodeOf() {
     if constexpr (std::is_same_v<T, Bool32>) {
@@ -66,7 +66,7 @@ public:
     Settings(const FieldRow* table, void* record) : table_(table), record_(static_cast<std::byte*>(record)) {}
     virtual ~Settings() = default;
 
-    // The single value in this row. Throws std::bad_cast if the row holds another type or an array.
+    // Returns the single value in this row. Throws std::bad_cast if the row has another type or is an array.
     template <typename T>
     T& Get(uint32_t row) {
         return *static_cast<T*>(Single(row, TypeCodeOf<T>()));
@@ -76,8 +76,8 @@ public:
         return *static_cast<const T*>(Single(row, TypeCodeOf<T>()));
     }
 
-    // One element of the array in this row. Throws std::bad_cast if the row holds another type or a single
-    // value, or if index is not below the count.
+    // Returns an element of the array in this row. Throws std::bad_cast if the row has another type or is a
+    // single value, or if index is not below the count.
     template <typename T>
     T& Get(uint32_t row, size_t index) {
         return *static_cast<T*>(Element(row, TypeCodeOf<T>(), index));
@@ -87,12 +87,12 @@ public:
         return *static_cast<const T*>(Element(row, TypeCodeOf<T>(), index));
     }
 
-    // A view of the section in this row, good for as long as the record. Throws std::bad_cast if the row is
-    // no section.
+    // Returns a view of the section in this row, valid as long as the record. Throws std::bad_cast if the row
+    // is not a section.
     Settings Section(uint32_t row);
     const Settings Section(uint32_t row) const;
 
-    // Hand table and record to the serializer and give back its result: whether every field succeeded.
+    // Call the serializer with table and record. Return whether every field succeeded.
     bool Serialize(ISerializer& serializer) const;
     bool Deserialize(IDeserializer& deserializer);
 
