@@ -19,7 +19,7 @@ void AddPair(VStack& page, HWND label, HWND link) {
     row->AddWindow(1, link, Alignment::Near, Alignment::Center);
 }
 
-// A system without a program for it stays silent.
+// Failures are ignored.
 void Open(const std::wstring& link) {
     SHELLEXECUTEINFOW execute = {};
     execute.cbSize = sizeof(execute);
@@ -94,7 +94,7 @@ void AboutController::BuildLayout() {
     MeasureAndArrange(RootSizer, Handle);
 }
 
-// No control has the id of Enter or Esc, so that they come without one.
+// No control has the id IDOK or IDCANCEL, so Enter and Esc arrive as menu commands.
 bool AboutController::OnMenuCommand(WORD id) {
     return ModalController::OnControlCommand(id, nullptr, BN_CLICKED);
 }

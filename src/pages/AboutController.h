@@ -1,5 +1,5 @@
-// The About box: the program's name and its maker's address and home page as links. Both stand only in the
-// dialog resource; a click opens whatever text the control shows.
+// The About box: the program's name and its maker's address and home page as links. The texts are in the
+// dialog resource; a click opens the text of the control.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 #include "winlib/controls/HyperLinkCtrl.h"
 #include "winlib/layout/Overlapped.h"
 
-// What is opened to write to an address: the address is put in as it stands.
+// Returns the link that starts a mail to an address. The address is not escaped.
 std::wstring MailLinkTo(const std::wstring& address);
 
 class AboutController : public WinLib::Dialog::ModalController,

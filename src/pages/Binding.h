@@ -1,5 +1,5 @@
-// A control that shows one field of a preset and stores it at every action of the user: what the
-// check boxes, radio buttons and text fields of all pages have in common. Each page lists its own in a table.
+// Binds a control to a field of a preset: the control shows the field, and each action of the user stores it.
+// Used for the check boxes, radio buttons and text fields of all pages; each page has a table of them.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@
 
 struct Binding {
     int id;
-    WORD code;  // the notification by which the control tells of the user's action
+    WORD code;  // the notification that the control sends for an action of the user
     void (*show)(HWND control, const Preset& preset);
     void (*store)(HWND control, Preset& preset);
 };
@@ -19,7 +19,7 @@ inline bool IsTicked(HWND button) {
     return SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
-// Buttons start unticked, so that only a tick needs to be shown.
+// Buttons start unchecked, so that only the checked state is set.
 inline void Tick(HWND button) {
     SendMessageW(button, BM_SETCHECK, BST_CHECKED, 0);
 }
@@ -35,8 +35,8 @@ constexpr Binding CheckBox(int id) {
             [](HWND control, Preset& preset) { preset.Get(Field) = IsTicked(control); }};
 }
 
-// A radio button for one value of an enumeration. The button that names the other buttons' values stands for
-// every value but those.
+// A radio button for a value of an enumeration. A button with the values of the other buttons is checked for
+// any value but those.
 template <auto Field, auto Value, decltype(Value)... Others>
 constexpr Binding RadioButton(int id) {
     return {id, BN_CLICKED,
@@ -56,7 +56,6 @@ inline void ShowText(HWND control, std::wstring text) {
 // An edit control for a text.
 template <auto Field>
 constexpr Binding TextField(int id) {
-    return {id, EN_CHANGE,
-            [](HWND control, const Preset& preset) { ShowText(control, preset.Get(Field)); },
+    return {id, EN_CHANGE, [](HWND control, const Preset& preset) { ShowText(control, preset.Get(Field)); },
             [](HWND control, Preset& preset) { preset.Get(Field) = WinLib::GetWindowText(control); }};
 }

@@ -8,7 +8,7 @@ constexpr Binding Bindings[] = {
     CheckBox<Columns::ShowHeaders>(IDC_COLUMNS_HEADERS),
 };
 
-// By the values of the columns.
+// The index is the value of the column.
 constexpr std::array<const wchar_t*, FolderColumnCount> FolderLabels = {
     L"Number",
     L"Path",

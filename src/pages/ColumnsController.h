@@ -1,4 +1,4 @@
-// The page that chooses and orders the columns of the list: a checked item is shown.
+// The page that selects and orders the columns of the list. A checked column is shown.
 #pragma once
 
 #include "pages/OrderController.h"

@@ -72,7 +72,8 @@ void FilterController::Refresh() {
     ShowSelectedFilter();
 }
 
-// The edit control shows what the chosen filter stands for; only the last one, the preset's own, is edited.
+// The edit control shows the pattern of the selected filter. Only that of the last one, the preset's own, can
+// be edited.
 void FilterController::ShowSelectedFilter() {
     Preset& preset = TargetPreset();
     const int filter = SelectedFilter();
@@ -176,7 +177,7 @@ std::wstring FilterController::FolderText(int index) const {
     return text;
 }
 
-// An entry is as wide as the list.
+// Makes entries as wide as the list.
 void FilterController::FitColumn() {
     SendMessageW(Control(IDC_FILTER_EXCLUDED), LVM_SETCOLUMNWIDTH, 0, LVSCW_AUTOSIZE_USEHEADER);
 }
@@ -187,7 +188,7 @@ bool FilterController::HandleSize(WORD type, WORD width, WORD height) {
     return arranged;
 }
 
-// What the edit control of an entry tells must not be taken for a word of the page's own controls.
+// Ignores notifications of the in-place edit control: its id may equal that of a control of the page.
 bool FilterController::OnControlCommand(WORD id, HWND control, WORD code) {
     if (LabelEdit != nullptr && control == LabelEdit)
         return true;
@@ -222,7 +223,7 @@ bool FilterController::HandleBeginLabelEdit(NMHDR&, LRESULT& result) {
     return true;
 }
 
-// The list takes the new text over only when this has returned, and tells so by an item changed.
+// The list sets the new text after this returns, and then sends LVN_ITEMCHANGED.
 bool FilterController::HandleEndLabelEdit(NMHDR&, LRESULT& result) {
     LabelEdit = nullptr;
     StorePending = true;

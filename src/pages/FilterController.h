@@ -1,5 +1,5 @@
-// The page that says which files are listed and which folders are left out. The excluded folders are chosen
-// in a folder dialog or edited in place, which is how wildcards get in.
+// The page that selects the files to list and the folders to leave out. Excluded folders are chosen in a
+// folder dialog or edited in place, for example to enter wildcards.
 #pragma once
 
 #include <string>
@@ -40,6 +40,6 @@ private:
     std::wstring FolderText(int index) const;
     void FitColumn();
 
-    HWND LabelEdit = nullptr;   // the list's edit control while an entry is edited in place
+    HWND LabelEdit = nullptr;   // the edit control of the list while an entry is edited in place
     bool StorePending = false;  // the list differs from the preset
 };

@@ -1,4 +1,4 @@
-// The page of a preset's own tree item: text or HTML, and whether the list declares itself UTF-8.
+// The page of a preset's own tree item: text or HTML, and whether the list is marked as UTF-8.
 #pragma once
 
 #include "pages/PropertyController.h"

@@ -19,7 +19,7 @@ constexpr Binding Bindings[] = {
     CheckBox<Display::ShowStatistics>(IDC_DISPLAY_STATISTICS),
 };
 
-// By the value of SizeStyle.
+// The index is the value of SizeStyle.
 constexpr std::array<const wchar_t*, 7> SizeStyleLabels = {
     L"Dynamic (x.x Bytes/KiB/MiB/GiB/TiB)",
     L"Dynamic (x Bytes/KiB/MiB/GiB/TiB)",
@@ -32,7 +32,7 @@ constexpr std::array<const wchar_t*, 7> SizeStyleLabels = {
 
 constexpr int MaximumIndent = 40;
 
-// Meaningless in a list without grouping.
+// Disabled for a list without grouping.
 constexpr int IndentControls[] = {IDC_DISPLAY_INDENT, IDC_DISPLAY_INDENT_CAPTION, IDC_DISPLAY_INDENT_VALUE};
 
 }  // namespace

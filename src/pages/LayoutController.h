@@ -1,4 +1,4 @@
-// The page titled "Display": what is searched, how entries are grouped and indented, how sizes are written.
+// The page "Display": what is searched, how entries are grouped and indented, how sizes are written.
 #pragma once
 
 #include "pages/PropertyController.h"

@@ -22,7 +22,7 @@ constexpr Binding Bindings[] = {
     TextField<Opening::CustomProgramPath>(IDC_OPENING_PATH),
 };
 
-// Nothing when the user cancels.
+// Returns nothing if the user cancels.
 std::optional<std::wstring> PickProgram(HWND owner) {
     std::array<wchar_t, 1024> path = {};
     OPENFILENAMEW dialog = {};

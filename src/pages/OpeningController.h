@@ -1,4 +1,4 @@
-// The page that says with what a finished list is opened.
+// The page that selects the program that opens a finished list.
 #pragma once
 
 #include "pages/PathChoice.h"

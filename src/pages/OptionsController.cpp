@@ -61,7 +61,7 @@ void OptionsController::BuildLayout() {
     MeasureAndArrange(RootSizer, Handle);
 }
 
-// No control has the id of Enter or Esc, so that they come without one.
+// No control has the id IDOK or IDCANCEL, so Enter and Esc arrive as menu commands.
 bool OptionsController::OnMenuCommand(WORD id) {
     return ModalController::OnControlCommand(id, nullptr, BN_CLICKED);
 }
@@ -88,7 +88,7 @@ bool OptionsController::OnClicked(WORD id) {
     }
 }
 
-// The registry alone says what came of it: the elevation may have been refused, or the module be missing.
+// The result is read from the registry: the elevation may have been refused, or the module may be missing.
 void OptionsController::SwitchContextMenu() {
     const bool wanted = IsTicked(ContextMenuCheck);
     const bool before = Settings->Shell.IsRegistered();

@@ -1,5 +1,5 @@
-// The dialog of the two switches that belong to no preset. What is changed takes effect at once; the result
-// of the dialog means nothing.
+// The dialog of the two options of the application. Changes take effect at once; the result of the dialog is
+// not used.
 #pragma once
 
 #include "settings/MainSettings.h"
@@ -10,7 +10,7 @@ class OptionsController : public WinLib::Dialog::ModalController,
                           public WinLib::Handlers::Handler<WM_SYSCOLORCHANGE>,
                           public WinLib::Handlers::Handler<WM_CLOSE> {
 public:
-    // The settings are not owned.
+    // settings is not owned.
     explicit OptionsController(MainSettings* settings) : Settings(settings) {}
 
     bool OnMenuCommand(WORD id) override;

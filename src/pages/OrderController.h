@@ -1,6 +1,6 @@
-// What the pages of columns and of sort keys share: a tree whose items the user puts in order and gives one
-// of two states, for folders and for files, and a check box below. A move is stored at once, states are
-// stored when the tree loses the focus, which it also does when the user starts a list.
+// The base of the Columns and Sorting pages: binds an OrderTree and a check box to a section of the preset. A
+// move is stored at once, states are stored when the tree loses the focus, as it does when the user starts a
+// list.
 #pragma once
 
 #include "pages/OrderTree.h"
@@ -26,10 +26,10 @@ protected:
         std::array<WORD, 3> stateIcons;
     };
 
-    // controls must live as long as the page; the other arguments are those of the base.
+    // controls must outlive the page; the other arguments are those of the base.
     OrderController(MetaTypes::Settings* target, std::span<const Binding> bindings, const Controls& controls);
 
-    // The page's arrays as children of the tree, and the way back.
+    // Convert the arrays of the section to children of the tree, and back.
     virtual std::vector<OrderTree::Child> ReadFolders(const Preset& preset) const = 0;
     virtual std::vector<OrderTree::Child> ReadFiles(const Preset& preset) const = 0;
     virtual void Store(Preset& preset, std::span<const OrderTree::Child> folders,

@@ -19,7 +19,7 @@ WinLib::UniqueHandle<HICON> LoadSmallIcon(WORD id) {
                    GetSystemMetrics(SM_CYSMICON), LR_DEFAULTCOLOR)));
 }
 
-// Picture 0 is never shown, so that any serves.
+// Image 0 is not used.
 WinLib::UniqueHandle<HIMAGELIST> MakeStateImages(const std::array<WORD, 3>& icons) {
     WinLib::UniqueHandle<HIMAGELIST> images(ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 4, 0));
     for (const WORD id : {icons[0], icons[0], icons[1], icons[2]})

@@ -1,5 +1,5 @@
-// What the pages of columns and sort keys share: a tree with one root for folders and one for files, whose
-// children are put in order by two buttons and carry one of two states. The owner stores what Children tells.
+// A tree with two roots, for folders and for files. The user orders their children with two buttons and gives
+// each one of two states. Knows no preset: the owner stores the result of Children.
 #pragma once
 
 #include <array>
@@ -23,24 +23,24 @@ public:
         bool checked;    // the second state image instead of the first
     };
 
-    // Takes over the tree and its two buttons. stateIcons are the pictures of the three states.
+    // Attaches to the tree and its two buttons. stateIcons are the icons of the three states.
     void Attach(HWND tree, HWND upButton, HWND downButton, const std::array<WORD, 3>& stateIcons);
 
-    // Lays out the tree below its caption with the buttons at its side, as a row that takes all room of the
-    // page.
+    // Adds the tree, below its caption and with the buttons at its side, as a row that takes the extra space
+    // of the page.
     void AddTo(WinLib::Layout::VStack& page, HWND caption);
 
-    // Replaces what the tree shows, opens both roots and selects the first.
+    // Replaces the contents of the tree, expands both roots and selects the first.
     void Fill(std::span<const Child> folders, std::span<const Child> files);
 
-    // Exchanges the selected item with the one before or behind it. Does nothing if there is none.
+    // Exchange the selected item with the previous or next one. Do nothing if there is none.
     void MoveUp();
     void MoveDown();
 
-    // Enables the buttons by what is selected: a child moves among its siblings, a root does not move.
+    // Enables the buttons for the selected item: a child moves among its siblings, a root does not move.
     void UpdateButtons();
 
-    // The children of a root from the top, without their labels.
+    // Returns the children of a root from the top, without their labels.
     std::vector<Child> Children(Root root) const;
 
 private:
@@ -50,13 +50,13 @@ private:
     HWND tree_ = nullptr;
     HWND upButton_ = nullptr;
     HWND downButton_ = nullptr;
-    WinLib::UniqueHandle<HICON> upIcon_;  // the buttons only borrow them
+    WinLib::UniqueHandle<HICON> upIcon_;  // the buttons do not own them
     WinLib::UniqueHandle<HICON> downIcon_;
     WinLib::Controls::TreeView::ThreeStateCtrl states_;
 };
 
-// A pair of arrays of the preset, values in order and a flag for each, as children of a tree. The labels are
-// those of the values.
+// Converts a pair of arrays of the preset, values in order and a flag for each, to children of a tree. labels
+// are indexed by value.
 template <typename Section, typename Value, typename Flag, size_t N>
 std::vector<OrderTree::Child> ReadChildren(const Preset& preset,
                                            MetaTypes::Field<Section, std::array<Value, N>> values,
@@ -70,7 +70,7 @@ std::vector<OrderTree::Child> ReadChildren(const Preset& preset,
     return children;
 }
 
-// The way back: as many elements as there are children.
+// Stores the children in a pair of arrays, as many elements as there are children.
 template <typename Section, typename Value, typename Flag, size_t N>
 void StoreChildren(std::span<const OrderTree::Child> children, Preset& preset,
                    MetaTypes::Field<Section, std::array<Value, N>> values,

@@ -1,5 +1,5 @@
-// What the pages Saving and Opening share: three radio buttons, of which the last stands for a path that is
-// typed or browsed for and cannot be touched otherwise.
+// Part of the Saving and Opening pages: three radio buttons, of which the last enables a path that is typed
+// or browsed for.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// The page that says where a list is saved and whether it replaces an older one.
+// The page that selects where a list is saved and whether it replaces an older one.
 #pragma once
 
 #include "pages/PathChoice.h"

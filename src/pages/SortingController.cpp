@@ -8,7 +8,7 @@ constexpr Binding Bindings[] = {
     CheckBox<Sorting::SortDigitsAsNumbers>(IDC_SORTING_NATURAL),
 };
 
-// By the values of the sort keys.
+// The index is the value of the sort key.
 constexpr std::array<const wchar_t*, FolderSortKeyCount> FolderLabels = {
     L"Path and Name (fully qualified path)",
     L"Name",

@@ -1,5 +1,5 @@
-// The page that sets priority and direction of the sort keys: a checked item sorts descending. No key can
-// vanish.
+// The page that sets the priority and direction of the sort keys. A checked key sorts descending. Keys cannot
+// be removed.
 #pragma once
 
 #include "pages/OrderController.h"

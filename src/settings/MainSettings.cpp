@@ -99,7 +99,7 @@ void MainSettings::Renumber() {
     SortByPosition();
     int32_t position = 0;
     for (auto preset = Presets.rbegin(); preset != Presets.rend(); ++preset) {
-        (*preset)->Get<int32_t>(Preset::Position) = ++position;
+        (*preset)->Get(Preset::Position) = ++position;
         (*preset)->Save();
     }
 }
@@ -110,6 +110,6 @@ void MainSettings::Remove(const Preset& preset) {
 
 void MainSettings::SortByPosition() {
     Presets.sort([](const std::unique_ptr<Preset>& a, const std::unique_ptr<Preset>& b) {
-        return a->Get<int32_t>(Preset::Position) > b->Get<int32_t>(Preset::Position);
+        return a->Get(Preset::Position) > b->Get<int32_t>(Preset::Position);
     });
 }

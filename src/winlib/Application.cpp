@@ -4,7 +4,7 @@ namespace WinLib {
 
 namespace {
 
-// Reached through a plain pointer because the object outlives everything: it is never freed at the end.
+// Never freed at the end of the process: everything else may use it until then.
 Application* current = nullptr;
 
 }  // namespace

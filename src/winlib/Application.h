@@ -1,4 +1,4 @@
-// What the whole process shares: how it was started, and what its message loop must know of the windows.
+// The state of the process: how it was started, and the windows that its message loop serves.
 #pragma once
 
 #include <memory>
@@ -14,21 +14,22 @@ public:
     Application(HINSTANCE instance, std::wstring commandLine, int showCommand)
         : Instance(instance), CommandLine(std::move(commandLine)), ShowCommand(showCommand) {}
 
-    // The one object of the process, or null before there is one.
+    // Returns the object of the process, or null before there is one.
     static Application* Current();
 
-    // Makes this the object of the process, which owns it; an earlier one is destroyed.
+    // Makes this the object of the process, which then owns it. Destroys an earlier one.
     static void Install(std::unique_ptr<Application> application);
 
     HINSTANCE Instance;
     std::wstring CommandLine;  // without the program's name
     int ShowCommand;
 
-    // Every modeless dialog in the order of creation. The loop offers each message to them in this order; the
-    // handle of a destroyed window stays and costs only the call.
+    // All modeless dialogs in the order of creation. The loop passes each message to IsDialogMessageW for
+    // each of them in this order. Handles of destroyed windows are not removed; the call ignores them.
     std::vector<HWND> Dialogs;
 
-    // Where accelerators go, and their table, which is not owned. Both null while accelerators are off.
+    // The window that receives accelerators, and their table, which is not owned. Both null while
+    // accelerators are off.
     HWND AcceleratorWindow = nullptr;
     HACCEL Accelerators = nullptr;
 

@@ -15,8 +15,8 @@ Window::Controller* ControllerOf(HWND window) {
 
 namespace Window {
 
-// A window may outlive its controller only when an exception ends the program; the message box that reports
-// it still serves the window's messages, which must find no controller then.
+// A window outlives its controller only after an exception that ends the program. The message box that
+// reports it still dispatches messages to the window, which must then have no controller.
 Controller::~Controller() {
     if (ControllerOf(Handle) == this)
         SetWindowLongPtrW(Handle, GWLP_USERDATA, 0);
@@ -101,7 +101,7 @@ void Bind(Window::Controller& controller, HWND window) {
     controller.Handle = window;
 }
 
-// The init parameter of a dialog: what DialogProcedure casts back.
+// The init parameter of a dialog, which DialogProcedure casts back.
 LPARAM InitParameter(Window::Controller& controller) {
     return reinterpret_cast<LPARAM>(&controller);
 }
@@ -146,7 +146,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 
 void Attach(Window::Controller& controller, HWND window) {
     controller.Procedure = WindowProcedure;
-    // A message that comes before the last step must find no half-attached controller.
+    // The user data is set last: a message that arrives earlier must not reach a half-attached controller.
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     controller.OldProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(controller.Procedure)));

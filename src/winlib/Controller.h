@@ -1,6 +1,6 @@
-// One object serves each window of the program: its controller. A dialog's controller is handed in when the
-// dialog is created; a control's controller subclasses an existing window with Attach. Neither owns the
-// other: whoever owns a controller sees to it that the window is destroyed first.
+// Each window of the program has a controller, which handles its messages. A dialog's controller is given
+// when the dialog is created; a control's controller subclasses an existing window with Attach. Neither owns
+// the other: the owner of a controller destroys the window first.
 #pragma once
 
 #include "winlib/Handlers.h"
@@ -18,26 +18,26 @@ public:
     Controller(const Controller&) = delete;
     Controller& operator=(const Controller&) = delete;
 
-    // The three ways of a WM_COMMAND: from a menu, from an accelerator, and from a control with its
-    // notification code. All return whether the command was handled.
+    // The three origins of WM_COMMAND: a menu, an accelerator, and a control with its notification code. All
+    // return whether the command was handled.
     bool OnMenuCommand(WORD id) override;
     bool OnAccelerator(WORD id) override;
     bool OnControlCommand(WORD id, HWND control, WORD code) override;
 
     virtual ~Controller();
 
-    // Called when Attach has finished, and before Detach begins.
+    // Called at the end of Attach and at the beginning of Detach.
     virtual void OnAttach() {}
     virtual void OnDetach() {}
 
-    // Unpacks a message and hands it to its handler. Returns whether it was handled, and then sets result.
+    // Unpacks a message and calls its handler. Returns whether it was handled, and then sets result.
     virtual bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
     bool HandleNotify(NMHDR& header, LRESULT& result) override;
 
     HWND Handle = nullptr;  // null while no window is attached
     WNDPROC Procedure = nullptr;
-    WNDPROC OldProcedure = DefWindowProcW;  // what an unhandled message falls back on
+    WNDPROC OldProcedure = DefWindowProcW;  // receives unhandled messages
 };
 
 }  // namespace Window
@@ -64,25 +64,25 @@ public:
 
 }  // namespace Dialog
 
-// The procedures of every dialog and of every subclassed window. They hand each message to the window's
-// controller, and what it does not handle to the platform. They catch nothing: an exception travels through
-// the platform's frames to AppMain.
+// The procedures of all dialogs and of all subclassed windows. They pass each message to the window's
+// controller, and unhandled messages to the platform. They catch nothing: an exception passes through the
+// platform's frames to AppMain.
 INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// Subclasses a window: from now on its messages go to the controller first.
+// Subclasses a window: its messages go to the controller first.
 void Attach(Window::Controller& controller, HWND window);
 
 // Undoes Attach.
 void Detach(Window::Controller& controller);
 
 // Creates a modeless dialog from a template, stores its handle in handleOut and appends it to the
-// application's dialogs. A null instance is fetched from the owner and stored back. Throws Win32Error.
+// application's dialogs. A null instance is replaced by that of the owner. Throws Win32Error.
 void CreateModeless(Application& application, HWND& handleOut, Dialog::Controller& controller, int templateId,
                     HWND owner, HINSTANCE& instance);
 
-// Runs a modal dialog from a template and returns what EndDialog was given. A null instance is fetched from
-// the owner and stored back. Throws Win32Error.
+// Runs a modal dialog from a template and returns the value passed to EndDialog. A null instance is replaced
+// by that of the owner. Throws Win32Error.
 INT_PTR RunModal(Dialog::Controller& controller, int templateId, HWND owner, HINSTANCE& instance);
 
 }  // namespace WinLib

@@ -1,4 +1,4 @@
-// What the program throws when it cannot go on. Only AppMain catches it, shows the message and ends.
+// Thrown when the program cannot go on. AppMain catches it, shows the message and ends the program.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace WinLib {
 
-// A failure with a text of our own. Not related to std::exception.
+// A failure with a message. Not derived from std::exception.
 class Exception {
 public:
     explicit Exception(std::wstring text) : Message(std::move(text)) {}

@@ -1,4 +1,4 @@
-// The system's dialog for choosing a folder.
+// The system's dialog to choose a folder.
 #pragma once
 
 #include <optional>
@@ -8,8 +8,8 @@
 
 namespace WinLib {
 
-// Lets the user choose a folder of the file system; the dialog opens at startFolder, or where the system
-// likes if that is null. Nothing when the user cancels or the place chosen has no path.
+// Runs the dialog, which opens at startFolder, or at its default if that is null. Returns the chosen path;
+// nothing if the user cancels or the chosen place has no path in the file system.
 std::optional<std::wstring> PickFolder(HWND owner, const wchar_t* title, const wchar_t* startFolder);
 
 }  // namespace WinLib

@@ -1,10 +1,10 @@
-// The messages that controllers can handle, one mixin each. A controller inherits Handler<N> for each message
-// that it answers, so that its list of bases is the list of its messages. Dispatch unpacks the parameters and
-// calls the operation, so that no handler sees wParam or lParam as such; a controller's OnMessage calls it.
-// Operation and Dispatch return true for handled; an operation that has no result of its own gives 0.
+// The messages that controllers can handle, one mixin each. A controller derives from Handler<N> for each
+// message that it handles, so that its list of bases is the list of its messages. Dispatch unpacks the
+// parameters and calls the operation; the controller's OnMessage calls Dispatch. Both return whether the
+// message was handled; an operation without a result parameter gives the result 0.
 //
-// A controller's OnMessage is one switch, a case for each message in the order of its bases. The base that is
-// meant must be named, and that alone, without any using-declaration, settles which Dispatch it is:
+// OnMessage is a switch with a case for each message, in the order of the bases. Naming the base selects its
+// Dispatch; no using-declaration is needed:
 //
 //     switch (message) {
 //         case WM_SIZE:
@@ -20,11 +20,11 @@
 
 namespace WinLib::Handlers {
 
-// N is the number of a message, or the code of a notification, which is negative.
+// N is the number of a message, or the (negative) code of a notification.
 template <int N>
 class Handler;
 
-// The low or high 16 bits of a mouse message's lParam: negative left of or above the window.
+// The low or high 16 bits of the lParam of a mouse message: negative to the left of or above the window.
 inline int SignedLow(LPARAM value) {
     return static_cast<short>(LOWORD(value));
 }
@@ -88,7 +88,7 @@ protected:
 template <>
 class Handler<WM_SETCURSOR> {
 public:
-    // cursorSet is the message's result: whether the cursor has been set for good.
+    // cursorSet is the result of the message: true if the cursor has been set and must not be changed.
     virtual bool HandleSetCursor(HWND window, WORD hitTest, WORD mouseMessage, bool& cursorSet) = 0;
     bool Dispatch(WPARAM wParam, LPARAM lParam, LRESULT& result) {
         bool cursorSet = false;
@@ -139,7 +139,7 @@ protected:
 template <>
 class Handler<WM_GETDLGCODE> {
 public:
-    // result is of the DLGC_ flags.
+    // result is a combination of DLGC_ flags.
     virtual bool HandleGetDlgCode(LRESULT& result) = 0;
     bool Dispatch(WPARAM, LPARAM, LRESULT& result) { return HandleGetDlgCode(result); }
 
@@ -160,10 +160,10 @@ protected:
 template <>
 class Handler<WM_INITDIALOG> {
 public:
-    // Set focusSet if the handler has moved the focus; otherwise the dialog manager does.
+    // Set focusSet if the handler has set the focus; otherwise the dialog manager sets it.
     virtual bool HandleInitDialog(HWND focus, LPARAM parameter, bool& focusSet) = 0;
 
-    // Handled, in the sense of the dialog procedure's result, when the focus is left to the dialog manager.
+    // The result of the dialog procedure: true leaves the focus to the dialog manager.
     bool Dispatch(WPARAM wParam, LPARAM lParam, LRESULT&) {
         bool focusSet = false;
         HandleInitDialog(reinterpret_cast<HWND>(wParam), lParam, focusSet);
@@ -220,7 +220,7 @@ protected:
     ~Handler() = default;
 };
 
-// Mouse messages: the place in client coordinates and the MK_ flags of keys and buttons that are down.
+// Mouse messages: the position in client coordinates and the MK_ flags of the keys and buttons that are down.
 
 template <>
 class Handler<WM_MOUSEMOVE> {
@@ -294,7 +294,7 @@ protected:
     ~Handler() = default;
 };
 
-// Notifications, which a controller's HandleNotify tells apart by their code.
+// Notifications; a controller's HandleNotify selects them by their code.
 
 template <>
 class Handler<static_cast<int>(NM_KILLFOCUS)> {

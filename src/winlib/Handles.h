@@ -1,5 +1,5 @@
-// Owners for the handles of the window system, so that each is destroyed exactly once. A null handle destroys
-// nothing. Borrowed handles (windows, the system's own cursors and fonts) stay plain.
+// Owning handles of the window system. A null handle is not destroyed. Handles that are not owned (windows,
+// the system's cursors and fonts) stay plain.
 #pragma once
 
 #include <memory>

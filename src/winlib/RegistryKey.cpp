@@ -4,8 +4,8 @@
 
 namespace {
 
-// The text units of a REG_SZ or REG_MULTI_SZ value with two zeros behind them, so that a value that was
-// stored without its terminator still ends.
+// Returns the units of a REG_SZ or REG_MULTI_SZ value followed by two zeros, so that a value stored without
+// terminator is terminated.
 bool QueryText(HKEY key, const std::wstring& name, DWORD expectedType, std::vector<wchar_t>& units) {
     DWORD type = 0;
     DWORD size = 0;
@@ -52,8 +52,8 @@ bool RegistryKey::ReadStringList(const std::wstring& name, std::vector<std::wstr
     if (!QueryText(key_, name, REG_MULTI_SZ, units)) {
         return false;
     }
-    // The last unit is a zero in any case. Only if the value's last byte is the half of a unit does a string
-    // end there, with no empty one behind it.
+    // The last unit is always a zero. A string ends there, without an empty one after it, only if the value
+    // has an odd number of bytes.
     const wchar_t* const end = units.data() + units.size();
     for (const wchar_t* position = units.data(); position != end && *position;
          position += out.back().length() + 1) {

@@ -1,13 +1,13 @@
-// Waiting on the user-interface thread. A worker's MessageBoxW and EndDialog send messages to windows of this
-// thread; if the thread only slept or joined, both would stand still.
+// Waits on the user-interface thread. MessageBoxW and EndDialog on a worker send messages to windows of this
+// thread: if it only slept or joined, both threads would block.
 #pragma once
 
 #include <functional>
 
 namespace WinLib {
 
-// Returns as soon as done() is true, which is asked a hundred times in a row and then every 25 milliseconds;
-// serves sent messages each time before it asks.
+// Returns as soon as done() is true. Calls it a hundred times in a row and then every 25 milliseconds, and
+// serves sent messages before each call.
 void WaitServingSentMessages(const std::function<bool()>& done);
 
 }  // namespace WinLib

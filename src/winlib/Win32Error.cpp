@@ -12,7 +12,7 @@ struct LocalMemory {
     void operator()(wchar_t* buffer) const { LocalFree(buffer); }
 };
 
-// The system's sentence for the code, its line end included.
+// Returns the system's message for the code, with its line end.
 std::wstring SystemText(DWORD code) {
     constexpr DWORD Flags =
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
@@ -29,7 +29,7 @@ Win32Error::Win32Error() : Exception(L"An unidentified error has occurred."), Co
     try {
         Message = SystemText(Code);
     } catch (const std::bad_alloc&) {
-        // The first text stands: the failure to be told must not give way to another one.
+        // Keep the first message: running out of memory here must not hide the original error.
     }
     SetLastError(0);
 }

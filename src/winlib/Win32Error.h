@@ -1,4 +1,4 @@
-// A failed system call, told in the system's own words.
+// A failed system call with the system's message.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@ namespace WinLib {
 
 class Win32Error : public Exception {
 public:
-    // Takes code and text from GetLastError and then clears it. Make it on the thread that failed, right
-    // behind the failing call.
+    // Takes code and message from GetLastError and then clears it. To be constructed on the thread of the
+    // failed call, directly after it.
     Win32Error();
 
     uint32_t Code;

@@ -1,6 +1,6 @@
-// The one place that includes <windows.h>, so that every source sees it in the same shape: the narrow
-// interface of Windows 7 and later, without the macros that collide with names of ours. Other headers of
-// the platform (commctrl.h, shellapi.h, ...) are included behind this one by whoever needs them.
+// The only place that includes <windows.h>, so that all sources see the same declarations: a lean set, for
+// Windows 7 and later, without the macros that collide with our names. Include other headers of the platform
+// (commctrl.h, shellapi.h, ...) after this one.
 #pragma once
 
 #ifndef NOMINMAX

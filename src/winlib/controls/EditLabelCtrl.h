@@ -1,5 +1,5 @@
-// The edit box of a tree's label in a dialog: keeps Enter and Esc from the dialog manager, so that they end
-// the edit. Detach it when the edit ends.
+// The edit box of a tree's label in a dialog. Claims Enter and Esc from the dialog manager, so that they end
+// the edit. Must be detached when the edit ends.
 #pragma once
 
 #include "winlib/Controller.h"

@@ -21,7 +21,7 @@ HCURSOR LoadHandCursor() {
 HyperLinkCtrl::HyperLinkCtrl() : HandCursor(LoadHandCursor()) {}
 
 void HyperLinkCtrl::OnAttach() {
-    // A static reports clicks and takes part in hit testing only with this style.
+    // Without this style a static reports no clicks and is transparent to hit testing.
     SetWindowLongPtrW(Handle, GWL_STYLE, GetWindowLongPtrW(Handle, GWL_STYLE) | SS_NOTIFY);
     NormalFont = reinterpret_cast<HFONT>(SendMessageW(Handle, WM_GETFONT, 0, 0));
     LOGFONTW font = {};
@@ -58,7 +58,7 @@ bool HyperLinkCtrl::HandlePaint() {
     return true;
 }
 
-// While the mouse is over the link it is captured, which is how the link learns of its leaving.
+// Captures the mouse while it is over the link, so that the link notices when the mouse leaves.
 bool HyperLinkCtrl::HandleMouseMove(int x, int y, WPARAM) {
     if (GetCapture() != Handle) {
         Hovering = true;
@@ -101,7 +101,7 @@ bool HyperLinkCtrl::HandleRButtonUp(int x, int y, WPARAM) {
     return true;
 }
 
-// Every failure is silent. The clipboard owns the memory once it has taken it.
+// Failures are ignored. SetClipboardData passes ownership of the memory to the clipboard if it succeeds.
 void HyperLinkCtrl::CopyText() const {
     const std::wstring text = GetWindowText(Handle);
     const size_t size = (text.size() + 1) * sizeof(wchar_t);

@@ -1,5 +1,5 @@
-// A static text that looks like a link: blue, underlined under the mouse, with a menu to copy it. What a
-// click does is the dialog's affair, which gets it as STN_CLICKED.
+// A static text that looks like a link: blue, underlined under the mouse, with a menu to copy it. The dialog
+// handles clicks (STN_CLICKED).
 #pragma once
 
 #include "winlib/Controller.h"
@@ -22,8 +22,8 @@ public:
     bool HandleSetCursor(HWND window, WORD hitTest, WORD mouseMessage, bool& cursorSet) override;
     bool HandleRButtonUp(int x, int y, WPARAM keys) override;
 
-    HCURSOR HandCursor;          // the system's
-    HFONT NormalFont = nullptr;  // the window's
+    HCURSOR HandCursor;          // shared, not owned
+    HFONT NormalFont = nullptr;  // not owned
     UniqueHandle<HFONT> UnderlinedFont;
     bool Hovering = false;
 

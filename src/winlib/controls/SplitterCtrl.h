@@ -1,5 +1,5 @@
-// A static that is dragged to shift the border between what lies at its left and at its right. The new place
-// is stored nowhere: the next arranging of the whole dialog undoes it.
+// A static that the user drags to move the border between the sizers at its left and right. The position is
+// not stored: the next layout of the whole dialog resets it.
 #pragma once
 
 #include "winlib/Controller.h"
@@ -24,13 +24,13 @@ public:
 
     HCURSOR Cursor = nullptr;
 
-    // What the splitter separates; not owned. Set by the owner when its sizer tree stands.
+    // The sizers at its sides; not owned. To be set by the owner after it has built its sizer tree.
     Layout::Sizer* LeftSizer = nullptr;
     Layout::Sizer* RightSizer = nullptr;
 
 private:
     bool Dragging = false;
-    POINT DragStart = {};  // as all below in client coordinates of the parent
+    POINT DragStart = {};  // like all below, in client coordinates of the parent
     RECT SplitterRect = {};
     RECT LeftRect = {};
     RECT RightRect = {};

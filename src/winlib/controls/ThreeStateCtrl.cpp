@@ -38,7 +38,7 @@ ItemState GetItemState(HWND tree, HTREEITEM item) {
 
 void ThreeStateCtrl::OnAttach() {
     tree_ = Handle;
-    // A tree with TVS_CHECKBOXES has made a list by itself, which it never destroys.
+    // A tree with TVS_CHECKBOXES has created an image list of its own, which it never destroys.
     const UniqueHandle<HIMAGELIST> replaced(reinterpret_cast<HIMAGELIST>(
         SendMessageW(tree_, TVM_SETIMAGELIST, TVSIL_STATE, reinterpret_cast<LPARAM>(StateImages.get()))));
 }

@@ -1,5 +1,6 @@
-// A tree view with a box before each item: unchecked, checked, or mixed when the items below differ. It does
-// all mouse work of the tree itself, and tells nobody about a tick: read the states when they are needed.
+// A tree view with a check box for each item: unchecked, checked, or mixed if the items below differ. It
+// handles all mouse input of the tree itself and sends no notification when an item is checked; query the
+// states when needed.
 #pragma once
 
 #include "winlib/Controller.h"
@@ -9,7 +10,7 @@
 
 namespace WinLib::Controls::TreeView {
 
-// The state image of an item, which is its state.
+// The state of an item: its state image.
 enum class ItemState : UINT { Unchecked = 1, Checked = 2, Mixed = 3 };
 
 ItemState GetItemState(HWND tree, HTREEITEM item);
@@ -20,11 +21,12 @@ class ThreeStateCtrl : public Window::Controller,
                        public Handlers::Handler<WM_KEYDOWN>,
                        public Handlers::Handler<WM_LBUTTONDBLCLK> {
 public:
-    // Checks an item with all below it, unless it is checked: then unchecks them. The parents follow. A null
-    // item is ignored.
+    // Checks an item and all items below it; unchecks them if the item is checked. Updates the parents.
+    // Ignores a null item.
     void Toggle(HTREEITEM item);
 
-    // Brings an item that has children, and its parents in turn, up to date with the states below.
+    // Sets the state of an item from those of its children, then updates its parents. REQUIRES: the item has
+    // children.
     void UpdateParent(HTREEITEM item);
 
     void OnAttach() override;
@@ -34,7 +36,7 @@ public:
     bool HandleKeyDown(WPARAM virtualKey) override;
     bool HandleLButtonDoubleClick(int x, int y, WPARAM keys) override;
 
-    // The pictures of the states by their number, picture 0 never shown. Set before attaching.
+    // The images of the states; the index is the state, and image 0 is not used. To be set before attaching.
     UniqueHandle<HIMAGELIST> StateImages;
 
 private:

@@ -1,5 +1,5 @@
-// Children that all lie on the same rectangle: the root of every tree, and things that take turns in one
-// place.
+// Children that all have the same rectangle: the root of every tree, and windows of which one is visible at a
+// time.
 #pragma once
 
 #include <memory>
@@ -18,8 +18,8 @@ public:
     void Arrange(const RECT& rect) override;
     void Measure() override;
 
-    // Append a child and return it for further building; this object keeps ownership. A window always fills
-    // the width: its second argument has no effect.
+    // Append a child and return it; this object owns it. A window always fills the width: its second argument
+    // has no effect.
     HStack* AddHStack(int left, int top, int right, int bottom, int gap);
     VStack* AddVStack(int left, int top, int right, int bottom, int gap);
     Window* AddWindow(HWND window, Alignment ignored, Alignment vertical);

@@ -1,6 +1,6 @@
-// Arithmetic of a resizable dialog: a tree of sizers measures the controls once as the resource drew them,
-// takes that as minimum, and spreads any extra room over the children that ask for it. Only Window touches
-// the platform. All rectangles are in pixels, in client coordinates of the dialog.
+// The layout of a resizable dialog. A tree of sizers measures the controls once, as the resource places them,
+// takes that as the minimum, and distributes extra space to the children with a stretch value. Only Window
+// calls the platform. All rectangles are in pixels, in client coordinates of the dialog.
 #pragma once
 
 #include <cstdint>
@@ -29,11 +29,11 @@ public:
     Sizer(const Sizer&) = delete;
     Sizer& operator=(const Sizer&) = delete;
 
-    // Places the sizer and what it holds on rect, but never below the minimum: a rect that is too small grows
-    // to the right and downward.
+    // Places the sizer and its children on rect. A rect smaller than the minimum is enlarged to the right and
+    // downward.
     virtual void Arrange(const RECT& rect);
 
-    // Reads the controls' present places and makes them the minimum.
+    // Takes the current rectangles of the controls as the minimum.
     virtual void Measure() {}
 
     virtual ~Sizer() = default;

@@ -1,4 +1,4 @@
-// Empty room along the direction of a stack.
+// Empty space along the direction of a stack.
 #pragma once
 
 #include "winlib/layout/Sizer.h"

@@ -10,8 +10,8 @@ namespace WinLib::Layout {
 
 namespace {
 
-// What a stack needs to know of its children: where the first of them begins, the sum and the largest of
-// their widths, and of their heights.
+// The measures of a stack's children: the position of the first, the sum and the maximum of their widths and
+// of their heights.
 struct Extent {
     POINT origin;
     SIZE sum;
@@ -33,7 +33,7 @@ Extent MeasureAll(const std::vector<std::unique_ptr<Sizer>>& children) {
     return extent;
 }
 
-// The rectangle of a measured stack: its content with the margins around.
+// Returns the rectangle of a measured stack: its content and the margins.
 RECT WithMargins(POINT origin, SIZE content, const RECT& margins) {
     return {origin.x - margins.left, origin.y - margins.top, origin.x + content.cx + margins.right,
             origin.y + content.cy + margins.bottom};

@@ -1,5 +1,5 @@
-// Children in a row or a column, with margins around and a gap between. Each child has a stretch value, its
-// share of the room beyond the minimum.
+// Children in a row or a column, with margins around and gaps between them. Each child has a stretch value:
+// its share of the space beyond the minimum.
 #pragma once
 
 #include <memory>
@@ -18,14 +18,14 @@ class Stack : public Sizer {
 public:
     Stack(int left, int top, int right, int bottom, int horizontalGap, int verticalGap);
 
-    // Append a child and return it for further building; the stack keeps ownership. A nested HStack has no
-    // top and bottom margins and a nested VStack no bottom margin, whatever is passed.
+    // Append a child and return it; the stack owns it. A nested HStack has no top and bottom margins and a
+    // nested VStack no bottom margin, whatever is passed.
     HStack* AddHStack(int stretch, int left, int top, int right, int bottom, int gap);
     VStack* AddVStack(int stretch, int left, int top, int right, int bottom, int gap);
     Overlapped* AddOverlapped(int stretch);
     Window* AddWindow(int stretch, HWND window, Alignment horizontal, Alignment vertical);
 
-    // An empty room of this size along the stack's direction.
+    // Appends empty space of this size along the stack's direction.
     virtual Sizer* AddSpacer(int stretch, int size) = 0;
 
     RECT Margins;
@@ -40,7 +40,7 @@ protected:
     template <typename Child>
     Child* Add(int stretch, std::unique_ptr<Child> child);
 
-    // How many pixels of the extra room child i gets. What truncation loses stays free at the end.
+    // Returns the pixels of the extra space for child i. What truncation loses stays unused at the end.
     int Share(size_t i, int extra) const;
 };
 

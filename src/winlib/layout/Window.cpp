@@ -12,7 +12,7 @@ struct Span {
     LONG end;
 };
 
-// Where the window's own span goes within its cell.
+// Returns the span of the window within its cell.
 Span Align(Alignment alignment, Span own, Span cell) {
     const LONG length = own.end - own.begin;
     LONG begin = cell.begin;

@@ -1,4 +1,4 @@
-// The leaf of a layout: one real window and how it lies in its cell.
+// The leaf of a layout: a window and its alignment within its cell.
 #pragma once
 
 #include "winlib/layout/Sizer.h"
@@ -7,7 +7,7 @@ namespace WinLib::Layout {
 
 class Window : public Sizer {
 public:
-    // The window's present rectangle is its minimum until the next Measure.
+    // The current rectangle of the window is its minimum until the next Measure.
     Window(HWND window, Alignment horizontal, Alignment vertical);
 
     // Moves the window, unless it lies there already.
