@@ -4,6 +4,7 @@
 #include <atomic>
 #include <new>
 
+#include "contextmenu/ExceptionState.h"
 #include "contextmenu/Module.h"
 #include "winlib/Windows.h"
 
@@ -12,6 +13,9 @@
 // Runs the body of a COM operation and turns whatever it throws into a result: nothing may reach the shell.
 template <typename Body>
 HRESULT Guarded(const Body& body) noexcept {
+    const ExceptionState state;
+    if (!state)
+        return E_OUTOFMEMORY;
     try {
         return body();
     } catch (const std::bad_alloc&) {

@@ -1,14 +1,17 @@
 // The five functions by which COM and regsvr32 reach the module, and its entry point.
 
-#include <cwctype>
-#include <string>
-
 #include "contextmenu/ClassFactory.h"
+#include "contextmenu/ExceptionState.h"
 #include "contextmenu/Module.h"
 #include "contextmenu/Registration.h"
 #include "shell/ContextMenuClass.h"
 
 #include <objbase.h>
+
+// Of the C++ runtime's library, which declares it in no header.
+namespace __gnu_cxx {
+void __freeres();
+}
 
 namespace {
 
@@ -63,10 +66,21 @@ STDAPI DllInstall(BOOL install, LPCWSTR text) {
     });
 }
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
-    if (reason == DLL_PROCESS_ATTACH) {
-        Module::SetInstance(instance);
-        DisableThreadLibraryCalls(instance);
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* processEnds) {
+    switch (reason) {
+        case DLL_PROCESS_ATTACH:
+            Module::SetInstance(instance);
+            DisableThreadLibraryCalls(instance);
+            return ExceptionState::AllocateSlot();
+        case DLL_PROCESS_DETACH:
+            // At the end of the process the system frees everything.
+            if (processEnds == nullptr) {
+                ExceptionState::FreeSlot();
+                // Frees the reserve that the C++ runtime allocated at loading, for exceptions without memory.
+                __gnu_cxx::__freeres();
+            }
+            return TRUE;
+        default:
+            return TRUE;
     }
-    return TRUE;
 }

@@ -4,9 +4,9 @@
 
 #include <array>
 #include <filesystem>
-#include <memory>
 
 #include "contextmenu/FileData.h"
+#include "contextmenu/LoadedModule.h"
 #include "support/TempFolder.h"
 #include "support/TestRegistry.h"
 
@@ -15,16 +15,9 @@
 
 namespace {
 
-const wchar_t ClassId[] = L"{5E2C81D4-3B7F-4A16-9C0E-7F41D2A96B3C}";
 const wchar_t Root[] = L"Software\\Tamblewick";
 constexpr UINT FirstId = 100;
 constexpr UINT LastId = 199;
-
-std::filesystem::path OwnFolder() {
-    std::array<wchar_t, MAX_PATH> path;
-    GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    return std::filesystem::path(path.data()).parent_path();
-}
 
 DWORD RunRegsvr32(const std::wstring& arguments) {
     std::wstring line = L"regsvr32.exe " + arguments;
@@ -42,10 +35,6 @@ DWORD RunRegsvr32(const std::wstring& arguments) {
     return code;
 }
 
-std::wstring ModulePath() {
-    return (OwnFolder() / L"tamblewick.dll").wstring();
-}
-
 // The text of a value below HKEY_CLASSES_ROOT, or "(none)".
 std::wstring ClassesText(const std::wstring& key, const wchar_t* name) {
     std::array<wchar_t, 1024> text = {};
@@ -57,7 +46,7 @@ std::wstring ClassesText(const std::wstring& key, const wchar_t* name) {
 
 const std::wstring DirectoryKey = L"Directory\\shellex\\ContextMenuHandlers\\Tamblewick";
 const std::wstring DriveKey = L"Drive\\shellex\\ContextMenuHandlers\\Tamblewick";
-const std::wstring ClassKey = std::wstring(L"CLSID\\") + ClassId;
+const std::wstring ClassKey = std::wstring(L"CLSID\\") + HandlerClassId;
 const std::wstring ServerKey = ClassKey + L"\\InProcServer32";
 
 // An entry of the submenu as a person sees it; a separator is "-".
@@ -72,20 +61,13 @@ void PrintTo(const Shown& shown, std::ostream* out) {
     *out << testing::PrintToString(shown.text) << " " << shown.id;
 }
 
-struct Releaser {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-
-template <typename Interface>
-using Com = std::unique_ptr<Interface, Releaser>;
-
 // One opening of the shell's menu on a selection.
 class Menu {
 public:
     explicit Menu(const std::vector<std::wstring>& selection, UINT flags = CMF_NORMAL, UINT lastId = LastId)
         : data_(selection), menu_(CreatePopupMenu()) {
         CLSID classId;
-        CLSIDFromString(ClassId, &classId);
+        CLSIDFromString(HandlerClassId, &classId);
         void* object = nullptr;
         created = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IContextMenu, &object);
         handler.reset(static_cast<IContextMenu*>(object));
@@ -155,7 +137,7 @@ private:
 
 Com<IClassFactory> Factory() {
     CLSID classId;
-    CLSIDFromString(ClassId, &classId);
+    CLSIDFromString(HandlerClassId, &classId);
     void* object = nullptr;
     CoGetClassObject(classId, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, &object);
     return Com<IClassFactory>(static_cast<IClassFactory*>(object));
@@ -205,8 +187,8 @@ protected:
 };
 
 TEST_F(ContextMenuTest, RegistrationWritesTheKeysThatTheProgramTests) {
-    EXPECT_EQ(ClassesText(DirectoryKey, nullptr), ClassId);
-    EXPECT_EQ(ClassesText(DriveKey, nullptr), ClassId);
+    EXPECT_EQ(ClassesText(DirectoryKey, nullptr), HandlerClassId);
+    EXPECT_EQ(ClassesText(DriveKey, nullptr), HandlerClassId);
     EXPECT_EQ(ClassesText(ServerKey, nullptr), ModulePath());
     EXPECT_EQ(ClassesText(ServerKey, L"ThreadingModel"), L"Apartment");
 }
