@@ -5,6 +5,7 @@
 #include "contextmenu/Module.h"
 #include "contextmenu/Registration.h"
 #include "shell/ContextMenuClass.h"
+#include "winlib/RegistryKey.h"
 
 #include <objbase.h>
 
@@ -17,14 +18,12 @@ namespace {
 
 // The classes of the user alone, for an installation without administrator rights.
 HRESULT WithUserClasses(HRESULT (*operation)(HKEY)) {
-    HKEY classes = nullptr;
+    RegistryKey classes;
     const LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Classes", 0, nullptr, 0,
-                                           KEY_ALL_ACCESS, nullptr, &classes, nullptr);
+                                           KEY_ALL_ACCESS, nullptr, classes.Receive(), nullptr);
     if (status != ERROR_SUCCESS)
         return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
-    const HRESULT result = operation(classes);
-    RegCloseKey(classes);
-    return result;
+    return operation(classes.Get());
 }
 
 }  // namespace

@@ -61,6 +61,10 @@ HRESULT LoadedModule::CanUnload() const {
     return Export<decltype(DllCanUnloadNow)>(handle_, "DllCanUnloadNow")();
 }
 
+HRESULT LoadedModule::Install(BOOL install, const wchar_t* text) const {
+    return Export<HRESULT STDMETHODCALLTYPE(BOOL, LPCWSTR)>(handle_, "DllInstall")(install, text);
+}
+
 HRESULT QueryMenu(IContextMenu& handler) {
     const WinLib::UniqueHandle<HMENU> menu(CreatePopupMenu());
     return handler.QueryContextMenu(menu.get(), 0, 1, 1000, CMF_NORMAL);

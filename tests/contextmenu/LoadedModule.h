@@ -28,8 +28,9 @@ public:
     // A handler for these folders; null if it cannot be made or refuses the selection.
     Com<IContextMenu> NewHandler(const std::vector<std::wstring>& selection) const;
 
-    // What DllCanUnloadNow answers.
+    // Call DllCanUnloadNow and DllInstall.
     HRESULT CanUnload() const;
+    HRESULT Install(BOOL install, const wchar_t* text) const;
 
 private:
     const HMODULE handle_;
