@@ -22,11 +22,21 @@ LSTATUS Write(HKEY classes, const Value& value) {
                            static_cast<DWORD>((value.text.size() + 1) * sizeof(wchar_t)));
 }
 
-const std::wstring ClassKey = std::wstring(L"CLSID\\") + ContextMenuClassId;
-const std::wstring HandlerKeys[] = {
-    std::wstring(L"Directory\\shellex\\ContextMenuHandlers\\") + ContextMenuName,
-    std::wstring(L"Drive\\shellex\\ContextMenuHandlers\\") + ContextMenuName,
-};
+std::wstring ClassKey() {
+    return std::wstring(L"CLSID\\") + ContextMenuClassId;
+}
+
+std::wstring HandlerKey(const wchar_t* kind) {
+    return std::wstring(kind) + L"\\shellex\\ContextMenuHandlers\\" + ContextMenuName;
+}
+
+std::wstring FolderHandlerKey() {
+    return HandlerKey(L"Directory");
+}
+
+std::wstring DriveHandlerKey() {
+    return HandlerKey(L"Drive");
+}
 
 void TellShell() {
     SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST | SHCNF_FLUSHNOWAIT, nullptr, nullptr);
@@ -36,10 +46,10 @@ void TellShell() {
 
 HRESULT Register(HKEY classes) {
     const Value values[] = {
-        {ClassKey + L"\\InProcServer32", nullptr, Module::Path()},
-        {ClassKey + L"\\InProcServer32", L"ThreadingModel", L"Apartment"},
-        {HandlerKeys[0], nullptr, ContextMenuClassId},
-        {HandlerKeys[1], nullptr, ContextMenuClassId},
+        {ClassKey() + L"\\InProcServer32", nullptr, Module::Path()},
+        {ClassKey() + L"\\InProcServer32", L"ThreadingModel", L"Apartment"},
+        {FolderHandlerKey(), nullptr, ContextMenuClassId},
+        {DriveHandlerKey(), nullptr, ContextMenuClassId},
     };
     for (const Value& value : values) {
         const LSTATUS status = Write(classes, value);
@@ -54,7 +64,7 @@ HRESULT Register(HKEY classes) {
 
 HRESULT Unregister(HKEY classes) {
     HRESULT result = S_OK;
-    for (const std::wstring& key : {HandlerKeys[0], HandlerKeys[1], ClassKey}) {
+    for (const std::wstring& key : {FolderHandlerKey(), DriveHandlerKey(), ClassKey()}) {
         const LSTATUS status = RegDeleteTreeW(classes, key.c_str());
         if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND && SUCCEEDED(result))
             result = HRESULT_FROM_WIN32(static_cast<DWORD>(status));
