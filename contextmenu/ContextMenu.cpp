@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "contextmenu/CommandText.h"
 #include "contextmenu/Module.h"
 #include "contextmenu/Selection.h"
 #include "winlib/Handles.h"
@@ -144,16 +145,10 @@ HRESULT ContextMenu::GetCommandString(UINT_PTR offset, UINT type, UINT*, CHAR* t
         switch (type) {
             case GCS_VERBW:
             case GCS_HELPTEXTW:
-                lstrcpynW(reinterpret_cast<wchar_t*>(text), answer.c_str(), static_cast<int>(size));
-                return S_OK;
+                return CopyText(answer, reinterpret_cast<wchar_t*>(text), size);
             case GCS_VERBA:
-            case GCS_HELPTEXTA: {
-                std::string narrow(answer.size() * 2 + 1, '\0');
-                WideCharToMultiByte(CP_ACP, 0, answer.c_str(), -1, narrow.data(),
-                                    static_cast<int>(narrow.size()), nullptr, nullptr);
-                lstrcpynA(text, narrow.c_str(), static_cast<int>(size));
-                return S_OK;
-            }
+            case GCS_HELPTEXTA:
+                return CopyText(answer, text, size);
             default:
                 return E_NOTIMPL;
         }
