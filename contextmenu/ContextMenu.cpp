@@ -1,10 +1,12 @@
 #include "contextmenu/ContextMenu.h"
 
+#include <list>
 #include <optional>
 
 #include "contextmenu/CommandText.h"
-#include "contextmenu/Module.h"
+#include "contextmenu/ProgramStart.h"
 #include "contextmenu/Selection.h"
+#include "contextmenu/StartQueue.h"
 #include "winlib/Handles.h"
 
 namespace {
@@ -32,29 +34,14 @@ WinLib::UniqueHandle<HMENU> MakeSubmenu(const PresetMenu& entries, UINT firstId)
     return menu;
 }
 
-// The arguments stand in quotes. No path holds one, and to the program a backslash before the closing quote,
-// as behind a drive, is an ordinary character.
-bool StartProgram(const std::wstring& arguments) {
-    const std::wstring program = Module::ProgramPath();
-    std::wstring line = L'"' + program + L'"' + arguments;
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process))
-        return false;
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return true;
-}
-
 bool Run(const PresetMenu::Entry& entry, const std::vector<std::wstring>& folders) {
+    // The window opens beside lists that are being made.
     if (entry.OpensWindow())
-        return StartProgram(L"");
-    bool started = true;
+        return ProgramStart().Run() != nullptr;
+    std::list<ProgramStart> starts;
     for (const std::wstring& folder : folders)
-        started = StartProgram(L" \"" + entry.key + L"\" \"" + folder + L'"') && started;
-    return started;
+        starts.emplace_back(entry.key, folder);
+    return StartQueue::Append(std::move(starts));
 }
 
 std::wstring Widen(const char* text) {

@@ -21,7 +21,7 @@ public:
     HRESULT STDMETHODCALLTYPE QueryContextMenu(HMENU menu, UINT index, UINT firstId, UINT lastId,
                                                UINT flags) override;
 
-    // Carries out an entry, chosen by its offset from firstId or by its verb.
+    // Carries out an entry, chosen by its offset from firstId or by its verb. Does not wait for the program.
     HRESULT STDMETHODCALLTYPE InvokeCommand(CMINVOKECOMMANDINFO* info) override;
 
     HRESULT STDMETHODCALLTYPE GetCommandString(UINT_PTR offset, UINT type, UINT* reserved, CHAR* text,

@@ -19,20 +19,24 @@ const wchar_t Root[] = L"Software\\Tamblewick";
 constexpr UINT FirstId = 100;
 constexpr UINT LastId = 199;
 
-DWORD RunRegsvr32(const std::wstring& arguments) {
-    std::wstring line = L"regsvr32.exe " + arguments;
+// Runs a process to its end and gives back its exit code, or 99.
+DWORD RunProcess(std::wstring commandLine) {
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &process))
         return 99;
-    WaitForSingleObject(process.hProcess, INFINITE);
     DWORD code = 99;
-    GetExitCodeProcess(process.hProcess, &code);
+    if (WaitForSingleObject(process.hProcess, 60'000) == WAIT_OBJECT_0)
+        GetExitCodeProcess(process.hProcess, &code);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
     return code;
+}
+
+DWORD RunRegsvr32(const std::wstring& arguments) {
+    return RunProcess(L"regsvr32.exe " + arguments);
 }
 
 // The text of a value below HKEY_CLASSES_ROOT, or "(none)".
@@ -156,10 +160,17 @@ protected:
     }
 
     ~ContextMenuTest() override {
-        CoFreeUnusedLibrariesEx(0, 0);
+        // The module stays until the last program that it has started has ended.
+        for (int i = 0; i < 2000 && IsLoaded(); ++i) {
+            CoFreeUnusedLibrariesEx(0, 0);
+            Sleep(5);
+        }
+        EXPECT_FALSE(IsLoaded());
         CoUninitialize();
         RunRegsvr32(L"/s /u \"" + ModulePath() + L"\"");
     }
+
+    static bool IsLoaded() { return GetModuleHandleW(ModulePath().c_str()) != nullptr; }
 
     // A preset whose lists go into the folder of lists.
     void AddPreset(const std::wstring& key, const std::wstring& name, uint32_t position) const {
@@ -325,6 +336,23 @@ TEST_F(ContextMenuTest, EachSelectedFolderIsListed) {
     ExpectList(L"List of Three.txt", "c.txt\r\n");
 }
 
+// Each program must see the lists of those before it, to give its own another name.
+TEST_F(ContextMenuTest, FoldersOfTheSameNameHaveAListEach) {
+    AddPreset(L"aaa", L"First", 1);
+    std::vector<std::wstring> folders;
+    for (const wchar_t* parent : {L"v", L"w", L"x", L"y", L"z"}) {
+        folder_.AddFile(std::wstring(parent) + L"\\Same\\" + parent + L".txt", 1);
+        folders.push_back(folder_.Path(parent) + L"\\Same");
+    }
+    const Menu menu(folders);
+    EXPECT_EQ(menu.Invoke(UINT_PTR{0}), S_OK);
+    ExpectList(L"List of Same.txt", "v.txt\r\n");
+    ExpectList(L"List of Same (2).txt", "w.txt\r\n");
+    ExpectList(L"List of Same (3).txt", "x.txt\r\n");
+    ExpectList(L"List of Same (4).txt", "y.txt\r\n");
+    ExpectList(L"List of Same (5).txt", "z.txt\r\n");
+}
+
 TEST_F(ContextMenuTest, DriveSurvivesTheCommandLine) {
     AddPreset(L"aaa", L"First", 1);
     const Menu menu({L"C:\\"});
@@ -374,13 +402,24 @@ TEST_F(ContextMenuTest, ModuleUnloadsWhenNothingOfItIsInUse) {
     AddPreset(L"aaa", L"First", 1);
     {
         const Menu menu({folder_.Path(L"Two")});
-        ASSERT_NE(GetModuleHandleW(ModulePath().c_str()), nullptr);
+        ASSERT_TRUE(IsLoaded());
         CoFreeUnusedLibrariesEx(0, 0);
-        EXPECT_NE(GetModuleHandleW(ModulePath().c_str()), nullptr);
+        EXPECT_TRUE(IsLoaded());
     }
     CoFreeUnusedLibrariesEx(0, 0);
     CoFreeUnusedLibrariesEx(0, 0);
-    EXPECT_EQ(GetModuleHandleW(ModulePath().c_str()), nullptr);
+    EXPECT_FALSE(IsLoaded());
+}
+
+// The list of the first folder has been started when the choice returns. Nothing waits for the others.
+TEST_F(ContextMenuTest, HostMayEndRightAfterTheChoice) {
+    AddPreset(L"aaa", L"First", 1);
+    const std::wstring host =
+        (std::filesystem::path(ModulePath()).parent_path() / L"contextmenu_host.exe").wstring();
+    EXPECT_EQ(RunProcess(L"\"" + host + L"\" \"" + folder_.Path(L"One Folder") + L"\" \"" +
+                         folder_.Path(L"Two") + L"\""),
+              7u);
+    ExpectList(L"List of One Folder.txt", "a.txt\r\n");
 }
 
 // COM's own operations, which the shell uses with care and others need not.

@@ -45,5 +45,10 @@ ImportHook::ImportHook(HMODULE module, const char* name, void* replacement)
 }
 
 ImportHook::~ImportHook() {
+    HMODULE module = nullptr;
+    if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(place_),
+                            &module))
+        return;
     Put(place_, original_);
+    FreeLibrary(module);
 }

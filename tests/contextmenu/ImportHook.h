@@ -12,7 +12,7 @@ public:
     ImportHook(HMODULE module, const char* name, Function* replacement)
         : ImportHook(module, name, reinterpret_cast<void*>(replacement)) {}
     ImportHook(HMODULE module, const char* name, void* replacement);
-    // The module must still be loaded.
+    // Puts the function back, unless the module has been unloaded.
     ~ImportHook();
     ImportHook(const ImportHook&) = delete;
     ImportHook& operator=(const ImportHook&) = delete;

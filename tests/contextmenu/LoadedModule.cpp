@@ -41,18 +41,27 @@ std::wstring ModulePath() {
 LoadedModule::LoadedModule(const std::wstring& path) : handle_(Load(path)) {}
 
 Com<IContextMenu> LoadedModule::NewHandler(const std::vector<std::wstring>& selection) const {
+    HRESULT result = S_OK;
+    return NewHandler(selection, result);
+}
+
+Com<IContextMenu> LoadedModule::NewHandler(const std::vector<std::wstring>& selection,
+                                           HRESULT& result) const {
     CLSID classId;
     CLSIDFromString(HandlerClassId, &classId);
     const auto getClassObject = Export<decltype(DllGetClassObject)>(handle_, "DllGetClassObject");
     void* object = nullptr;
-    if (FAILED(getClassObject(classId, IID_IClassFactory, &object)))
+    result = getClassObject(classId, IID_IClassFactory, &object);
+    if (FAILED(result))
         return nullptr;
     const Com<IClassFactory> factory(static_cast<IClassFactory*>(object));
-    if (FAILED(factory->CreateInstance(nullptr, IID_IContextMenu, &object)))
+    result = factory->CreateInstance(nullptr, IID_IContextMenu, &object);
+    if (FAILED(result))
         return nullptr;
     Com<IContextMenu> handler(static_cast<IContextMenu*>(object));
     FileData data(selection);
-    if (FAILED(Query<IShellExtInit>(*handler)->Initialize(nullptr, &data, nullptr)))
+    result = Query<IShellExtInit>(*handler)->Initialize(nullptr, &data, nullptr);
+    if (FAILED(result))
         return nullptr;
     return handler;
 }

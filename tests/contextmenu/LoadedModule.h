@@ -25,8 +25,9 @@ public:
 
     HMODULE Handle() const { return handle_; }
 
-    // A handler for these folders; null if it cannot be made or refuses the selection.
+    // Makes a handler for these folders. On failure it is null, and result is that of the failed call.
     Com<IContextMenu> NewHandler(const std::vector<std::wstring>& selection) const;
+    Com<IContextMenu> NewHandler(const std::vector<std::wstring>& selection, HRESULT& result) const;
 
     // Call DllCanUnloadNow and DllInstall.
     HRESULT CanUnload() const;

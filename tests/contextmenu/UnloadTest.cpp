@@ -1,10 +1,13 @@
-// What the module leaves in the process that loaded it: nothing, however often it comes and goes.
+// What the module leaves in the process that loaded it: nothing, however often it is loaded and unloaded.
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <thread>
 
+#include "contextmenu/FakePrograms.h"
 #include "contextmenu/HeapUse.h"
 #include "contextmenu/LoadedModule.h"
+#include "races/Resources.h"
 #include "support/TempFolder.h"
 #include "support/TestRegistry.h"
 
@@ -23,51 +26,66 @@ protected:
                             std::wstring(1, wchar_t(0xD800)));
     }
 
-    // Loads the module, asks a handler for its menu and frees it. Gives back the menu's result.
-    HRESULT UseOnce() const {
+    // Loads the module, asks a handler for its menu and frees the module. Returns the menu's result.
+    HRESULT UseMenu() const {
         const LoadedModule module;
-        const Com<IContextMenu> handler = module.NewHandler({folder_.Path()});
-        return handler ? QueryMenu(*handler) : E_FAIL;
+        return QueryMenu(*module.NewHandler({folder_.Path()}));
     }
 
-    // How much the heap has grown after many loads. once is called for each.
+    // Loads the module, chooses a preset for two folders and frees the module, which one of its threads needs
+    // until it ends.
+    void UseThread() const {
+        std::optional<LoadedModule> module(std::in_place);
+        FakePrograms programs(module->Handle());
+        {
+            const Com<IContextMenu> handler = module->NewHandler({folder_.Path(), folder_.Path()});
+            EXPECT_EQ(QueryMenu(*handler), MAKE_HRESULT(SEVERITY_SUCCESS, 0, 2));
+            EXPECT_EQ(Invoke(*handler, 0), S_OK);
+        }
+        module.reset();
+        programs.EndAtOnce();
+        programs.End(0);
+        EXPECT_TRUE(programs.WaitForThreads());
+        EXPECT_EQ(programs.CommandLines().size(), 2u);
+    }
+
+    // Calls once for each of many loads and expects that nothing is left of them.
     template <typename Once>
-    static size_t Growth(const Once& once) {
+    static void ExpectNothingLeft(const Once& once) {
         // What the system allocates for the first use of anything stays.
         for (int i = 0; i < 10; ++i)
             once();
-        const size_t before = HeapUse();
+        const size_t slots = FreeThreadLocalSlots();
+        const Resources resources = Resources::Now();
+        const size_t heap = HeapUse();
         for (int i = 0; i < Loads; ++i)
             once();
-        const size_t after = HeapUse();
-        return after > before ? after - before : 0;
+        EXPECT_LT(HeapUse(), heap + Allowed);
+        EXPECT_EQ(FreeThreadLocalSlots(), slots);
+        EXPECT_TRUE(Resources::Now().IsWithin(resources)) << resources << " " << Resources::Now();
+        EXPECT_EQ(GetModuleHandleW(ModulePath().c_str()), nullptr);
     }
 
-    TestSupport::TestRegistry registry_;
-    TestSupport::TempFolder folder_;
+    const TestSupport::TestRegistry registry_;
+    const TestSupport::TempFolder folder_;
 };
 
-TEST_F(UnloadTest, MenusLeaveNoMemory) {
-    EXPECT_LT(Growth([&] { EXPECT_EQ(UseOnce(), MAKE_HRESULT(SEVERITY_SUCCESS, 0, 2)); }), Allowed);
+TEST_F(UnloadTest, MenusLeaveNothing) {
+    ExpectNothingLeft([&] { EXPECT_EQ(UseMenu(), MAKE_HRESULT(SEVERITY_SUCCESS, 0, 2)); });
 }
 
-TEST_F(UnloadTest, ExceptionsOnALastingThreadLeaveNoMemory) {
+TEST_F(UnloadTest, ExceptionsOnALastingThreadLeaveNothing) {
     DamagePreset();
-    EXPECT_LT(Growth([&] { EXPECT_EQ(UseOnce(), E_UNEXPECTED); }), Allowed);
+    ExpectNothingLeft([&] { EXPECT_EQ(UseMenu(), E_UNEXPECTED); });
 }
 
-TEST_F(UnloadTest, ExceptionsOnThreadsThatEndLeaveNoMemory) {
+TEST_F(UnloadTest, ExceptionsOnThreadsThatEndLeaveNothing) {
     DamagePreset();
-    EXPECT_LT(Growth([&] { std::thread([&] { EXPECT_EQ(UseOnce(), E_UNEXPECTED); }).join(); }), Allowed);
+    ExpectNothingLeft([&] { std::thread([&] { EXPECT_EQ(UseMenu(), E_UNEXPECTED); }).join(); });
 }
 
-TEST_F(UnloadTest, ExceptionsOnThreadsThatOutliveTheModuleLeaveNoThreadLocalSlot) {
-    DamagePreset();
-    EXPECT_EQ(UseOnce(), E_UNEXPECTED);
-    const size_t before = FreeThreadLocalSlots();
-    for (int i = 0; i < 10; ++i)
-        EXPECT_EQ(UseOnce(), E_UNEXPECTED);
-    EXPECT_EQ(FreeThreadLocalSlots(), before);
+TEST_F(UnloadTest, ThreadOfTheModuleLeavesNothing) {
+    ExpectNothingLeft([&] { UseThread(); });
 }
 
 }  // namespace
