@@ -72,6 +72,13 @@ void SetAttributes(const std::wstring& path, DWORD attributes) {
           "SetFileAttributesW");
 }
 
+LARGE_INTEGER ToTicks(FILETIME time) {
+    LARGE_INTEGER ticks;
+    ticks.LowPart = time.dwLowDateTime;
+    ticks.HighPart = static_cast<LONG>(time.dwHighDateTime);
+    return ticks;
+}
+
 // Makes the file empty, ready to be filled.
 void MakeFile(const std::wstring& path) {
     MakeFolders(path.substr(0, path.rfind(L'\\')));
@@ -135,7 +142,14 @@ void TempFolder::SetTimes(const std::wstring& relative, FILETIME created, FILETI
                           FILETIME written) const {
     const OpenFile file(Path(relative), FILE_WRITE_ATTRIBUTES, OPEN_EXISTING);
     Check(file.IsOpen(), "CreateFileW");
-    Check(SetFileTime(file.Get(), &created, &accessed, &written), "SetFileTime");
+    // SetFileTime clears the attributes under Wine 10.
+    FILE_BASIC_INFO info = {};
+    info.CreationTime = ToTicks(created);
+    info.LastAccessTime = ToTicks(accessed);
+    info.LastWriteTime = ToTicks(written);
+    info.FileAttributes = GetFileAttributesW(LongForm(Path(relative)).c_str());
+    Check(SetFileInformationByHandle(file.Get(), FileBasicInfo, &info, sizeof(info)),
+          "SetFileInformationByHandle");
 }
 
 std::optional<std::string> TempFolder::Read(const std::wstring& relative) const {

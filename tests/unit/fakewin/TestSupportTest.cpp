@@ -50,6 +50,18 @@ TEST(TempFolder, MakesFoldersAndFiles) {
     EXPECT_EQ(TestSupport::ReadBytes(folder.Path(L"nothing")), std::nullopt);
 }
 
+TEST(TempFolder, SettingTimesLeavesTheAttributes) {
+    constexpr FILETIME Time = {0, 0x01D0'0000};
+    constexpr DWORD Attributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    const TempFolder folder;
+    folder.AddFile(L"file", 0, Attributes);
+    folder.AddFolder(L"sub", FILE_ATTRIBUTE_HIDDEN);
+    folder.SetTimes(L"file", Time, Time, Time);
+    folder.SetTimes(L"sub", Time, Time, Time);
+    EXPECT_EQ(GetFileAttributesW(folder.Path(L"file").c_str()) & Attributes, Attributes);
+    EXPECT_NE(GetFileAttributesW(folder.Path(L"sub").c_str()) & FILE_ATTRIBUTE_HIDDEN, 0u);
+}
+
 TEST(TempFolder, ASizeIsFilledWithZeros) {
     const TempFolder folder;
     folder.AddFile(L"zeros", 3);
