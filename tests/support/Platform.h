@@ -13,6 +13,9 @@ void PrepareWorld();
 // The handles that a test has left open, one to a line; empty if there are none, or if nobody counts them.
 std::string LeftOpen();
 
+// The first number of Wine's version; 0 on the stand-in and on Windows.
+int WineVersion();
+
 // While the result lives, calls of this thread are the test's own and neither counted nor failed on request.
 std::shared_ptr<void> BeginUnwatched();
 

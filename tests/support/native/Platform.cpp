@@ -12,6 +12,10 @@ std::string LeftOpen() {
     return FakeWin::LeftOpen();
 }
 
+int WineVersion() {
+    return 0;
+}
+
 std::shared_ptr<void> BeginUnwatched() {
     return std::make_shared<FakeWin::Unwatched>();
 }

@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "support/Platform.h"
 #include "support/TempFolder.h"
 #include "support/Text.h"
 #include "winlib/Windows.h"
@@ -132,7 +133,9 @@ TEST(FindContract, ThePrefixTakesAPathAsItStands) {
     folder.AddFile(L"sub\\file");
     EXPECT_EQ(Enumerate(folder.Path(L"sub/*")).entries.size(), 3u);
     EXPECT_EQ(Enumerate(folder.Path(L"sub\\..\\sub\\.\\*")).entries.size(), 3u);
-    EXPECT_TRUE(Enumerate(LR"(\\?\)" + folder.Path(L"sub/*")).entries.empty());
+    // Wine 10 takes the forward slash for a backslash here too.
+    const bool wineTakesSlashes = TestSupport::WineVersion() >= 10;
+    EXPECT_EQ(Enumerate(LR"(\\?\)" + folder.Path(L"sub/*")).entries.empty(), !wineTakesSlashes);
 }
 
 TEST(FindContract, ReachesPathsOfAnyLength) {
