@@ -8,6 +8,7 @@
 #include "resources/resource.h"
 #include "support/TempFolder.h"
 
+using EndToEnd::ControlOf;
 using EndToEnd::FilesIn;
 using EndToEnd::ListsFolder;
 using EndToEnd::Process;
@@ -25,11 +26,11 @@ std::wstring TextOf(HWND window) {
 
 // The text of a message box.
 std::wstring MessageOf(HWND box) {
-    return TextOf(GetDlgItem(box, 0xFFFF));
+    return TextOf(ControlOf(box, 0xFFFF));
 }
 
 void Press(HWND dialog, int id) {
-    PostMessageW(GetDlgItem(dialog, id), BM_CLICK, 0, 0);
+    PostMessageW(ControlOf(dialog, id), BM_CLICK, 0, 0);
 }
 
 // The message box of a running program: a dialog of this title that has the box's text. The progress dialog
@@ -38,7 +39,7 @@ HWND WaitForBox(const Process& program) {
     for (;;) {
         HWND box = nullptr;
         while ((box = FindWindowExW(nullptr, box, L"#32770", L"Tamblewick")) != nullptr)
-            if (GetDlgItem(box, 0xFFFF) && !GetDlgItem(box, IDC_PROGRESS_CANCEL) && IsWindowVisible(box))
+            if (ControlOf(box, 0xFFFF) && !ControlOf(box, IDC_PROGRESS_CANCEL) && IsWindowVisible(box))
                 return box;
         if (!program.IsRunning())
             return nullptr;
@@ -66,7 +67,7 @@ TEST(Dialogs, MissingFolderIsToldAndNoListIsWritten) {
         const HWND box = WaitForBox(program);
         ASSERT_NE(box, nullptr);
         EXPECT_EQ(MessageOf(box), row.message);
-        EXPECT_TRUE((GetWindowLongW(GetDlgItem(box, IDOK), GWL_STYLE) & WS_VISIBLE) != 0);
+        EXPECT_TRUE((GetWindowLongW(ControlOf(box, IDOK), GWL_STYLE) & WS_VISIBLE) != 0);
         Press(box, IDOK);
         EXPECT_EQ(program.Wait(), 0u);
         EXPECT_EQ(FilesIn(ListsFolder()), Names{});

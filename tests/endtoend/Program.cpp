@@ -208,6 +208,13 @@ bool Process::HasWindow() const {
     return search.found != nullptr;
 }
 
+HWND ControlOf(HWND dialog, int id) {
+    HWND control = GetWindow(dialog, GW_CHILD);
+    while (control != nullptr && GetDlgCtrlID(control) != id)
+        control = GetWindow(control, GW_HWNDNEXT);
+    return control;
+}
+
 DWORD RunProgram(const std::wstring& arguments) {
     return Process(arguments).Wait();
 }

@@ -70,6 +70,10 @@ private:
     PROCESS_INFORMATION information_ = {};
 };
 
+// The control with this id in a dialog of another process, or null. GetDlgItem would do, but on windows of
+// other processes that come and go it hangs the server of Wine 10.
+HWND ControlOf(HWND dialog, int id);
+
 // Starts the program, waits and gives the exit code.
 DWORD RunProgram(const std::wstring& arguments);
 

@@ -12,6 +12,7 @@
 
 #include <tlhelp32.h>
 
+using EndToEnd::ControlOf;
 using EndToEnd::ListsFolder;
 using EndToEnd::Process;
 
@@ -37,9 +38,7 @@ BOOL CALLBACK Visit(HWND window, LPARAM parameter) {
     Search& search = *reinterpret_cast<Search*>(parameter);
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    const bool isWanted =
-        GetDlgItem(window, search.control) != nullptr || GetDlgItem(window, IDOK) != nullptr;
-    if (process != search.process || !isWanted)
+    if (process != search.process || !(ControlOf(window, search.control) || ControlOf(window, IDOK)))
         return TRUE;
     search.found = window;
     return FALSE;
@@ -88,7 +87,7 @@ protected:
             // From the moment in which the button exists to one behind the end.
             for (uint32_t turns = random.Below(60) * random.Below(60); turns > 0; turns--)
                 SwitchToThread();
-            if (const HWND target = GetDlgItem(window, button))
+            if (const HWND target = ControlOf(window, button))
                 PostMessageW(target, BM_CLICK, 0, 0);
         }
         if (fails)
@@ -114,7 +113,7 @@ private:
     // by another one, and a box that never comes is told by Wait.
     static void AnswerBoxes(const Process& program) {
         while (const HWND box = WaitForWindow(program, IDOK))
-            PostMessageW(box, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(GetDlgItem(box, IDOK)));
+            PostMessageW(box, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(ControlOf(box, IDOK)));
     }
 };
 
