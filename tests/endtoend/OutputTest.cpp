@@ -76,11 +76,9 @@ std::string RecordedCommandLine() {
 
 // The recorder, copied to a place with a blank in its name.
 std::wstring InstallRecorder(const std::wstring& place) {
-    std::array<wchar_t, MAX_PATH> self;
-    GetModuleFileNameW(nullptr, self.data(), static_cast<DWORD>(self.size()));
     std::filesystem::create_directories(place);
     const std::wstring path = place + L"\\list viewer.exe";
-    std::filesystem::copy_file(std::filesystem::path(self.data()).parent_path() / L"recorder.exe", path,
+    std::filesystem::copy_file(EndToEnd::PathBeside(L"recorder.exe"), path,
                                std::filesystem::copy_options::overwrite_existing);
     return path;
 }

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <filesystem>
 #include <vector>
 
+#include "endtoend/Program.h"
 #include "support/TestRegistry.h"
 
 namespace {
@@ -62,10 +62,7 @@ private:
 
 // Runs the program with these handles for its output. Returns its exit code, or 99 if it cannot be started.
 DWORD RunPresets(const std::wstring& arguments, HANDLE out, HANDLE error) {
-    std::array<wchar_t, MAX_PATH> self;
-    GetModuleFileNameW(nullptr, self.data(), static_cast<DWORD>(self.size()));
-    const std::wstring program =
-        std::filesystem::path(self.data()).parent_path().wstring() + L"\\presets.exe";
+    const std::wstring program = EndToEnd::PathBeside(L"presets.exe");
     std::wstring line = L"\"" + program + L"\" " + arguments;
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);

@@ -14,12 +14,6 @@ namespace {
 
 const std::wstring RootKey = L"Software\\Tamblewick";
 
-std::wstring ProgramPath() {
-    std::array<wchar_t, MAX_PATH> path;
-    GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    return std::filesystem::path(path.data()).parent_path().wstring() + L"\\tamblewick.exe";
-}
-
 std::string Utf8(const std::wstring& text) {
     std::string bytes(text.size() * 3, '\0');
     bytes.resize(static_cast<size_t>(WideCharToMultiByte(CP_UTF8, 0, text.c_str(),
@@ -140,12 +134,19 @@ std::wstring ListsFolder() {
     return L"C:\\tamblewick-lists";
 }
 
+std::wstring PathBeside(const std::wstring& name) {
+    std::array<wchar_t, MAX_PATH> path;
+    GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    return std::filesystem::path(path.data()).parent_path().wstring() + L"\\" + name;
+}
+
 Process::Process(const std::wstring& arguments) {
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
-    std::wstring line = L"\"" + ProgramPath() + L"\" " + arguments;
-    if (!CreateProcessW(ProgramPath().c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &information_))
+    const std::wstring program = PathBeside(L"tamblewick.exe");
+    std::wstring line = L"\"" + program + L"\" " + arguments;
+    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &information_))
         ADD_FAILURE() << "the program could not be started, error " << GetLastError();
 }
 

@@ -43,6 +43,9 @@ private:
 // The folder where lists go, without a trailing backslash. Empty at the start of each test.
 std::wstring ListsFolder();
 
+// The path of a file in the folder of the test program, where the built programs are too.
+std::wstring PathBeside(const std::wstring& name);
+
 // A started program. Its end is waited for by the destructor.
 class Process {
 public:
