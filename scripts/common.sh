@@ -11,6 +11,8 @@ version=$(sed -n 's/^project(tamblewick VERSION \([0-9.]*\) .*/\1/p' CMakeLists.
 
 buildPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix libutfcpp-dev googletest)
 winePackages=(wine wine64 xvfb openbox)
+# What tests with pictures, a mouse and keys need.
+displayPackages=(xdotool imagemagick fonts-dejavu-core)
 
 fail() {
     echo "$*" >&2

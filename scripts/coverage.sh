@@ -16,7 +16,7 @@ case ${1:-} in
     *) fail "usage: ./coverage.sh [native | windows]" ;;
 esac
 
-install_packages "${buildPackages[@]}" "${winePackages[@]}" g++ libbenchmark-dev gcovr python3 xdotool imagemagick
+install_packages "${buildPackages[@]}" "${winePackages[@]}" g++ "${displayPackages[@]}" libbenchmark-dev gcovr python3
 
 declare -A gcov=([native]=gcov [windows]=x86_64-w64-mingw32-gcov-posix)
 reports=build/coverage

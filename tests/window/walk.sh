@@ -15,6 +15,7 @@ program=$(readlink -f "$1")
 frameSize=$(readlink -f "$2")
 cd "$here/../.."
 . scripts/common.sh
+. tests/window/window.sh
 
 firstName='All files (Simple, Text)'
 secondName='All files (Details, HTML)'
@@ -22,30 +23,6 @@ newName='Photo archive'
 # Of the window's client area and menu.
 newWidth=640
 newHeight=400
-
-# Wine shows the home folder's "Desktop" as its own, and its folder dialog selects the desktop at first.
-export HOME=$PWD/build/wine-window-home
-unset XDG_CONFIG_HOME
-
-finish() {
-    local result=$?
-    # The result stands already; a picture of the failure and the clean-up may fail.
-    [ $result = 0 ] || import -window root build/logs/window.png || true
-    [ -z "${process:-}" ] || kill "$process" 2>/dev/null || true
-    stop_wine
-    stop_display
-    exit $result
-}
-
-# wait_for WHAT COMMAND...: until the command succeeds, for at most 30 seconds.
-wait_for() {
-    local what=$1 end=$((SECONDS + 30))
-    shift
-    until "$@" >/dev/null 2>&1; do
-        [ $SECONDS -lt $end ] || fail "Waited in vain for $what."
-        sleep 0.1
-    done
-}
 
 # The registry as sorted lines "PRESET\SECTION\VALUE TYPE DATA", with the presets' names for their random keys.
 settings() {
@@ -102,25 +79,9 @@ new_from_template() {
     lastSecond=$(date +%s)
 }
 
-# find_window NAME: sets `found` to the visible window of exactly this title, which must be the active one.
-find_window() {
-    found=$(xdotool search --onlyvisible --name "^$1\$") && [ "$(xdotool getactivewindow)" = "$found" ]
-}
-
 # has_size WIDTH HEIGHT: of the window's client area and menu.
 has_size() {
     xdotool getwindowgeometry "$window" | grep -q "Geometry: $1x$2\$"
-}
-
-move_to() {
-    xdotool mousemove --window "$window" "$1" "$2"
-}
-
-# With the small move of a hand after it: the tree swallows the release of the button, and this move is what
-# tells it that nothing is dragged.
-click_at() {
-    move_to "$1" "$2"
-    xdotool click 1 mousemove_relative 1 0
 }
 
 # The tree begins 10 pixels from the left and below the menu, each item is 18 high.
@@ -162,23 +123,14 @@ list_is_complete() {
     [ -n "$list" ] && tail -c 20 "$list" | grep -q '</html>'
 }
 
-ended() {
-    ! kill -0 "$process"
-}
-
 mkdir -p "$HOME/Desktop/Holidays"
 echo picture >"$HOME/Desktop/Holidays/beach.jpg"
 echo text >"$HOME/Desktop/notes.txt"
 
-trap finish EXIT
-start_display >/dev/null
-use_wine wine-window
-# In a fresh prefix there is no such key.
-wine reg delete 'HKCU\Software\Tamblewick' /f </dev/null >/dev/null 2>&1 || true
+open_desktop
 find "$WINEPREFIX/drive_c/users/" -name 'List of *' -delete
 
-wine "$program" </dev/null >/dev/null 2>&1 &
-process=$!
+start_program
 wait_for "the main window" find_window 'Tamblewick 4.0.1'
 window=$found
 eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^(WIDTH|HEIGHT)=')"
@@ -216,9 +168,7 @@ wait_for "the main window after the list" main_window_is_active
 xdotool windowsize "$window" $newWidth $newHeight
 wait_for "the new size" has_size $newWidth $newHeight
 xdotool key alt+F4
-wait_for "the end of the program" ended
-wait "$process" || fail "The program ended with $?."
-process=
+await_program
 
 diff <(expected_settings) <(settings) ||
     fail "The registry (>) differs from what is expected (<)."
