@@ -71,6 +71,13 @@ TEST_F(AboutTest, EveryWayOfClosingHasItsResult) {
     EXPECT_EQ(Run([](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDOK, 0); }), 1);
 }
 
+TEST_F(AboutTest, ShowsTheProgramsIcon) {
+    Run([](HWND dialog) {
+        EXPECT_NE(SendDlgItemMessageW(dialog, IDC_ABOUT_ICON, STM_GETICON, 0, 0), 0);
+        Close(dialog);
+    });
+}
+
 TEST_F(AboutTest, TitleIsLargerAndBold) {
     Run([](HWND dialog) {
         const LOGFONTW title = FontOf(dialog, IDC_ABOUT_TITLE);

@@ -59,7 +59,7 @@ std::wstring ClassName(std::wstring text) {
 TemplateItem ReadItem(Reader& reader) {
     TemplateItem item;
     reader.AlignToFour();
-    reader.Skip(sizeof(DWORD));  // help
+    item.help = reader.Read<DWORD>();
     item.exStyle = reader.Read<DWORD>();
     item.style = reader.Read<DWORD>();
     item.x = reader.ReadShort();
@@ -69,34 +69,37 @@ TemplateItem ReadItem(Reader& reader) {
     item.id = static_cast<int>(reader.Read<DWORD>());
     item.className = ClassName(reader.ReadTextOrNumber());
     item.text = reader.ReadTextOrNumber();
-    reader.Skip(reader.Read<WORD>());  // creation data
+    item.dataSize = reader.Read<WORD>();
+    reader.Skip(item.dataSize);
     return item;
 }
 
 }  // namespace
 
-DialogTemplate ReadDialogTemplate(int templateId) {
+DialogTemplate ReadDialogTemplate(int templateId, HMODULE module) {
     const HRSRC resource =
-        FindResourceW(nullptr, MAKEINTRESOURCEW(templateId), MAKEINTRESOURCEW(5));  // RT_DIALOG
+        FindResourceW(module, MAKEINTRESOURCEW(templateId), MAKEINTRESOURCEW(5));  // RT_DIALOG
     if (resource == nullptr)
         throw std::runtime_error("no dialog " + std::to_string(templateId));
-    Reader reader(static_cast<const std::byte*>(LockResource(LoadResource(nullptr, resource))));
+    Reader reader(static_cast<const std::byte*>(LockResource(LoadResource(module, resource))));
     if (reader.Read<WORD>() != 1 || reader.Read<WORD>() != 0xFFFF)
         throw std::runtime_error("not of the extended form: dialog " + std::to_string(templateId));
 
     DialogTemplate dialog;
-    reader.Skip(sizeof(DWORD));  // help
+    dialog.help = reader.Read<DWORD>();
     dialog.exStyle = reader.Read<DWORD>();
     dialog.style = reader.Read<DWORD>();
     const WORD count = reader.Read<WORD>();
     reader.Skip(2 * sizeof(WORD));  // the place, which DS_CENTER replaces
     dialog.cx = reader.ReadShort();
     dialog.cy = reader.ReadShort();
-    reader.ReadTextOrNumber();  // menu
-    reader.ReadTextOrNumber();  // class
+    dialog.menu = reader.ReadTextOrNumber();
+    dialog.className = reader.ReadTextOrNumber();
     dialog.caption = reader.ReadText();
     dialog.pointSize = reader.ReadShort();
-    reader.Skip(sizeof(WORD) + 2);  // weight, italic, character set
+    dialog.weight = reader.ReadShort();
+    dialog.italic = reader.Read<BYTE>() != 0;
+    dialog.charset = reader.Read<BYTE>();
     dialog.typeface = reader.ReadText();
     for (WORD i = 0; i < count; ++i)
         dialog.items.push_back(ReadItem(reader));

@@ -15,19 +15,28 @@ struct TemplateItem {
     int x, y, cx, cy;
     DWORD style;
     DWORD exStyle;
+    DWORD help;
+    WORD dataSize;  // of the bytes that its window is created with
 };
 
 struct DialogTemplate {
+    std::wstring menu;
+    std::wstring className;
     std::wstring caption;
     int cx, cy;
     DWORD style;
     DWORD exStyle;
+    DWORD help;
     int pointSize;
+    int weight;
+    bool italic;
+    int charset;
     std::wstring typeface;
     std::vector<TemplateItem> items;  // in the order of the script
 };
 
-// Reads a template of the extended form from the running program. Throws std::runtime_error if there is none.
-DialogTemplate ReadDialogTemplate(int templateId);
+// Reads a template of the extended form from a module, the running program if it is null. Throws
+// std::runtime_error if there is none.
+DialogTemplate ReadDialogTemplate(int templateId, HMODULE module = nullptr);
 
 }  // namespace Ui
