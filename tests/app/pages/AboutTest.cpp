@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <shellapi.h>
+
 #include <array>
 #include <filesystem>
 #include <functional>
@@ -14,6 +16,7 @@
 #include "support/TempFolder.h"
 #include "support/ui/DismissModal.h"
 #include "support/ui/Input.h"
+#include "support/ui/ReplacedImport.h"
 #include "winlib/ParentCoordinates.h"
 #include "winlib/WindowText.h"
 
@@ -161,6 +164,38 @@ TEST_F(AboutTest, ClickOnTheAddressOpensTheMailLink) {
     const std::string line = TestSupport::ReadBytes(record.wstring()).value_or("");
     EXPECT_TRUE(line.ends_with(" \"mailto:Ostrel Vane <me@here.example>?subject=Tamblewick\"")) << line;
     std::filesystem::remove_all(folder);
+}
+
+struct Opened {
+    std::wstring file;
+    SHELLEXECUTEINFOW call;
+};
+std::vector<Opened> opened;
+
+BOOL WINAPI RecordExecute(SHELLEXECUTEINFOW* execute) {
+    opened.push_back({execute->lpFile, *execute});
+    return TRUE;
+}
+
+TEST_F(AboutTest, LinksAreOpenedWithoutAWordOfTheSystem) {
+    opened.clear();
+    Run([](HWND dialog) {
+        const Ui::ReplacedImport recorded("ShellExecuteExW", RecordExecute);
+        Ui::Click(GetDlgItem(dialog, IDC_ABOUT_MAIL));
+        Ui::Click(GetDlgItem(dialog, IDC_ABOUT_HOME));
+        Close(dialog);
+    });
+    ASSERT_EQ(opened.size(), 2u);
+    EXPECT_EQ(opened[0].file, L"mailto:Ostrel Vane <ostrel.vane@tamblewick.example>?subject=Tamblewick");
+    EXPECT_EQ(opened[1].file, L"https://www.tamblewick.example/");
+    for (const Opened& link : opened) {
+        EXPECT_EQ(link.call.cbSize, sizeof(link.call));
+        EXPECT_EQ(link.call.fMask, static_cast<ULONG>(SEE_MASK_UNICODE | SEE_MASK_FLAG_NO_UI));
+        EXPECT_EQ(link.call.nShow, SW_SHOWNORMAL);
+        EXPECT_EQ(link.call.lpVerb, nullptr);
+        EXPECT_EQ(link.call.lpParameters, nullptr);
+        EXPECT_EQ(link.call.lpDirectory, nullptr);
+    }
 }
 
 TEST_F(AboutTest, LinkThatCannotBeOpenedIsSilent) {

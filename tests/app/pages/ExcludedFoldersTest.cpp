@@ -9,6 +9,8 @@
 #include "resources/resource.h"
 #include "support/ui/DismissModal.h"
 #include "support/ui/FocusWatch.h"
+#include "support/ui/ReplacedImport.h"
+#include "winlib/Exception.h"
 
 using TestSupport::StringListValue;
 using TestSupport::TestRegistry;
@@ -266,6 +268,32 @@ TEST_F(ExcludedFoldersTest, CancelledAddChangesNothing) {
     ASSERT_EQ(cancel.Seen().size(), 1U);
     EXPECT_EQ(Shown(), (Folders{L"a"}));
     EXPECT_FALSE(IsStored());
+}
+
+// The list refuses a message.
+UINT refused = 0;
+
+LRESULT WINAPI SendUnlessRefused(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    static const auto send = reinterpret_cast<decltype(&SendMessageW)>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "SendMessageW")));
+    return message == refused ? -1 : send(window, message, wParam, lParam);
+}
+
+TEST_F(ExcludedFoldersTest, ListThatTakesNoColumnOrEntryEndsInAnException) {
+    const std::pair<UINT, const wchar_t*> failures[] = {
+        {LVM_INSERTCOLUMNW, L"Unable to add a new column to the ListView."},
+        {LVM_INSERTITEMW, L"Unable to add a new item to the ListView."},
+    };
+    for (const auto& [message, text] : failures) {
+        refused = message;
+        const Ui::ReplacedImport sending("SendMessageW", SendUnlessRefused);
+        try {
+            Open({L"C:\\one"});
+            ADD_FAILURE() << "no exception";
+        } catch (const WinLib::Exception& exception) {
+            EXPECT_EQ(exception.Message, text);
+        }
+    }
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "support/TestRegistry.h"
 #include "support/ui/DismissModal.h"
 #include "support/ui/Input.h"
+#include "support/ui/ReplacedImport.h"
 #include "winlib/ParentCoordinates.h"
 
 using TestSupport::DwordValue;
@@ -173,6 +174,22 @@ TEST_F(OptionsTest, FailedRemovalIsToldAndTheBoxGoesBack) {
         Close(dialog);
     });
     EXPECT_TRUE(settings.Shell.IsRegistered());
+}
+
+UINT boxFlags = 0;
+
+int WINAPI RecordBox(HWND, const wchar_t*, const wchar_t*, UINT flags) {
+    boxFlags = flags;
+    return IDOK;
+}
+
+TEST_F(OptionsTest, FailureIsAnExclamationWithOneButton) {
+    Run([](HWND dialog) {
+        const Ui::ReplacedImport recorded("MessageBoxW", RecordBox);
+        Click(dialog, IDC_OPTIONS_CONTEXT_MENU);
+        Close(dialog);
+    });
+    EXPECT_EQ(boxFlags, static_cast<UINT>(MB_OK | MB_ICONEXCLAMATION));
 }
 
 TEST_F(OptionsTest, ClickThatFindsTheWantedStateSaysNothing) {

@@ -5,17 +5,23 @@
 
 #include <gtest/gtest.h>
 
+#include <cderr.h>
 #include <commdlg.h>
 #include <dlgs.h>
+
+#include <string>
 
 #include "resources/resource.h"
 #include "support/TempFolder.h"
 #include "support/ui/DismissModal.h"
 #include "support/ui/FocusWatch.h"
+#include "support/ui/ReplacedImport.h"
+#include "winlib/Exception.h"
 
 using TestSupport::StringValue;
 using TestSupport::TempFolder;
 using TestSupport::TestRegistry;
+using namespace std::string_literals;
 
 namespace {
 
@@ -212,6 +218,55 @@ TEST(OpeningPage, OffersProgramsAndAllFiles) {
     open.Click(IDC_OPENING_BROWSE);
     EXPECT_EQ(filters, (std::vector<std::wstring>{L"Program files (*.exe, *.bat)", L"All files (*.*)"}));
     EXPECT_EQ(chosen, 0);
+}
+
+// What the last call of GetOpenFileNameW was handed. The user cancels.
+OPENFILENAMEW asked;
+std::wstring startPath;
+std::wstring askedFilter;
+
+BOOL WINAPI RecordOpenFileName(OPENFILENAMEW* dialog) {
+    asked = *dialog;
+    startPath = dialog->lpstrFile;
+    const wchar_t* end = dialog->lpstrFilter;
+    while (*end != L'\0')
+        end += std::wcslen(end) + 1;
+    askedFilter.assign(dialog->lpstrFilter, end);
+    return FALSE;
+}
+
+TEST(OpeningPage, AsksForAFileThatExistsAndBeginsAtNone) {
+    const TestRegistry registry;
+    registry.SetString(PresetKey + L"\\Opening", L"OpenMethod", L"Custom");
+    registry.SetString(PresetKey + L"\\Opening", L"CustomProgramPath", L"C:\\kept.exe");
+    const OpenPage open(Kind::Opening);
+    const Ui::ReplacedImport recorded("GetOpenFileNameW", RecordOpenFileName);
+    open.Click(IDC_OPENING_BROWSE);
+    EXPECT_EQ(asked.lStructSize, sizeof(asked));
+    EXPECT_EQ(asked.hwndOwner, open.window);
+    EXPECT_EQ(asked.Flags, static_cast<DWORD>(OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY));
+    EXPECT_EQ(asked.nMaxFile, 1024u);
+    EXPECT_EQ(startPath, L"");
+    EXPECT_EQ(askedFilter, L"Program files (*.exe, *.bat)\0*.exe;*.bat\0All files (*.*)\0*.*\0"s);
+    EXPECT_EQ(asked.nFilterIndex, 1u);
+    EXPECT_EQ(open.Text(IDC_OPENING_PATH), L"C:\\kept.exe");
+}
+
+DWORD WINAPI OutOfMemory() {
+    return CDERR_MEMALLOCFAILURE;
+}
+
+TEST(OpeningPage, FailedDialogEndsInAnException) {
+    const TestRegistry registry;
+    const OpenPage open(Kind::Opening);
+    const Ui::ReplacedImport cancelled("GetOpenFileNameW", RecordOpenFileName);
+    const Ui::ReplacedImport failed("CommDlgExtendedError", OutOfMemory);
+    try {
+        open.page->OnControlCommand(IDC_OPENING_BROWSE, open.Control(IDC_OPENING_BROWSE), BN_CLICKED);
+        ADD_FAILURE() << "no exception";
+    } catch (const WinLib::Exception& exception) {
+        EXPECT_EQ(exception.Message, L"Error in open file dialog.");
+    }
 }
 
 }  // namespace

@@ -79,9 +79,16 @@ void CALLBACK DismissModal::OnTimer(HWND, UINT, UINT_PTR timer, DWORD) {
     for (const HWND dialog : std::exchange(current->waiting_, {})) {
         if (!IsWindow(dialog))
             continue;
+        // On a busy machine the timer comes before the loop has shown the dialog, which then takes no input.
+        if (!IsWindowVisible(dialog)) {
+            current->waiting_.push_back(dialog);
+            continue;
+        }
         current->seen_.push_back(Read(dialog));
         current->action_(dialog);
     }
+    if (current != nullptr && !current->waiting_.empty())
+        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, OnTimer);
 }
 
 DismissFromAside::DismissFromAside(WORD button, std::function<void(HWND)> look)

@@ -7,6 +7,7 @@
 
 #include "support/ui/DismissModal.h"
 #include "support/ui/Input.h"
+#include "support/ui/ReplacedImport.h"
 #include "winlib/WindowText.h"
 
 namespace {
@@ -138,6 +139,20 @@ TEST_F(UiSupport, BoxesOfOtherThreadsAreAnsweredFromAside) {
     EXPECT_EQ(user.Seen()[0].caption, L"Worker");
     EXPECT_EQ(user.Seen()[0].text, L"Failed.");
     EXPECT_EQ(user.Seen()[0].owner, window);
+}
+
+BOOL WINAPI FortySeven(HWND) {
+    return 47;
+}
+
+TEST_F(UiSupport, AReplacedImportLeadsElsewhereAndBack) {
+    EXPECT_TRUE(IsWindow(window));
+    {
+        const Ui::ReplacedImport replaced("IsWindow", FortySeven);
+        EXPECT_EQ(IsWindow(nullptr), 47);
+    }
+    EXPECT_FALSE(IsWindow(nullptr));
+    EXPECT_THROW(Ui::ReplacedImport("NoSuchFunction", FortySeven), std::runtime_error);
 }
 
 }  // namespace

@@ -4,11 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <vector>
 
 #include "resources/resource.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/ReplacedImport.h"
 #include "winlib/Application.h"
 #include "winlib/Win32Error.h"
+
+#include <commctrl.h>
 
 namespace {
 
@@ -38,6 +42,32 @@ TEST(AppMain, TellsAnExceptionAndEndsWithMinusOne) {
         TrimEnd(expected);
         EXPECT_EQ(box.text, expected);
         EXPECT_TRUE(WinLib::Application::Current()->Dialogs.empty());
+    }
+}
+
+// Refuses one class of controls and notes all it was asked for.
+DWORD refusedClasses = 0;
+std::vector<DWORD> askedClasses;
+
+BOOL WINAPI RefuseOneClass(const INITCOMMONCONTROLSEX* request) {
+    askedClasses.push_back(request->dwICC);
+    return request->dwSize == sizeof(*request) && request->dwICC != refusedClasses;
+}
+
+TEST(AppMain, TellsWhichCallFailedWhenControlsAreMissing) {
+    constexpr DWORD Needed[] = {ICC_TREEVIEW_CLASSES, ICC_LISTVIEW_CLASSES, ICC_PROGRESS_CLASS,
+                                ICC_BAR_CLASSES};
+    const Ui::ReplacedImport refusing("InitCommonControlsEx", RefuseOneClass);
+    WinLib::Application::Install(
+        std::make_unique<WinLib::Application>(GetModuleHandleW(nullptr), L"", SW_SHOWNORMAL));
+    for (const DWORD classes : Needed) {
+        refusedClasses = classes;
+        askedClasses.clear();
+        Ui::DismissModal user(IDOK);
+        EXPECT_EQ(AppMain(), -1);
+        ASSERT_EQ(user.Seen().size(), 1u);
+        EXPECT_EQ(user.Seen()[0].text, L"InitCommonControlsEx failed.");
+        EXPECT_EQ(askedClasses.back(), classes);
     }
 }
 

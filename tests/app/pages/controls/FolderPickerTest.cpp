@@ -4,8 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <objbase.h>
+#include <shlobj.h>
+
 #include "FolderDialog.h"
 #include "HostWindow.h"
+#include "support/ui/ReplacedImport.h"
 
 using WinLib::PickFolder;
 
@@ -47,6 +51,85 @@ TEST(FolderPicker, OffersNoButtonForANewFolder) {
     });
     PickFolder(host.Handle, L"Choose one", nullptr);
     EXPECT_FALSE(hasButton);
+}
+
+// The system's part, played by the test: what it was asked, and what was done with its answer.
+BROWSEINFOW asked;
+std::wstring askedTitle;
+BOOL hasPath = FALSE;
+std::vector<void*> freed;
+ITEMIDLIST place;
+
+ITEMIDLIST* WINAPI ChoosePlace(BROWSEINFOW* browse) {
+    asked = *browse;
+    askedTitle = browse->lpszTitle;
+    return &place;
+}
+
+BOOL WINAPI TellPath(const ITEMIDLIST* of, wchar_t* path) {
+    EXPECT_EQ(of, &place);
+    lstrcpyW(path, L"C:\\chosen");
+    return hasPath;
+}
+
+void WINAPI RecordFree(void* memory) {
+    freed.push_back(memory);
+}
+
+class FolderPickerCalls : public testing::Test {
+protected:
+    FolderPickerCalls() { freed.clear(); }
+
+    const Ui::ReplacedImport browse{"SHBrowseForFolderW", ChoosePlace};
+    const Ui::ReplacedImport path{"SHGetPathFromIDListW", TellPath};
+    const Ui::ReplacedImport free{"CoTaskMemFree", RecordFree};
+};
+
+TEST_F(FolderPickerCalls, AskForAFolderOfTheFileSystem) {
+    const HostWindow host;
+    hasPath = TRUE;
+    EXPECT_EQ(PickFolder(host.Handle, L"Choose one", nullptr), L"C:\\chosen");
+    EXPECT_EQ(asked.hwndOwner, host.Handle);
+    EXPECT_EQ(asked.pidlRoot, nullptr);
+    EXPECT_EQ(askedTitle, L"Choose one");
+    EXPECT_EQ(asked.ulFlags,
+              static_cast<UINT>(BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE | BIF_NONEWFOLDERBUTTON));
+    EXPECT_EQ(asked.lpfn, nullptr);
+    EXPECT_EQ(freed, std::vector<void*>{&place});
+}
+
+TEST_F(FolderPickerCalls, FreeAPlaceThatHasNoPath) {
+    hasPath = FALSE;
+    EXPECT_EQ(PickFolder(nullptr, L"Choose one", nullptr), std::nullopt);
+    EXPECT_EQ(freed, std::vector<void*>{&place});
+}
+
+// What the dialog has been sent.
+WPARAM selectionIsPath = 0;
+std::wstring selection;
+int sent = 0;
+
+LRESULT CALLBACK RecordSelection(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != BFFM_SETSELECTIONW)
+        return DefWindowProcW(window, message, wParam, lParam);
+    ++sent;
+    selectionIsPath = wParam;
+    selection = reinterpret_cast<const wchar_t*>(lParam);
+    return 0;
+}
+
+TEST_F(FolderPickerCalls, SelectTheStartFolderWhenTheDialogIsReady) {
+    const HostWindow host;
+    hasPath = TRUE;
+    PickFolder(host.Handle, L"Choose one", L"C:\\start");
+    ASSERT_NE(asked.lpfn, nullptr);
+    SetWindowLongPtrW(host.Handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(RecordSelection));
+    EXPECT_EQ(asked.lpfn(host.Handle, BFFM_SELCHANGED, 0, asked.lParam), 0);
+    EXPECT_EQ(sent, 0);
+    EXPECT_EQ(asked.lpfn(host.Handle, BFFM_INITIALIZED, 0, asked.lParam), 0);
+    EXPECT_EQ(sent, 1);
+    EXPECT_EQ(selectionIsPath, static_cast<WPARAM>(TRUE));
+    EXPECT_EQ(selection, L"C:\\start");
 }
 
 }  // namespace
