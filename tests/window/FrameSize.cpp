@@ -1,4 +1,5 @@
-// Prints by how much the main window is wider and higher than its client area and menu: its frame and caption.
+// Prints by how much the main window is wider and higher than its client area and menu: its frame and
+// caption.
 #include <cstdio>
 
 #include "winlib/Windows.h"

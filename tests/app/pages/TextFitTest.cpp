@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "resources/resource.h"
 #include "support/Text.h"
+#include "winlib/WindowText.h"
 
 namespace {
 

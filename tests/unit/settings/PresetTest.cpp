@@ -80,8 +80,7 @@ TEST(Preset, FieldsAreGuardedByTheirTypes) {
 TEST(Preset, AFieldOfASectionIsTheOneOfTheSectionsView) {
     Preset preset(L"key");
     EXPECT_EQ(&preset.Get(Display::IndentSize), &preset.Get(Display::IndentSize));
-    EXPECT_EQ(&preset.Get(Sorting::FileSortOrder, 6),
-              &preset.Get(Sorting::FileSortOrder, 6));
+    EXPECT_EQ(&preset.Get(Sorting::FileSortOrder, 6), &preset.Get(Sorting::FileSortOrder, 6));
 }
 
 // Whether a field can be read from a view of a section, and whether it has the type T there.
