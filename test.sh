@@ -36,15 +36,10 @@ run_tests native-tsan -R "^($(IFS='|'; echo "${threadedTests[*]}"))\$"
 run_tests fuzz
 
 packaging/package.sh
-rm -rf 'build/portable copy v4.0'
-unzip -q -d 'build/portable copy v4.0' build/packages/*-portable.zip
+unpack_portable
 
-trap stop_wine EXIT
-use_wine wine-test
-use_null_display
-stop_wine
-use_wine wine-test
+echo "Testing windows ..."
 # The races take minutes: scripts/races.sh.
-run_tests windows -E 'races$'
+scripts/windows-tests.sh -E 'races$' || true
 
 scripts/count-results.py native native-asan native-tsan fuzz windows

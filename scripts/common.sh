@@ -53,12 +53,21 @@ build_preset() {
     quietly "build/logs/build-$preset.log" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
-# use_wine NAME: makes build/NAME the Wine prefix, building it the first time. The background processes of Wine
-# are started apart from any pipe that a caller reads, and ended by stop_wine.
+# Unpacks the portable zip that package.sh has made to where the tests look for it.
+unpack_portable() {
+    rm -rf 'build/portable copy v4.0'
+    unzip -q -d 'build/portable copy v4.0' build/packages/*-portable.zip
+}
+
+# Where the Wine prefixes are. A prefix that another version of Wine has used is converted by it.
+prefixes=${PREFIXES:-build}
+
+# use_wine NAME: makes the folder of this name below $prefixes the Wine prefix, building it the first time. The
+# background processes of Wine are started apart from any pipe that a caller reads, and ended by stop_wine.
 use_wine() {
-    export WINEPREFIX=$PWD/build/$1
+    export WINEPREFIX=$PWD/$prefixes/$1
     if [ ! -f "$WINEPREFIX/.complete" ]; then
-        echo "Making a Wine prefix in build/$1 ..."
+        echo "Making a Wine prefix in $prefixes/$1 ..."
         rm -rf "$WINEPREFIX"
         mkdir -p "$WINEPREFIX"
         quietly "build/logs/$1.log" env -u DISPLAY wineboot -i

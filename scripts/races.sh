@@ -10,10 +10,4 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 [ -z "${1:-}" ] || export TAMBLEWICK_STARTS=$1
 install_packages "${buildPackages[@]}" "${winePackages[@]}" libbenchmark-dev
 build_preset windows races process_races
-trap stop_wine EXIT
-use_wine wine-test
-use_null_display
-stop_wine
-use_wine wine-test
-mkdir -p build/windows/results
-ctest --preset windows -R 'races$'
+scripts/windows-tests.sh -R 'races$'

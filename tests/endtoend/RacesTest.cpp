@@ -92,7 +92,8 @@ protected:
         }
         if (fails)
             AnswerBoxes(program);
-        std::string wrong = program.Wait() == 0 ? "" : "not 0 as exit code\n";
+        const DWORD code = program.Wait();
+        std::string wrong = code == 0 ? "" : std::to_string(code) + " as exit code\n";
         const std::optional<std::string> bytes = TestSupport::ReadBytes(list);
         const bool cancels = std::find(presses.begin(), presses.end(), IDC_PROGRESS_CANCEL) != presses.end();
         if (!bytes && !cancels && !fails)
