@@ -7,6 +7,9 @@
 #include "progress/ProgressController.h"
 #include "support/ui/Picture.h"
 #include "winlib/controls/HyperLinkCtrl.h"
+#include "winlib/layout/Window.h"
+
+using WinLib::Layout::Alignment;
 
 namespace {
 
@@ -121,6 +124,15 @@ TEST_F(DrawingTest, TheBarOfADragShowsInsideTheTreeOnly) {
     EXPECT_EQ(blank(), before - Bar);
     SendToTree(WM_LBUTTONUP, {below.x, below.y + 20}, 0);
     EXPECT_EQ(blank(), before);
+}
+
+TEST(LayoutDrawing, AFrameThatGrowsLosesItsOldLines) {
+    const HostWindow host;
+    const HWND frame = host.Add(L"Button", L"Frame", BS_GROUPBOX, {20, 20, 120, 90});
+    WinLib::Layout::Window sizer(frame, Alignment::Fill, Alignment::Fill);
+    DrawWhatIsLeft(host.Handle);
+    sizer.Arrange({20, 20, 220, 190});
+    ExpectNoTraces(host.Handle);
 }
 
 TEST(ProgressDrawing, SizingLeavesNothingBehind) {

@@ -335,6 +335,7 @@ TEST_F(KeysTest, TabGoesFromTheTreeThroughThePageToTheButtons) {
 
 TEST_F(KeysTest, TabGoesFromTheTreeToCloseWithoutPresets) {
     OpenWith({});
+    EXPECT_EQ(GetNextDlgTabItem(window, nullptr, FALSE), tree.Window()) << "the first of all";
     SetFocus(tree.Window());
     Press(VK_TAB);
     EXPECT_EQ(GetFocus(), Control(IDC_MAIN_CLOSE));
