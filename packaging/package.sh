@@ -26,7 +26,7 @@ TZ=UTC find "$stage" -exec touch -d "$released" {} +
 # The icon is for the setup itself, so it comes after the zip.
 cp src/resources/icons/program.ico "$stage/tamblewick.ico"
 size=$(du -bk --apparent-size "$stage" | cut -f 1)
-quietly build/logs/makensis.log makensis -V2 "-DFILES=$stage" "-DOUTPUT=$packages/tamblewick-$version-setup.exe" \
+quietly build/logs/makensis.log makensis -V2 -WX "-DFILES=$stage" "-DOUTPUT=$packages/tamblewick-$version-setup.exe" \
     "-DVERSION=$version" "-DSIZE=$size" packaging/setup.nsi
 rm -rf "$packages/stage"
 
