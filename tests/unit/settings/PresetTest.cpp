@@ -65,16 +65,16 @@ TEST(Preset, ACopyIsIndependent) {
 
 TEST(Preset, FieldsAreGuardedByTheirTypes) {
     Preset preset(L"key");
-    EXPECT_THROW(preset.Get(Preset::Name.row), std::bad_cast);
-    EXPECT_THROW(preset.Get(Preset::Position.row), std::bad_cast);
+    EXPECT_THROW(preset.Get<bool>(Preset::Name.row), std::bad_cast);
+    EXPECT_THROW(preset.Get<uint32_t>(Preset::Position.row), std::bad_cast);
     EXPECT_THROW(preset.Section(Preset::Name.row), std::bad_cast);
     auto display = preset.Section(Preset::Display);
-    EXPECT_THROW(display.Get(Display::IndentSize.row), std::bad_cast);
-    EXPECT_THROW(display.Get(Display::SearchHidden.row), std::bad_cast);
+    EXPECT_THROW(display.Get<int32_t>(Display::IndentSize.row), std::bad_cast);
+    EXPECT_THROW(display.Get<uint32_t>(Display::SearchHidden.row), std::bad_cast);
     auto columns = preset.Section(Preset::Columns);
     EXPECT_THROW(columns.Get(Columns::FolderColumns, 12), std::bad_cast);
-    EXPECT_THROW(columns.Get(Columns::FolderColumns.row), std::bad_cast);
-    EXPECT_THROW(columns.Get(Columns::ShowHeaders.row, 0), std::bad_cast);
+    EXPECT_THROW(columns.Get<FolderColumn>(Columns::FolderColumns.row), std::bad_cast);
+    EXPECT_THROW(columns.Get<bool>(Columns::ShowHeaders.row, 0), std::bad_cast);
 }
 
 TEST(Preset, AFieldOfASectionIsTheOneOfTheSectionsView) {
