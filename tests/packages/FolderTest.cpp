@@ -84,13 +84,6 @@ TEST_F(Folder, ThatIsMissingIsMade) {
     ExpectInstalledInto(tools / L"one" / L"two");
 }
 
-TEST_F(Folder, ThatCannotBeMadeIsRefused) {
-    WriteFile(tools, "a file");
-    EXPECT_EQ(RunSetup(tools / L"below a file"), 2u);
-    EXPECT_EQ(Bytes(tools), "a file");
-    ExpectNothingInstalled();
-}
-
 TEST_F(Folder, OfAnInstallationIsTakenAgainWithWhatIsInIt) {
     ASSERT_EQ(RunSetup(tools), 0u);
     WriteFile(tools / L"tamblewick.exe", "older");

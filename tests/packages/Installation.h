@@ -1,5 +1,5 @@
-// The setup that packaging/package.sh has made, run and removed as a user or a script does, and what is on the disk and
-// in the registry before and after.
+// The setup that packaging/package.sh has made, run and removed as a user or a script does, and what is on
+// the disk and in the registry before and after.
 #pragma once
 
 #include <gtest/gtest.h>
