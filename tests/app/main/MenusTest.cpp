@@ -38,10 +38,12 @@ std::vector<Entry> Read(HMENU menu) {
         info.dwTypeData = text;
         info.cch = 200;
         GetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &info);
+        // Neither in a column of its own nor drawn by the program.
+        EXPECT_EQ(info.fType & ~Separator, static_cast<UINT>(MFT_STRING)) << testing::PrintToString(text);
         if (info.fType & Separator)
             entries.push_back(Line);
         else if (info.hSubMenu != nullptr)
-            entries.push_back({text, 0, 0, Read(info.hSubMenu)});
+            entries.push_back({text, 0, info.fState, Read(info.hSubMenu)});
         else
             entries.push_back({text, info.wID, info.fState});
     }

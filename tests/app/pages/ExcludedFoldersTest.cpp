@@ -89,7 +89,7 @@ TEST_F(ExcludedFoldersTest, ShowsTheStoredEntriesInOrder) {
 
 TEST_F(ExcludedFoldersTest, RowsAreSelectedAsAWhole) {
     Open({L"a"});
-    EXPECT_NE(SendMessageW(list, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0) & LVS_EX_FULLROWSELECT, 0);
+    EXPECT_EQ(SendMessageW(list, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0), LVS_EX_FULLROWSELECT);
 }
 
 TEST_F(ExcludedFoldersTest, ColumnIsAsWideAsTheListAtEverySize) {

@@ -177,9 +177,12 @@ TEST_F(OptionsTest, FailedRemovalIsToldAndTheBoxGoesBack) {
 }
 
 UINT boxFlags = 0;
+bool isTickedBehindBox = false;
 
-int WINAPI RecordBox(HWND, const wchar_t*, const wchar_t*, UINT flags) {
+int WINAPI RecordBox(HWND owner, const wchar_t*, const wchar_t*, UINT flags) {
     boxFlags = flags;
+    isTickedBehindBox =
+        SendDlgItemMessageW(owner, IDC_OPTIONS_CONTEXT_MENU, BM_GETCHECK, 0, 0) == BST_CHECKED;
     return IDOK;
 }
 
@@ -187,8 +190,10 @@ TEST_F(OptionsTest, FailureIsAnExclamationWithOneButton) {
     Run([](HWND dialog) {
         const Ui::ReplacedImport recorded("MessageBoxW", RecordBox);
         Click(dialog, IDC_OPTIONS_CONTEXT_MENU);
+        EXPECT_FALSE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
         Close(dialog);
     });
+    EXPECT_TRUE(isTickedBehindBox) << "the box goes back when the message has been read";
     EXPECT_EQ(boxFlags, static_cast<UINT>(MB_OK | MB_ICONEXCLAMATION));
 }
 

@@ -8,6 +8,7 @@
 
 #include "HostWindow.h"
 #include "support/ui/Input.h"
+#include "support/ui/ReplacedImport.h"
 
 namespace {
 
@@ -40,14 +41,14 @@ protected:
         return text;
     }
 
-    void FillClipboard(const std::wstring& text) const {
+    void FillClipboard(const std::wstring& text, UINT format = CF_UNICODETEXT) const {
         const size_t size = (text.size() + 1) * sizeof(wchar_t);
         const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
         memcpy(GlobalLock(memory), text.c_str(), size);
         GlobalUnlock(memory);
         ASSERT_TRUE(OpenClipboard(host.Handle));
         EmptyClipboard();
-        SetClipboardData(CF_UNICODETEXT, memory);
+        SetClipboardData(format, memory);
         CloseClipboard();
     }
 
@@ -117,11 +118,35 @@ TEST_F(HyperLinkCtrlTest, ShowsTheHand) {
     EXPECT_EQ(GetCursor(), link.HandCursor);
 }
 
+UINT menuFlags = 0;
+HWND menuOwner = nullptr;
+
+BOOL WINAPI RecordMenu(HMENU, UINT flags, int, int, int, HWND owner, const RECT*) {
+    menuFlags = flags;
+    menuOwner = owner;
+    return FALSE;
+}
+
+TEST_F(HyperLinkCtrlTest, MenuAnswersItsCallerAlone) {
+    const Ui::ReplacedImport recorded("TrackPopupMenu", RecordMenu);
+    SendMessageW(link.Handle, WM_RBUTTONUP, 0, MAKELPARAM(2, 2));
+    EXPECT_EQ(menuFlags, static_cast<UINT>(TPM_RETURNCMD | TPM_NONOTIFY));
+    EXPECT_EQ(menuOwner, link.Handle);
+}
+
 TEST_F(HyperLinkCtrlTest, CopyPutsTheTextIntoTheClipboard) {
     FillClipboard(L"before");
     RightClick({VK_DOWN, VK_RETURN});
     EXPECT_EQ(Clipboard(), L"someone@\x00E4.example");
     EXPECT_FALSE(link.Hovering);
+}
+
+TEST_F(HyperLinkCtrlTest, CopyReplacesWhatOtherProgramsWouldPasteInstead) {
+    const UINT ownFormat = RegisterClipboardFormatW(L"Tamblewick test");
+    FillClipboard(L"before", ownFormat);
+    RightClick({VK_DOWN, VK_RETURN});
+    EXPECT_FALSE(IsClipboardFormatAvailable(ownFormat));
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_UNICODETEXT));
 }
 
 TEST_F(HyperLinkCtrlTest, CancelledMenuCopiesNothingAndEndsTheHovering) {
