@@ -19,7 +19,7 @@ const wchar_t Root[] = L"Software\\Tamblewick";
 constexpr UINT FirstId = 100;
 constexpr UINT LastId = 199;
 
-// Runs a process to its end and gives back its exit code, or 99.
+// Runs a process to its end and returns its exit code, or 99.
 DWORD RunProcess(std::wstring commandLine) {
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);

@@ -1,4 +1,4 @@
-// The templates of all dialogs and pages, as they stand in the built program.
+// The templates of all dialogs and pages, as the built program contains them.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The menu as it stands in the built program; the program adds the templates.
+// The menu as the built program contains it; the program adds the templates.
 
 #include <gtest/gtest.h>
 
