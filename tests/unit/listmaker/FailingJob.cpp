@@ -17,7 +17,7 @@ void SetColumns(Preset& preset) {
     preset.Get(Columns::FolderColumns, 1) = FolderColumn::LastTimeWritten;
     preset.Get(Columns::FileColumns, 0) = FileColumn::Filename;
     preset.Get(Columns::FileColumns, 1) = FileColumn::LastTimeWritten;
-    for (const size_t position : {0, 1}) {
+    for (const size_t position : {size_t{0}, size_t{1}}) {
         preset.Get(Columns::FolderEnabled, position) = true;
         preset.Get(Columns::FileEnabled, position) = true;
     }

@@ -44,7 +44,7 @@ TEST(ProgressSetUp, HasTheProgramsIconInBothSizesAsLongAsItLives) {
     {
         DrivenProgress dialog(L"Tamblewick");
         dialog.Run([&] {
-            for (const WPARAM kind : {ICON_BIG, ICON_SMALL}) {
+            for (const WPARAM kind : {WPARAM{ICON_BIG}, WPARAM{ICON_SMALL}}) {
                 const std::optional<FakeWin::Icon> icon = FakeWin::IconOf(dialog.Handle, kind);
                 ASSERT_TRUE(icon.has_value()) << kind;
                 EXPECT_EQ(icon->id, IDI_PROGRAM);
