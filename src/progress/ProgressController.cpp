@@ -22,7 +22,8 @@ void ProgressController::Report(const std::wstring& status, const std::wstring& 
 }
 
 HWND ProgressController::WaitForWindow() const {
-    creating_.wait(true);
+    std::unique_lock lock(creatingMutex_);
+    creationEnded_.wait(lock, [this] { return !creating_; });
     return Window();
 }
 
@@ -33,8 +34,11 @@ void ProgressController::End() {
 }
 
 void ProgressController::EndCreation() {
-    creating_.store(false);
-    creating_.notify_all();
+    {
+        const std::lock_guard lock(creatingMutex_);
+        creating_ = false;
+    }
+    creationEnded_.notify_all();
 }
 
 bool ProgressController::OnControlCommand(WORD id, HWND control, WORD code) {

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <atomic>
+#include <condition_variable>
+#include <mutex>
 #include <string>
 
 #include "winlib/Controller.h"
@@ -72,5 +74,10 @@ private:
     // consistency guarantees that at least one of them sees the other's store and ends the dialog.
     std::atomic<HWND> window_ = nullptr;
     std::atomic<bool> ended_ = false;
-    std::atomic<bool> creating_ = true;  // until window_ is set, or the dialog has ended without it
+
+    // Until window_ is set, or the dialog has ended without it. A condition variable and not std::atomic's
+    // wait, which can miss its notification where the system has no futex.
+    bool creating_ = true;
+    mutable std::mutex creatingMutex_;
+    mutable std::condition_variable creationEnded_;
 };
