@@ -8,6 +8,10 @@ target_compile_options(tamblewick_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 target_include_directories(tamblewick_options INTERFACE
   ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/generated)
+if(WIN32)
+  target_compile_options(tamblewick_options INTERFACE -fstack-protector-strong)
+  target_compile_definitions(tamblewick_options INTERFACE _FORTIFY_SOURCE=2)
+endif()
 
 # The header folder of utfcpp alone: the system's include folder must never reach the cross build.
 find_path(UTF8CPP_INCLUDE_DIR utf8.h PATHS /usr/include/utf8cpp REQUIRED NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
@@ -19,8 +23,9 @@ target_include_directories(utf8cpp SYSTEM INTERFACE ${UTF8CPP_INCLUDE_DIR})
 add_library(platform INTERFACE)
 target_link_libraries(platform INTERFACE utf8cpp)
 if(WIN32)
+  include(cmake/DelayLoad.cmake)
   target_link_libraries(platform INTERFACE
-    comctl32 comdlg32 shell32 ole32 advapi32 gdi32 user32 kernel32)
+    stackguard ssp comctl32 comdlg32 shell32 ole32 advapi32 gdi32 user32 kernel32)
   # Without the moment of linking the same sources give the same file.
   target_link_options(platform INTERFACE -static -Wl,--no-insert-timestamp)
 else()
@@ -35,6 +40,18 @@ function(tamblewick_library name)
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC ${arg_LIBRARIES} platform PRIVATE tamblewick_options)
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+endfunction()
+
+# tamblewick_program(name [WIN32] SOURCES file... [LIBRARIES library...])
+# A program for users, on Windows. It imports only kernel32 and msvcrt at its start and loads the other DLLs at the
+# first call into them. Its first statement must be WinLib::LimitDllSearch.
+function(tamblewick_program name)
+  cmake_parse_arguments(arg "WIN32" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${arg_SOURCES} $<TARGET_OBJECTS:delayload>)
+  set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ${arg_WIN32})
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} tamblewick_options)
+  target_link_directories(${name} BEFORE PRIVATE ${TAMBLEWICK_DELAY_FOLDER})
+  target_link_options(${name} PRIVATE -municode -s)
 endfunction()
 
 # tamblewick_resources(target file.rc)

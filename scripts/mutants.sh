@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # Shows that the tests can fail: puts one small fault after the other into a copy of the sources and runs the
-# test programs that have to notice it. The faults stand in tests/mutants, which says how to write one.
+# test programs that have to notice it. The faults are in tests/mutants; scanner.txt describes the format.
 #
-#   scripts/mutants.sh [TEXT]    only the faults in whose file, program or title the text stands; default: all
+#   scripts/mutants.sh [TEXT]    only the faults whose file, program or title contains TEXT; default: all
 #
 # A line for each fault, at the end "N faults, M survived"; exit code 1 if any survived. What does not compile, or
-# is to replace a text that does not stand exactly once in its file, ends the script.
+# replaces a text that does not occur exactly once in its file, ends the script.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
@@ -54,8 +54,8 @@ check_fault() {
     [ -f "$file" ] || fail "$list: '$title': there is no $file"
     content=$(<"$file")
     rest=${content#*"${text%$'\n'}"}
-    [ "$rest" != "$content" ] || fail "$list: '$title': the text does not stand in $file"
-    [[ $rest != *"${text%$'\n'}"* ]] || fail "$list: '$title': the text stands in $file more than once"
+    [ "$rest" != "$content" ] || fail "$list: '$title': the text does not occur in $file"
+    [[ $rest != *"${text%$'\n'}"* ]] || fail "$list: '$title': the text occurs in $file more than once"
 }
 
 for list in tests/mutants/*.txt; do
@@ -79,7 +79,7 @@ cd build/mutants
 passes() {
     local preset=${1% *} name=${1#* }
     quietly build/logs/build.log cmake --build --preset "$preset" --target "$name"
-    [[ $name != packages* ]] || quietly build/logs/package.log packaging/package.sh && unpack_portable
+    [[ $name != packages* ]] || { quietly build/logs/package.log packaging/package.sh && unpack_portable; }
     mkdir -p "build/$preset/results"
     rm -f "build/$preset/results/$name.xml"
     ctest --preset "$preset" -R "^$name\$" >build/logs/test.log 2>&1

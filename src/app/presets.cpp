@@ -11,6 +11,7 @@
 #include "settings/MainSettings.h"
 #include "settings/PresetKey.h"
 #include "settings/Templates.h"
+#include "winlib/DllSearch.h"
 #include "winlib/Windows.h"
 
 #include <io.h>
@@ -155,6 +156,7 @@ int Run(const Arguments& arguments) {
 }  // namespace
 
 int wmain(int count, wchar_t** values) {
+    WinLib::LimitDllSearch();
     try {
         return Run(Arguments(values + 1, values + count));
     } catch (const std::exception& error) {

@@ -140,10 +140,11 @@ std::wstring PathBeside(const std::wstring& name) {
     return std::filesystem::path(path.data()).parent_path().wstring() + L"\\" + name;
 }
 
-Process::Process(const std::wstring& arguments) {
+Process::Process(const std::wstring& arguments) : Process(PathBeside(L"tamblewick.exe"), arguments) {}
+
+Process::Process(const std::wstring& program, const std::wstring& arguments) {
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
-    const std::wstring program = PathBeside(L"tamblewick.exe");
     std::wstring line = L"\"" + program + L"\" " + arguments;
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &information_))

@@ -1,5 +1,5 @@
 // The built program as a process, and the world it is started in: a preset written into the registry value by
-// value, a folder on the disk, and what the program leaves behind.
+// value, a folder on the disk, and the program's output.
 #pragma once
 
 #include <cstdint>
@@ -49,8 +49,11 @@ std::wstring PathBeside(const std::wstring& name);
 // A started program. Its end is waited for by the destructor.
 class Process {
 public:
-    // Starts the program beside the test program with this command line behind its name.
+    // Starts the program beside the test program with this command line after its name.
     explicit Process(const std::wstring& arguments);
+
+    // The same with another program.
+    Process(const std::wstring& program, const std::wstring& arguments);
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
     ~Process();
