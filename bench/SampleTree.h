@@ -10,8 +10,8 @@
 
 inline constexpr wchar_t SampleRoot[] = L"C:\\Sample";
 
-// Fills the stand-in's file system with a tree of so many entries. Keeps the one that is there if it has that
-// size.
+// Fills the stand-in's file system with a tree of this many entries. Keeps the one that is there if it has
+// that size.
 void MakeSampleTree(int64_t entries);
 
 // Never cancels and takes no notice.

@@ -1,4 +1,4 @@
-// The sorts behind a scan. One list of all entries takes n log n comparisons, the lists of a tree stay short.
+// The sorts of a scan. One list of all entries takes n log n comparisons, the lists of a tree stay short.
 // A comparison of text costs here what the stand-in's CompareStringW costs.
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,4 @@
-// Reference counting and the guard at the border to COM, for the few classes of this module.
+// Reference counting and the exception barrier at the COM boundary, for the classes of this module.
 #pragma once
 
 #include <atomic>
@@ -10,7 +10,7 @@
 
 #include <unknwn.h>
 
-// Runs the body of a COM operation and turns whatever it throws into a result: nothing may reach the shell.
+// Runs the body of a COM operation and converts every exception to a result, since none may reach the shell.
 template <typename Body>
 HRESULT Guarded(const Body& body) noexcept {
     const ExceptionState state;
@@ -57,7 +57,7 @@ protected:
     virtual ~ComObject() = default;
 
 private:
-    // The first interface stands for IUnknown as well.
+    // The first interface serves as IUnknown too.
     template <typename First, typename... Rest>
     void* Find(REFIID iid) {
         if (IsEqualIID(iid, __uuidof(First)) || IsEqualIID(iid, __uuidof(IUnknown)))

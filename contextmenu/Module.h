@@ -1,4 +1,4 @@
-// What the whole module shares: where it stands, whether anything of it is in use, and the program beside it.
+// State of the whole module: its path, its use count, and the path of the program in the same folder.
 #pragma once
 
 #include <string>

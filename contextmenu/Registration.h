@@ -5,7 +5,7 @@
 
 namespace Registration {
 
-// Write the keys below classes, which is HKEY_CLASSES_ROOT or the user's own classes, and tell the shell.
+// Write the keys below classes, which is HKEY_CLASSES_ROOT or the user's own classes, and notify the shell.
 // Gives back the first failure, after which nothing is left half done.
 HRESULT Register(HKEY classes);
 

@@ -15,7 +15,7 @@ build_preset windows tamblewick presets
 data=$PWD/build/scale
 lists=$data/lists
 
-# The order of bytes in the names is the order of the list: names of the same length, and files behind folders.
+# The order of bytes in the names is the order of the list: names of the same length, and files after folders.
 make_trees() {
     echo "Making the trees ..."
     rm -rf "$data"

@@ -12,7 +12,7 @@ namespace {
 
 constexpr wchar_t Caption[] = L"Tamblewick";
 
-// Holds the dialog for the length of a scope, if it is at hand.
+// Holds the dialog for the length of a scope, if it is available.
 class Taken {
 public:
     explicit Taken(std::atomic<ProgressController*>& place)
@@ -47,7 +47,7 @@ public:
             dialog.reset(place_.exchange(nullptr));
             return dialog != nullptr;
         });
-        // Only an exception out of a window's procedure leaves the window behind.
+        // The window still exists only after an exception from a window procedure.
         if (IsWindow(dialog->Handle))
             DestroyWindow(dialog->Handle);
     }

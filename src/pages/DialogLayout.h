@@ -6,7 +6,8 @@
 
 using WinLib::Layout::ArrangeOnClient;
 
-// Takes the controls as the resource drew them for the minimum, and arranges. Once, when the tree stands.
+// Takes the controls as the resource drew them for the minimum, and arranges. Called once, when the layout
+// tree is complete.
 void MeasureAndArrange(WinLib::Layout::Sizer& root, HWND dialog);
 
 // What a dialog does on WM_SIZE: arranges unless it has been minimized. Returns whether it did.

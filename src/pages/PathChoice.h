@@ -16,6 +16,6 @@ struct PathChoice {
     void AddTo(WinLib::Layout::VStack& page) const;
 
     // Lets the path be typed and browsed for if choice is the index of the last button. Any number that no
-    // button has stands for the first.
+    // button has is treated as the first.
     void EnablePath(uint32_t choice) const;
 };

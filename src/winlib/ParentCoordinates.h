@@ -1,5 +1,5 @@
 // Places in the client coordinates of a window's parent, which is what layouts reckon in. For a window that
-// is no child the desktop stands for the parent.
+// is no child the desktop is used as the parent.
 #pragma once
 
 #include "winlib/Windows.h"

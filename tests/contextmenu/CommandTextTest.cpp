@@ -57,7 +57,7 @@ protected:
         return Ask<Char>(*handler, sizeof(Char) == 1 ? GCS_HELPTEXTA : GCS_HELPTEXTW, size);
     }
 
-    // What lies behind the buffer must not change.
+    // The memory after the buffer must not change.
     template <typename Char>
     static Answer<Char> Ask(IContextMenu& handler, UINT type, size_t size) {
         std::vector<Char> buffer(size + 8, Char('#'));

@@ -1,4 +1,4 @@
-// Registration and its removal when the registry or the memory fails, and what the shell is told.
+// Registration and its removal when the registry or the memory fails, and the notification of the shell.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -26,7 +26,7 @@ struct Output {
 };
 
 // A file that takes what a program prints. A pipe would not do: under Wine the desktop's own process, started
-// by whoever is the first to need it, inherits the pipe and holds it open when the program has ended.
+// by the first program that needs it, inherits the pipe and keeps it open after the program has ended.
 class OutputFile {
 public:
     OutputFile() {

@@ -84,7 +84,7 @@ protected:
         Process program(preset_.Key + L" \"" + folder_.Path(name) + L"\"");
         for (const int button : presses) {
             const HWND window = WaitForWindow(program, button);
-            // From the moment in which the button exists to one behind the end.
+            // From the moment in which the button exists to one after the end.
             for (uint32_t turns = random.Below(60) * random.Below(60); turns > 0; turns--)
                 SwitchToThread();
             if (const HWND target = ControlOf(window, button))
@@ -111,7 +111,7 @@ protected:
 
 private:
     // Until the process ends, which it does only with the answer: a box that goes with its dialog is followed
-    // by another one, and a box that never comes is told by Wait.
+    // by another one, and a box that never comes is reported by Wait.
     static void AnswerBoxes(const Process& program) {
         while (const HWND box = WaitForWindow(program, IDOK))
             PostMessageW(box, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(ControlOf(box, IDOK)));

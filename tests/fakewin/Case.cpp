@@ -18,7 +18,7 @@ struct CaseTables {
         upper[static_cast<size_t>(lowerUnit)] = upperUnit;
     }
 
-    // A run of upper-case letters whose lower-case forms stand so far behind them.
+    // A run of upper-case letters whose lower-case forms are at this distance after them.
     void Block(int first, int last, int distance) {
         for (int unit = first; unit <= last; ++unit)
             Pair(unit, unit + distance);

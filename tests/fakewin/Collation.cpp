@@ -32,7 +32,7 @@ bool IsDigit(wchar_t unit) {
 // One place of a text: a character, or a run of digits as one number.
 struct Element {
     int weight = 0;
-    int accent = 0;  // of a number less than 0: one for each leading zero, so that 01 stands before 1
+    int accent = 0;  // of a number less than 0: one for each leading zero, so that 01 comes before 1
     int upper = 0;
     std::wstring_view digits;  // of a number, without leading zeros
 };
@@ -119,7 +119,7 @@ int CompareElements(const Element& first, const Element& second) {
     return Order(first.digits.compare(second.digits), 0);
 }
 
-// The last pass: the skipped characters by where they stand, a text without them first, the apostrophe before
+// The last pass: the skipped characters by their positions, a text without them first, the apostrophe before
 // the hyphen.
 int CompareSkipped(std::wstring_view first, std::wstring_view second) {
     const size_t length = std::min(first.size(), second.size());

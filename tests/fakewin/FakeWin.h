@@ -156,7 +156,7 @@ std::vector<FindCall> FindCalls();
 // ---- Files
 
 // Each makes the missing folders above it, the drive or share included. A folder enumerates its entries in
-// the order in which they were added, behind "." and ".."; the root of a drive or share has no such two. An
+// the order in which they were added, after "." and ".."; the root of a drive or share has no such two. An
 // entry that exists is changed in place. A folder has FILE_ATTRIBUTE_DIRECTORY in any case.
 void AddFolder(const std::wstring& path, DWORD attributes = FILE_ATTRIBUTE_DIRECTORY);
 void AddFile(const std::wstring& path, uint64_t size = 0, DWORD attributes = FILE_ATTRIBUTE_ARCHIVE);
@@ -181,7 +181,7 @@ std::vector<std::wstring> WrittenFiles();
 // How many writes of any size have reached this file since it was opened last.
 int WritesTo(const std::wstring& path);
 
-// The disk under this file is full after so many bytes (as they stand on the disk).
+// The disk under this file is full after this many bytes (as stored on the disk).
 void FailWritesAfter(const std::wstring& path, uint64_t bytes);
 
 // What GetTempPathW, GetModuleFileNameW and GetLongPathNameW give: at first C:\Temp\ and
@@ -203,7 +203,7 @@ void SetLongPath(const std::wstring& path, const std::wstring& longPath);
 // digits before letters; letters compare first without case and accents, then by accent, then lower case
 // before upper; hyphen and apostrophe count only between otherwise equal texts, as Windows' word sort has it.
 
-// GetTickCount stands at 0 until it is set or advanced; each use advances it by the step, at first 0, after
+// GetTickCount is 0 until it is set or advanced; each use advances it by the step, at first 0, after
 // it was read.
 void SetTickCount(DWORD milliseconds);
 void AdvanceTickCount(DWORD milliseconds);
@@ -225,7 +225,7 @@ struct ShellExecution {
     DWORD size;
     ULONG mask;
     HWND owner;
-    std::optional<std::wstring> verb;  // nothing stands for a null pointer
+    std::optional<std::wstring> verb;  // empty for a null pointer
     std::optional<std::wstring> file;
     std::optional<std::wstring> parameters;
     std::optional<std::wstring> directory;

@@ -88,7 +88,7 @@ std::optional<Icon> IconOf(HWND window, WPARAM kind);
 
 // ---- Driving dialogs
 
-// Runs on the dialog's thread each time that a dialog of this template has been made, directly behind
+// Runs on the dialog's thread each time that a dialog of this template has been made, directly after
 // WM_INITDIALOG and showing, before its loop takes the first message.
 void OnDialogShown(int templateId, std::function<void(HWND)> callback);
 

@@ -15,7 +15,7 @@ bool IsDrive(std::wstring_view text) {
     return text.size() >= 2 && text[1] == L':' && ((text[0] | 0x20) >= L'a' && (text[0] | 0x20) <= L'z');
 }
 
-// Whether a unit may not stand in a name, the backslash and the wildcards aside.
+// Whether a unit may not occur in a name, the backslash and the wildcards aside.
 bool IsForbidden(wchar_t unit) {
     if (unit > L'|')
         return false;
@@ -50,7 +50,7 @@ ParsedPath Refused(std::wstring_view path, DWORD error) {
     return refused;
 }
 
-// Whether each name below the root may stand in a path: none is empty, and only the last may hold wildcards.
+// Whether each name below the root may occur in a path: none is empty, and only the last may hold wildcards.
 bool AreNames(std::wstring_view below, bool allowWildcards) {
     const size_t last = below.rfind(L'\\');
     bool atStart = false;

@@ -1,4 +1,4 @@
-// The tree behind the file calls: entries, and the way from a path to one. Not thread safe by itself;
+// The tree of the file calls: entries, and the lookup of a path. Not thread safe by itself;
 // Files.cpp guards it.
 #pragma once
 
@@ -44,7 +44,7 @@ struct Entry : std::enable_shared_from_this<Entry> {
     std::unique_ptr<FolderPart> folder;     // null for a file
 };
 
-// A path in its one form: "C:" or "\\server\share", and below it the names, each behind a backslash. An error
+// A path in its one form: "C:" or "\\server\share", and below it the names, each after a backslash. An error
 // means that the system refuses the path by its form alone.
 struct ParsedPath {
     DWORD error = 0;
@@ -75,8 +75,8 @@ public:
     FileSystem(const FileSystem&) = delete;
     FileSystem& operator=(const FileSystem&) = delete;
 
-    // Null if there is none; error then tells whether the name (2) or the way to it (3) is missing, or why
-    // the path is refused.
+    // Null if there is none; error is then 2 if the name is missing, 3 if a folder on the way to it is, or
+    // why the path is refused.
     std::shared_ptr<Entry> Find(const ParsedPath& path, DWORD& error) const;
 
     // Finds or makes the entry, and the folders above it. Throws std::invalid_argument where a test asks for

@@ -1,4 +1,4 @@
-// What the parts of the stand-in share. Each part keeps its own state behind its own mutex and never holds it
+// What the parts of the stand-in share. Each part guards its own state by its own mutex and never holds it
 // while code of a test or of the product runs.
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace FakeWin::Internal {
 
-// Counts one use of the call and tells the error with which it must fail, or 0.
+// Counts one use of the call and returns the error with which it must fail, or 0.
 DWORD Enter(Call call);
 DWORD Enter(Call call, const std::wstring& subject);
 
@@ -56,7 +56,7 @@ std::wstring Fold(std::wstring_view text);
 // For messages: units above 127 as \uXXXX.
 std::string Narrow(std::wstring_view text);
 
-// Whether less stands before more when case is ignored.
+// Whether less precedes more when case is ignored.
 struct FoldedLess {
     using is_transparent = void;
     bool operator()(std::wstring_view less, std::wstring_view more) const;

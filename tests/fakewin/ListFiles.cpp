@@ -13,7 +13,7 @@ namespace {
 
 using namespace Internal;
 
-// One open file: the cookie behind the C library's stream.
+// One open file: the cookie of the C library's stream.
 struct OpenFile {
     std::shared_ptr<Entry> entry;
     std::wstring subject;

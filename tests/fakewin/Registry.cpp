@@ -29,7 +29,7 @@ struct Key {
     bool deleted = false;
 };
 
-// What a handle stands for.
+// What a handle refers to.
 struct OpenKey {
     std::shared_ptr<Key> key;
     REGSAM access;
@@ -90,7 +90,7 @@ bool IsPredefined(HKEY key) {
     return key == HKEY_CURRENT_USER || key == HKEY_CLASSES_ROOT;
 }
 
-// A copy of what the handle stands for; without a key for a handle that is none.
+// A copy of what the handle refers to; without a key for an invalid handle.
 OpenKey Resolve(HKEY key) {
     if (key == HKEY_CURRENT_USER)
         return {Registry().root, KEY_ALL_ACCESS, L"HKCU"};
@@ -160,7 +160,7 @@ bool IsTerminated(const std::string& data) {
     return last == 0;
 }
 
-// Gives a value's data as the system does: without a buffer only the size, and behind a text that has no
+// Returns a value's data as the system does: without a buffer only the size, and after a text that has no
 // terminator one more if there is room.
 DWORD GiveData(const Value& value, LPDWORD type, LPBYTE data, LPDWORD size) {
     const DWORD length = static_cast<DWORD>(value.data.size());

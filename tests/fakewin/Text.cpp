@@ -1,4 +1,4 @@
-// Text in the user's locale, and the system's messages. The comparison of texts stands in Collation.cpp.
+// Text in the user's locale, and the system's messages. The comparison of texts is in Collation.cpp.
 #include <cstdarg>
 #include <cwchar>
 #include <mutex>

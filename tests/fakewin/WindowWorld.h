@@ -1,4 +1,4 @@
-// The state behind the window calls. One mutex guards all of it; no procedure of a window and no callback of
+// The state of the window calls. One mutex guards all of it; no procedure of a window and no callback of
 // a test runs while it is held. What happens to a window happens on the thread that made it, through its
 // queue.
 #pragma once

@@ -70,7 +70,7 @@ bool FindClientOrigin(HWND handle, POINT& origin) {
     return WithWindow(handle, [&](const Window& window) { origin = ClientOrigin(window); });
 }
 
-// Sets or clears a bit of the style and tells whether it was set. Nothing if there is no such window.
+// Sets or clears a bit of the style and returns whether it was set. Nothing if there is no such window.
 bool ChangeStyle(HWND handle, DWORD bit, bool set) {
     bool before = set;
     WithWindow(handle, [&](Window& window) {
@@ -134,7 +134,7 @@ void Destroy(HWND handle) {
     DropWindow(handle);
 }
 
-// Where a dialog's own long values stand; null for other indices and windows.
+// The place of a dialog's own long values; null for other indices and windows.
 LONG_PTR* DialogValue(Window& window, int index) {
     if (!window.dialog)
         return nullptr;

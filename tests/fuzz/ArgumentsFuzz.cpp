@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Check(joined == Kept(line), "nothing but quotes and separators is lost", shown);
     Check(SplitArguments(quoted) == arguments, "each argument survives in quotes of its own", shown);
 
-    // A separator ends a piece wherever it stands, and a quote's other half starts in another state.
+    // A separator ends a piece at any position, and a quote's other half starts in another state.
     if (line.find(L'"') == std::wstring::npos) {
         for (const std::wstring& argument : arguments)
             for (const wchar_t unit : argument)

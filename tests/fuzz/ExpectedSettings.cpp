@@ -22,7 +22,7 @@ std::optional<uint32_t> Number(const Value& value) {
     return number;
 }
 
-// The units of a text, zeros behind them; a unit that is not whole counts.
+// The units of a text, zeros after them; a unit that is not whole counts.
 std::optional<std::wstring> Units(const Value& value, DWORD type) {
     if (!value || value->type != type)
         return std::nullopt;

@@ -1,4 +1,4 @@
-// A registry as it stood, and what the settings must make of it, value by value.
+// The contents of a registry, and the settings that must be loaded from it, value by value.
 #pragma once
 
 #include <map>

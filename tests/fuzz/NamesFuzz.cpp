@@ -64,12 +64,12 @@ void CheckSplitting(const std::wstring& text) {
     const std::string shown = Utf8(text);
     if (file.extension == Scanner::EmptyText) {
         Check(file.name == file.fullName, "a name without extension is shared", shown);
-        Check(text.find(L'.', 1) == std::wstring::npos, "a dot behind the first character separates", shown);
+        Check(text.find(L'.', 1) == std::wstring::npos, "a dot after the first character separates", shown);
         return;
     }
     Check(name + L"." + extension == text, "name and extension are the whole", shown);
     Check(!name.empty(), "a dot in front belongs to the name", shown);
-    // Only right behind the dot that separates may another one stand.
+    // Another dot may only follow directly after the dot that separates.
     Check(extension.find(L'.', 1) == std::wstring::npos, "the last dot separates", shown);
 }
 

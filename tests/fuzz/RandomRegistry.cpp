@@ -21,7 +21,7 @@ const std::vector<std::wstring> PresetKeys = {L"0k3j2h1g", L"x", L"\u00DCnic\u00
 
 namespace {
 
-// Where a value can stand that no field table names.
+// Keys for values that no field table names.
 struct Place {
     const wchar_t* key;
     const wchar_t* name;

@@ -38,7 +38,7 @@ std::wstring Lowered(std::wstring_view text) {
     return lowered;
 }
 
-// covers[i] tells whether the pattern up to here covers the first i characters.
+// covers[i] is whether the pattern up to here covers the first i characters.
 bool Covers(std::wstring_view pattern, std::wstring_view text) {
     std::vector<bool> covers(text.size() + 1, false);
     covers[0] = true;

@@ -10,7 +10,7 @@ namespace Fuzz {
 // Each character in lower case, one at a time.
 std::wstring Lowered(std::wstring_view text);
 
-// Whether the pattern covers the whole text, when * stands for any run and ? for any one character. Only the
+// Whether the pattern covers the whole text, where * matches any run and ? any one character. Only the
 // text is lowered.
 bool Covers(std::wstring_view pattern, std::wstring_view text);
 bool CoversAny(const std::vector<std::wstring>& patterns, std::wstring_view text);
@@ -18,7 +18,7 @@ bool CoversAny(const std::vector<std::wstring>& patterns, std::wstring_view text
 // The pieces between separators, without the empty ones.
 std::vector<std::wstring> Pieces(std::wstring_view text, wchar_t separator);
 
-// The patterns that a search filter and a list of excluded folders stand for.
+// The patterns of a search filter and of a list of excluded folders.
 std::vector<std::wstring> SearchPatterns(std::wstring_view filter);
 std::vector<std::wstring> ExcludedPatterns(const std::vector<std::wstring>& entries);
 

@@ -110,7 +110,7 @@ void CheckSettings(Input& input) {
     }
     Check(std::ranges::is_sorted(settings.Presets, std::ranges::greater(),
                                  [](const auto& preset) { return PositionOf(*preset); }),
-          "presets stand by falling position");
+          "presets are sorted by falling position");
 
     Check(settings.SaveMain(), "the application's values can be saved");
     CheckNumbering(settings);

@@ -66,7 +66,7 @@ bool Contains(const RECT& outer, const RECT& inner) {
 
 void ExpectInOrder(const Sizer& sizer);
 
-// The cells of a stack lie in it, one behind the other.
+// The cells of a stack lie in it, one after the other.
 void ExpectCells(const Stack& stack, bool isRow) {
     for (size_t i = 0; i < stack.Children.size(); ++i) {
         const RECT& cell = stack.Children[i]->CurrentRect;

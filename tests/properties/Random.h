@@ -1,4 +1,4 @@
-// Random inputs for properties. Every round of a test has a seed of its own, which stands in the messages of
+// Random inputs for properties. Every round of a test has a seed of its own, which is in the messages of
 // its failures; with TAMBLEWICK_SEED set to it in the environment, the first round of each test is that one
 // again.
 #pragma once

@@ -41,7 +41,7 @@ void RandomTree::SetValues(Record& record) {
     record.timeCreated = time();
     record.lastTimeAccessed = time();
     record.lastTimeWritten = time();
-    // As if the totals were known already; what completes a tree must not rely on what stands here.
+    // As if the totals were known already; what completes a tree must not rely on these values.
     record.folderCount = random_.Below(3);
     record.fileCount = random_.Below(3);
 }

@@ -21,7 +21,7 @@ struct RecordField {
 // All values in the order of the table. They point into the settings' record.
 std::vector<RecordField> FieldsOf(MetaTypes::Settings& settings);
 
-// A value as text; of a list each string behind its length.
+// A value as text; of a list each string after its length.
 std::wstring TextOf(const RecordField& field);
 
 // The same of all values, each as "key\name: value".

@@ -9,7 +9,7 @@ using namespace Scanner;
 
 namespace {
 
-// Each record goes in front of those behind which it must not stand, and of no other.
+// Each record comes before those that it must precede, and before no other.
 template <typename Element, typename Before>
 std::vector<Element> InsertionSorted(const std::vector<Element>& elements, Before before) {
     std::vector<Element> sorted;
@@ -64,7 +64,7 @@ struct Totals {
     uint64_t size = 0;
 };
 
-// Counts by itself and compares with what stands in the records. Sizes may run over, as any sum of 64 bits.
+// Counts by itself and compares with the records. Sizes may run over, as any sum of 64 bits.
 Totals ExpectTotals(const Node& node) {
     Totals totals = {node.folders.size(), node.files.size(), 0};
     for (const Node& child : node.folders) {

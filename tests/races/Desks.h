@@ -20,7 +20,7 @@ public:
 };
 
 // Makes so many starts, each with a seed of its own. Fails the test with the seed and the complaints of the
-// first start that has any, and if the process holds more of the system behind all starts than behind the
+// first start that has any, and if the process holds more handles after all starts than after the
 // first tenth of them.
 void RaceOnDesks(int starts, const std::function<std::unique_ptr<Desk>(int number)>& open);
 

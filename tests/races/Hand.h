@@ -11,7 +11,7 @@
 
 // The moment and the manner of what a hand does, drawn at random.
 struct Manner {
-    // usual is how many messages a start takes with which nobody interferes.
+    // usual is how many messages an undisturbed start takes.
     Manner(Random& random, int usual);
 
     // Presses a button of a dialog of this thread; true if that was taken before the call returns.

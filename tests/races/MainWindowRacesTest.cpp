@@ -109,7 +109,7 @@ private:
         presetId_ = static_cast<uint32_t>(item.lParam);
     }
 
-    // A closing window is closed once, before or behind the presses.
+    // A closing window is closed once, before or after the presses.
     std::vector<Hand::Act> Acts(Random& random, const Manner& manner) const {
         std::vector<Hand::Act> acts;
         for (const int button : presses_)

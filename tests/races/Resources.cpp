@@ -15,7 +15,7 @@ namespace {
 constexpr int HandleSlack = 40;
 constexpr int ObjectSlack = 100;
 
-// Wine has no count of a process's handles, but tells all handles of the system.
+// Wine has no count of a process's handles, but lists all handles of the system.
 struct HandleEntry {
     ULONG process;
     BYTE type;

@@ -10,7 +10,7 @@ struct Resources {
     bool IsWithin(const Resources& before) const;
 
     int handles;      // of the kernel
-    int userObjects;  // 0 where the system does not tell
+    int userObjects;  // 0 where the system does not report them
     int gdiObjects;
 };
 

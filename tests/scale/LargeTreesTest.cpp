@@ -77,7 +77,7 @@ size_t CountOf(std::string_view part, std::string_view text) {
     return count;
 }
 
-// Not EXPECT_EQ: nobody wants to read millions of characters that differ in one.
+// Not EXPECT_EQ, which would print millions of characters that differ in one.
 void ExpectSame(const std::string& list, const std::string& expected) {
     const auto [differs, unused] = std::ranges::mismatch(list, expected);
     const auto at = static_cast<size_t>(differs - list.begin());

@@ -1,4 +1,4 @@
-// The main function of every test program: a fresh world for each test, nothing left open behind it, and an
+// The main function of every test program: a fresh world for each test, nothing left open after it, and an
 // end for a test that hangs.
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ class World : public testing::EmptyTestEventListener {
     }
 };
 
-// Ends the process when a test's time is up: a deadlock must not hold up everything behind it.
+// Ends the process when a test's time is up: a deadlock must not block all later tests.
 void StartWatchdog() {
     std::thread([] {
         while (Clock::now() < deadline.load())

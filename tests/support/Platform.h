@@ -10,7 +10,7 @@ namespace TestSupport {
 // Before each test: the empty world of the stand-in; the real one stays as it is.
 void PrepareWorld();
 
-// The handles that a test has left open, one to a line; empty if there are none, or if nobody counts them.
+// The handles that a test has left open, one to a line; empty if there are none, or if they are not counted.
 std::string LeftOpen();
 
 // The first number of Wine's version; 0 on the stand-in and on Windows.

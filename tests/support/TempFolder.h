@@ -17,7 +17,7 @@ public:
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    // The full path, without a backslash behind it.
+    // The full path, without a trailing backslash.
     const std::wstring& Path() const { return path_; }
 
     // The full path of something in it. relative uses backslashes and does not begin with one.

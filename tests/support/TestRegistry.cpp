@@ -104,7 +104,7 @@ void TestRegistry::SetStringList(const std::wstring& key, const std::wstring& na
 
 void TestRegistry::SetRaw(const std::wstring& key, const std::wstring& name, DWORD type,
                           const std::string& data) const {
-    // The system looks behind the data of a text and takes a terminator that it finds there along.
+    // The system looks past the data of a text and stores a terminator that it finds there too.
     const std::string guarded = data + std::string(2 * sizeof(wchar_t), '#');
     const Key open(key, true);
     if (RegSetValueExW(open.Get(), name.c_str(), 0, type, reinterpret_cast<const BYTE*>(guarded.data()),

@@ -1,4 +1,4 @@
-// What stands on the screen: the windows draw on a real display and are read back as pixels.
+// What is on the screen: the windows draw on a real display and are read back as pixels.
 
 #include <gtest/gtest.h>
 

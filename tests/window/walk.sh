@@ -148,7 +148,7 @@ wait_for "the new name" has "$newName\\Name REG_SZ $newName"
 
 drag_first_below_second
 
-# The preset that stands on top now, its last page, the second choice there. Where the drag began a click might
+# The preset that is on top now, its last page, the second choice there. Where the drag began a click might
 # count as the second one of a double click.
 click_at $((itemX + 20)) "$(item_y 1)"
 xdotool key Right Down Down Down Down Down Down

@@ -21,7 +21,7 @@ open_desktop() {
 # After a failure build/logs/window.png shows the screen.
 close_desktop() {
     local result=$? running
-    # The result stands already; a picture of the failure and the clean-up may fail.
+    # The result is known already; a picture of the failure and the clean-up may fail.
     [ $result = 0 ] || import -window root build/logs/window.png || true
     for running in "${process:-}" "${helper:-}"; do
         [ -z "$running" ] || kill "$running" 2>/dev/null || true

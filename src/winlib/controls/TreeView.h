@@ -9,13 +9,13 @@
 
 namespace WinLib::Controls::TreeView {
 
-// The item that stands in one of the TVGN_ relations to another, or null.
+// The item in one of the TVGN_ relations to another, or null.
 HTREEITEM NextItem(HWND tree, WPARAM relation, HTREEITEM item);
 
-// Exchanges the contents of two items with all that stands below them. Texts are cut at 1023 characters.
+// Exchanges the contents of two items with everything below them. Texts are cut at 1023 characters.
 void SwapItems(HWND tree, HTREEITEM a, HTREEITEM b);
 
-// Moves an item behind the last child of another parent, where it gets a new handle. Children of the item are
+// Moves an item after the last child of another parent, where it gets a new handle. Children of the item are
 // not taken along.
 void MoveItem(HWND tree, HTREEITEM item, HTREEITEM newParent);
 

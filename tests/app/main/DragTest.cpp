@@ -231,7 +231,7 @@ TEST_F(DragTest, MarksThePlaceOfTheDrop) {
     const Row rows[] = {
         {"itself", tree.Middle(c), {0, nullptr}},
         {"the item above", tree.Middle(b), {0, nullptr}},
-        {"an open preset: behind its last child", tree.Middle(a), {1, tree.Child(a, L"Opening")}},
+        {"an open preset: after its last child", tree.Middle(a), {1, tree.Child(a, L"Opening")}},
         {"a child", tree.Middle(tree.Child(a, L"Display")), {1, tree.Child(a, L"Opening")}},
         {"the open preset below", tree.Middle(d), {1, tree.Child(d, L"Opening")}},
         {"no item", tree.EmptySpace(), {1, nullptr}},

@@ -254,8 +254,8 @@ TEST_F(ListsTest, AnErrorInTheBackgroundCanBeAnsweredWhileTheWindowCloses) {
     OpenSavingIn(folder.Path());
     const BoxWatcher watcher(window);
     const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROCRET, EndAtOnce, nullptr, GetCurrentThreadId());
-    // The dialog must be gone before the worker's first step. Where it was too slow, the error stood on the
-    // dialog, and the next attempt follows.
+    // The dialog must be gone before the worker's first step. Where it was too slow, the error was shown on
+    // the dialog, and the next attempt follows.
     for (int attempt = 0; attempt < 100 && !IsBusy(); attempt++) {
         controller->StartList(PresetId(), folder.Path(L"missing"));
         if (IsBusy())

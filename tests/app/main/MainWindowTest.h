@@ -48,7 +48,7 @@ protected:
     void Command(WORD id);
 
     // The key of a new preset depends on the second: in one of 37 it is empty, and presets made within one
-    // share it. AwaitSecond waits for one whose key, and that of the next second, can be told apart from the
+    // share it. AwaitSecond waits for one whose key, and that of the next second, differ from the
     // root; NextSecond for a later one.
     void AwaitSecond();
     void NextSecond();

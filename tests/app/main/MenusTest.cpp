@@ -11,7 +11,7 @@ namespace {
 
 constexpr UINT Separator = MFT_SEPARATOR;
 
-// An entry as it stands in a menu. A separator has neither text nor id, a submenu has no id of its own.
+// An entry of a menu. A separator has neither text nor id, a submenu has no id of its own.
 struct Entry {
     std::wstring text;
     UINT id;

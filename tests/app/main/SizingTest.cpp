@@ -233,7 +233,7 @@ TEST_F(SizingTest, NothingIsDrawnAgainWhereNothingMoves) {
     EXPECT_GT(erases, 0);
 }
 
-// Windows that were told of new colours, in order.
+// Windows that got WM_SYSCOLORCHANGE, in order.
 std::vector<HWND> told;
 
 LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {

@@ -218,7 +218,7 @@ TEST_F(AboutTest, RowsStandBelowEachOther) {
         GetClientRect(dialog, &client);
         const RECT icon = place(IDC_ABOUT_ICON);
         const RECT title = place(IDC_ABOUT_TITLE);
-        // 16 for the margin and, behind the space that stretches, a gap.
+        // 16 for the margin and, after the space that stretches, a gap.
         EXPECT_EQ(std::min(icon.top, title.top), 16 + 8);
         EXPECT_EQ(icon.right, title.left);
         EXPECT_LE(std::abs(icon.top + icon.bottom - title.top - title.bottom), 1);

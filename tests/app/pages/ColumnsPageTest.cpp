@@ -122,7 +122,7 @@ TEST_F(ColumnsPageTest, TickIsStoredWhenTheTreeLosesTheFocus) {
     ClickLabel(Child(Folders(), 5));
     EXPECT_FALSE(IsStored());
     Leave();
-    // Defaults, and the column that stands third: 3 first, then 0, 1, 2, 4, ...
+    // Defaults, and the third column: 3 first, then 0, 1, 2, 4, ...
     EXPECT_EQ(Stored(L"Columns\\FolderColumns"),
               Words({L"PathAndName", L"Number", L"Path", L"Name", L"Size", L"Attributes", L"TimeCreated",
                      L"LastTimeAccessed", L"LastTimeWritten", L"NumberOfFolders", L"NumberOfFiles",

@@ -246,7 +246,7 @@ TEST_F(ExcludedFoldersTest, AddAppendsTheChosenFolder) {
     open->Click(IDC_FILTER_ADD);
     ASSERT_EQ(accept.Seen().size(), 1U);
     EXPECT_NE(accept.Seen()[0].text.find(L"Specify a folder to exclude"), std::wstring::npos);
-    // The dialog begins at the selected entry, and an entry may stand there twice.
+    // The dialog begins at the selected entry, and an entry may occur twice.
     EXPECT_EQ(Shown(), (Folders{L"a", folder, folder}));
     EXPECT_EQ(Stored(), StringListValue(Shown()));
 }

@@ -1,5 +1,5 @@
 // One page of a preset, created from its resource in a host window, refreshed and shown, to be operated like
-// by a person. The preset stands in a registry of the test's own.
+// by a person. The preset is in a registry of the test's own.
 #pragma once
 
 #include <memory>
@@ -28,7 +28,7 @@ extern const PageKind Format, Display, Filter, Columns, Sorting, Saving, Opening
 // In the order of a preset's items in the tree.
 extern const PageKind* const AllPages[7];
 
-// Where the tests' one preset stands.
+// The key of the tests' preset.
 inline const std::wstring PresetKey = L"Software\\Tamblewick\\page";
 
 // A preset with default values, and then with what the registry holds of it.

@@ -81,7 +81,7 @@ protected:
     static void Click(HWND dialog, int id) { Ui::Click(GetDlgItem(dialog, id)); }
     static void Close(HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); }
 
-    // Clicks the context-menu box and tells what the message boxes said.
+    // Clicks the context-menu box and returns the texts of the message boxes.
     static std::vector<Ui::SeenDialog> SwitchContextMenu(HWND dialog) {
         const Ui::DismissModal messages(IDOK);
         Click(dialog, IDC_OPTIONS_CONTEXT_MENU);

@@ -1,4 +1,4 @@
-// What the shell is told.
+// Notifications of the shell.
 #pragma once
 
 #include <windows.h>

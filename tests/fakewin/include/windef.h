@@ -70,7 +70,7 @@ typedef void* HANDLE;
 typedef HANDLE HLOCAL;
 typedef HANDLE HGLOBAL;
 
-// Each kind of handle is a pointer type of its own, so that none can stand for another.
+// Each kind of handle is a pointer type of its own, so that none can be passed for another.
 #define FAKEWIN_HANDLE(name) \
     struct name##__ {        \
         int unused;          \

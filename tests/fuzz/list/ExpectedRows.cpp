@@ -57,8 +57,8 @@ std::string AttributeText(DWORD attributes) {
     return text;
 }
 
-// Where the last dot stands that parts a name from its extension, or npos. A dot in front parts nothing, and
-// neither does one right behind a dot that does.
+// The position of the last dot that separates a name from its extension, or npos. A leading dot does not, and
+// neither does one directly after a dot that does.
 size_t PartingDot(const std::wstring& name) {
     size_t dot = std::wstring::npos;
     for (size_t i = 1; i < name.size(); ++i) {

@@ -8,7 +8,7 @@
 
 namespace Fuzz {
 
-// Each row as it stands in the file, sorted: one for every record whose kind has a column. Numbers of rows,
+// The rows of the file, sorted: one for every record whose kind has a column. Numbers of rows,
 // which depend on the order, are all "#.". Rows without any text are left out, since a text list has empty
 // lines of its own. All names must be UTF-16.
 std::vector<std::string> ExpectedRows(const ExpectedScan& scan, const Preset& preset);

@@ -1,5 +1,5 @@
 // A random tree of the stand-in's file system, with the faults that its folders have, kept a second time so
-// that a fuzz program can tell what a list of it must hold.
+// that a fuzz program knows what a list of it must contain.
 #pragma once
 
 #include <cstdint>

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int CallCount = static_cast<int>(Call::Count);
 
-// Of a call that is used very often, as the registry's are, the uses behind the first ones take turns.
+// Of a call that is used very often, as the registry's are, the uses after the first ones take turns.
 constexpr int FirstUses = 30;
 constexpr int Stride = 5;
 

@@ -1,7 +1,7 @@
 // Makes every call that a piece of the program uses fail, each use in turn, so that none is forgotten.
 //
 // A test says what must follow in a table with one or more rows for each call. The piece runs once
-// undisturbed, which tells the calls and how often each is used; a call without a row fails the test, and so
+// undisturbed, which shows the calls and how often each is used; a call without a row fails the test, and so
 // does a row without a call. Then it runs once more for each row and each use, in a fresh world; of very many
 // uses the first thirty, each fifth and the last are taken.
 #pragma once

@@ -5,7 +5,7 @@
 #include <cstddef>
 
 // While one exists, allocations with new on this thread fail if they ask for at least so many bytes: the
-// first `spared` of these succeed, then so many fail, all others succeed again. What the stand-in for Win32
+// first `spared` of these succeed, then this many fail, all others succeed again. What the stand-in for Win32
 // allocates never fails.
 class ScarceMemory {
 public:

@@ -1,4 +1,4 @@
-// All that a run can leave behind it, to be compared as a whole: that nothing else has been written shows in
+// Everything that a run can leave, to be compared as a whole: that nothing else has been written shows in
 // no other way.
 #pragma once
 

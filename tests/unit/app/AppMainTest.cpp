@@ -21,7 +21,7 @@ std::wstring MessageOfAMissingDialog() {
     return WinLib::Win32Error().Message;
 }
 
-// The text of a message box comes without the line end behind it.
+// The text of a message box comes without the line end after it.
 void TrimEnd(std::wstring& text) {
     text.erase(text.find_last_not_of(L"\r\n ") + 1);
 }

@@ -60,7 +60,7 @@ void CloseMainWindow() {
     const std::vector<HWND> dialogs = Dialogs();
     ASSERT_EQ(dialogs.size(), 1u);
     const HWND mainWindow = dialogs[0];
-    // The main window comes behind the pages that it makes while it is being created.
+    // The main window comes after the pages that it makes while it is being created.
     EXPECT_EQ(WinLib::Application::Current()->Dialogs.back(), mainWindow);
     bigIcon = IconSize(mainWindow, ICON_BIG);
     smallIcon = IconSize(mainWindow, ICON_SMALL);

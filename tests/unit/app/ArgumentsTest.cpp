@@ -35,7 +35,7 @@ const Row Lines[] = {
     {L"\" \"", {L" "}},
     {L"key \"  C:\\Data  \"", {L"key", L"  C:\\Data  "}},
 
-    // A quote ends a piece wherever it stands.
+    // A quote ends a piece at any position.
     {L"ab\"c d\"e", {L"ab", L"c d", L"e"}},
     {L"\"a\"\"b\"", {L"a", L"b"}},
     {L"\"a\"b", {L"a", L"b"}},

@@ -54,7 +54,7 @@ OwnedWindow MakeWindow(HWND parent) {
 }
 
 OwnedWindow MakeDialog(HWND parent) {
-    // A template without controls: menu, class and title are empty texts behind it.
+    // A template without controls: menu, class and title are empty texts after it.
     struct {
         DLGTEMPLATE dialog;
         WORD menu, windowClass, title;

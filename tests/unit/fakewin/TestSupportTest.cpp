@@ -1,4 +1,4 @@
-// What the tests themselves stand on.
+// The tests' own support.
 #include <gtest/gtest.h>
 
 #include "support/TempFolder.h"

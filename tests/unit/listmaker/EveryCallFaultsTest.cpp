@@ -1,4 +1,4 @@
-// Whole jobs in which each use of each call fails: without a dialog, behind one, behind one that cannot be
+// Whole jobs in which each use of each call fails: without a dialog, with one, with one that cannot be
 // made, and on a folder that is not there.
 #include <gtest/gtest.h>
 
@@ -167,7 +167,7 @@ TEST_F(EveryCallOfAJob, OnAMissingFolderShowsOneMessageAndWritesNothing) {
     rows.push_back({Call::DialogBoxParamW, ERROR_ACCESS_DENIED, StartThrows});
     rows.push_back({Call::LoadImageW, ERROR_RESOURCE_NAME_NOT_FOUND, NothingShows});
     rows.push_back({Call::PostMessageW, ERROR_NOT_ENOUGH_MEMORY, OneEndMessageIsLost});
-    // The box that fails on the dialog stands on the owner.
+    // The box that fails on the dialog is shown on the owner.
     rows.push_back({Call::MessageBoxW, ERROR_NOT_ENOUGH_MEMORY, NothingShows});
     const Situation situation{[this] { PrepareWithDialog(); }, [this] { RunWithDialog(Missing); }};
     TestSupport::FailEveryCall<Row>(situation, rows, [&](const Row& row, const Failure& failure) {

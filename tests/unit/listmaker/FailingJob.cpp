@@ -113,7 +113,7 @@ void Prepare() {
     AddFile(L"C:\\Photos\\e.txt", 2007);
     FakeWin::AddFile(FirstName, OldList);
     FakeWin::SetTickStep(51);
-    // What stands in the buffer for stamps.
+    // The contents of the buffer for stamps.
     FormatFileTime(FakeWin::MakeFileTime(1999, 1, 1));
 }
 

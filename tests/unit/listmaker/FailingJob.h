@@ -1,5 +1,5 @@
 // A job in a world of its own that uses every call the program has for scanning, writing and opening, and
-// what such a job must leave behind it.
+// what such a job must leave.
 #pragma once
 
 #include <optional>
@@ -68,7 +68,7 @@ struct Row {
 // What a flat list without headings holds in their place.
 std::vector<Line> FlatLines();
 
-// The rows of the calls that every job makes, whoever looks on.
+// The rows of the calls that every job makes, with or without a listener.
 std::vector<Row> Rows();
 
 // Those of a scan that fails at its first folder.

@@ -54,7 +54,7 @@ void IsUnknown(Outcome& outcome, const Failure& failure) {
     UnknownError(outcome, failure.subject);
 }
 
-// The folder whose enumeration takes this step: each takes one for every entry behind the first, which is
+// The folder whose enumeration takes this step: each takes one for every entry after the first, which is
 // ".", and one for its end.
 void BreaksOff(Outcome& outcome, const Failure& failure) {
     const struct {
@@ -99,7 +99,7 @@ void DateIsMissing(Outcome& outcome, const Failure& failure) {
     outcome.lines[Stamps(outcome)[Index(failure.use)]].date.clear();
 }
 
-// What the one buffer for all stamps holds behind the date is the time that was formatted last.
+// What the one buffer for all stamps has after the date is the time that was formatted last.
 void TimeIsTheOneBefore(Outcome& outcome, const Failure& failure) {
     const std::vector<size_t> stamps = Stamps(outcome);
     const size_t stamp = Index(failure.use);

@@ -51,7 +51,7 @@ struct Span {
 };
 
 // The allocations of the scan, counted from where the worker begins. Before them the result takes its own and
-// behind them the status does, which nothing guards.
+// after them the status does, which nothing guards.
 Span AllocationsOfTheScan() {
     const long live = ScarceMemory::Live();
     const Scanner::Result result;

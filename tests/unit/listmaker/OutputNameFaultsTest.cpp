@@ -15,7 +15,7 @@ Preset TemporaryPreset() {
     return preset;
 }
 
-// A folder path of so many characters, with a backslash behind it.
+// A folder path of this many characters, with a trailing backslash.
 std::wstring PathOfLength(size_t length) {
     std::wstring path = L"C:\\";
     path.resize(length - 1, L'x');

@@ -17,7 +17,7 @@ Preset MakePreset(SaveLocation location, const std::wstring& customFolder, bool 
     return preset;
 }
 
-// With a backslash behind it.
+// With a trailing backslash.
 std::wstring TemporaryFolder() {
     std::wstring folder(300, L'\0');
     folder.resize(GetTempPathW(300, folder.data()));
@@ -44,7 +44,7 @@ TEST(OutputName, NamesTheLastPartOfThePath) {
         {L"Z:\\", L"List of Z.txt"},
         {L"a:\\", L"List of a.txt"},
         {L"z:\\", L"List of z.txt"},
-        // What stands beside the letters is no drive.
+        // What is beside the letters is no drive.
         {L"1:\\", L"List of .txt"},
         {L"@:\\", L"List of .txt"},
         {L"[:\\", L"List of .txt"},
@@ -53,7 +53,7 @@ TEST(OutputName, NamesTheLastPartOfThePath) {
         {L"\u00C4:\\", L"List of .txt"},
         {L"C:xy", L"List of .txt"},
         {L"C:\\x", L"List of x.txt"},
-        // Nothing behind the last backslash, or no backslash at all.
+        // Nothing after the last backslash, or no backslash at all.
         {L"C:\\Data\\", L"List of .txt"},
         {L"C:/Data/", L"List of .txt"},
         {L"Photos", L"List of .txt"},

@@ -37,8 +37,8 @@ void RaceRecord::Judge(const Outcome& outcome, bool fails) {
             Complain(what);
     };
     require(Finishing, "the worker did not come to Finish");
-    require(outcome.started || Background.tried, "Start told of a background that nobody asked for");
-    require(!outcome.started || FinishingAtReturn, "Start told of an end that had not come");
+    require(outcome.started || Background.tried, "Start returned a background that was not requested");
+    require(!outcome.started || FinishingAtReturn, "Start returned an end that had not come");
 
     require(Errors == (fails ? 1 : 0), "not one error for a missing folder and none for another");
     if (outcome.boxes != Errors)
@@ -51,7 +51,7 @@ void RaceRecord::Judge(const Outcome& outcome, bool fails) {
     require(outcome.listExists == Document, "the list file is there without a document or missing with one");
     require(!outcome.listExists || outcome.listIsComplete, "the list is not complete");
     require(!fails || !Document, "a document in spite of an error");
-    require(fails || Document || Cancel.tried, "no document though nobody has cancelled");
+    require(fails || Document || Cancel.tried, "no document though the job was not cancelled");
     require(!Document || !CancelledBeforeScan || Background.tried, "a document in spite of a cancel");
 }
 
@@ -70,7 +70,7 @@ bool RacingJob::Start() {
     record_.FinishingAtReturn = record_.Finishing.load();
     record_.StartReturned = true;
     if (ended && !IsFinished())
-        record_.Complain("Start told of an end and the job is not finished");
+        record_.Complain("Start returned an end and the job is not finished");
     return ended;
 }
 
@@ -103,9 +103,9 @@ bool RacingJob::IsCancelled() {
     const bool mustNotBe = record_.StartReturned;
     const bool is = ListMakerWithUI::IsCancelled();
     if (is && !record_.Cancel.tried)
-        record_.Complain("cancelled by nobody");
+        record_.Complain("cancelled without a press");
     if (is && mustNotBe)
-        record_.Complain("cancelled behind the end of the dialog");
+        record_.Complain("cancelled after the end of the dialog");
     if (!is && mustBe && !record_.Background.tried)
         record_.Complain("a cancel was not seen");
     record_.SawCancel = is;
@@ -118,7 +118,7 @@ void RacingJob::Finish() {
     record_.Step();
     ListMakerWithUI::Finish();
     if (!IsFinished())
-        record_.Complain("not finished behind Finish");
+        record_.Complain("not finished after Finish");
     record_.Ended = true;
     record_.Step();
 }

@@ -10,7 +10,7 @@
 
 #include "listmaker/ListMakerWithUI.h"
 
-// How many starts a test makes: usual, or what TAMBLEWICK_STARTS in the environment tells.
+// How many starts a test makes: usual, or TAMBLEWICK_STARTS of the environment.
 int StartsToMake(int usual);
 
 // Outlives its job. All of it from any thread.
@@ -19,7 +19,7 @@ public:
     // A press of "Cancel" or "Background"; press() returns whether the dialog took it.
     void Press(int button, const std::function<bool()>& press);
 
-    // What was found behind a start, when the job is gone.
+    // What was found after a start, when the job is destroyed.
     struct Outcome {
         bool started;         // what Start returned
         bool listExists;      // the file
@@ -29,15 +29,15 @@ public:
         bool hasOwner;
     };
 
-    // Notes what is wrong with an outcome. fails tells that the folder is missing.
+    // Notes what is wrong with an outcome. fails is whether the folder is missing.
     void Judge(const Outcome& outcome, bool fails);
 
     // All contradictions so far, one to a line.
     std::string Complaints() const;
     void Complain(const std::string& what);
 
-    // One more step of the worker: each begin and end of what it tells or asks, the last one behind the end
-    // of Finish. AtStep gets the number of steps, on the worker.
+    // One more step of the worker: each begin and end of its reports and questions, the last one after the
+    // end of Finish. AtStep gets the number of steps, on the worker.
     void Step();
     std::function<void(int)> AtStep = [](int) {};
     std::atomic<int> Steps = 0;
@@ -45,7 +45,7 @@ public:
 
     struct Button {
         std::atomic<bool> tried = false;  // before the press
-        std::atomic<bool> taken = false;  // behind it
+        std::atomic<bool> taken = false;  // after it
     };
     Button Cancel;
     Button Background;
@@ -56,7 +56,7 @@ public:
     std::atomic<int> Errors = 0;
     std::atomic<bool> Finishing = false;
     std::atomic<bool> FinishingAtReturn = false;
-    std::atomic<bool> Ended = false;  // behind Finish
+    std::atomic<bool> Ended = false;  // after Finish
 
 private:
     mutable std::mutex mutex_;

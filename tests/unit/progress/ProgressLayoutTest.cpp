@@ -1,4 +1,4 @@
-// Where everything lies, to the pixel: the stand-in's template has two pixels to the dialog unit.
+// The places of all controls, to the pixel: the stand-in's template has two pixels to the dialog unit.
 #include <gtest/gtest.h>
 
 #include <ostream>

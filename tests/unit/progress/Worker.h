@@ -1,5 +1,5 @@
 // A job's thread as the program handles it: what it sends to the windows of this thread is served until it
-// has come to its end, since a call such as EndDialog stands still otherwise.
+// has come to its end, since a call such as EndDialog blocks otherwise.
 #pragma once
 
 #include <atomic>

@@ -56,8 +56,8 @@ TEST(Comparator, ComparesDigitsAsTextOrAsNumbers) {
     ExpectBefore(natural, Named(L"file9"), Named(L"file10"));
 }
 
-// Around each pair of digits stands what other languages join, swap, weigh little or put together of two
-// units.
+// Around each pair of digits are characters that other languages join, swap, weigh little or put together of
+// two units.
 TEST(Comparator, OrdersDigitsAsTheSystemDoesWhateverStandsAroundThem) {
     const std::wstring beginnings[] = {L"",       L"a",      L"ch",     L"-",      L"co-",    L"'",
                                        L"IMG_",   L"1",      L"09",     L" ",      L"\u00E4", L"a\u0308",

@@ -1,5 +1,5 @@
 // Small scans in which the first allocation fails, then the second, and so on to the last: each time the scan
-// ends in silence and leaves nothing behind.
+// ends silently and leaks nothing.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -15,7 +15,7 @@ using namespace Scanner;
 
 namespace {
 
-// Takes no memory, which the test could not tell from the scan's.
+// Takes no memory, which the test could not distinguish from the scan's.
 class CountingListener : public Listener {
 public:
     void OnProgress(const std::wstring&, const std::wstring&) override { ++progress; }
@@ -73,7 +73,7 @@ struct Attempt {
     bool thrown;
 };
 
-// One scan in which so many allocations fail behind the spared ones; a scan that goes well must give these
+// One scan in which this many allocations fail after the spared ones; a scan that goes well must give these
 // lines.
 Attempt ScanWith(Options options, CountingListener& listener, int spared, int failing,
                  const std::vector<std::wstring>& lines) {

@@ -54,7 +54,7 @@ TEST(JoinPath, JoinsTwoParts) {
         {L"\\\\", L"", L"\\"},
         {L"\\\\", L"x", L"\\\\x"},
         {L"\\", L"x", L"\\\\x"},
-        // With nothing in front the second part stands alone, and may be a network path itself.
+        // With nothing in front the second part is alone, and may be a network path itself.
         {L"", L"x", L"x"},
         {L"", L"C:\\Data\\", L"C:\\Data"},
         {L"", L"\\\\server\\share\\", L"\\\\server\\share"},

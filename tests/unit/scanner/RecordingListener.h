@@ -1,4 +1,4 @@
-// A listener that writes down what a scan tells it, in order, and answers as a test wishes.
+// A listener that records what a scan reports, in order, and answers as a test wishes.
 #pragma once
 
 #include <algorithm>

@@ -185,7 +185,7 @@ TEST_F(ScanFaults, AsksAboutRefusedFoldersAsAnswered) {
         EXPECT_TRUE(recording.Only(L"error").empty());
         EXPECT_EQ(Find(fresh.root, L"a").flags, 1u);
         EXPECT_EQ(Find(fresh.root, L"c").flags, row.result ? 1u : 0u);
-        EXPECT_EQ(recording.calls == row.questions, !row.result) << "nothing is asked behind Cancel";
+        EXPECT_EQ(recording.calls == row.questions, !row.result) << "nothing is asked after Cancel";
     }
 }
 
@@ -229,7 +229,7 @@ TEST_F(ScanFaults, TiesByCodeWithoutRegardToCase) {
     EXPECT_EQ(FileNames(byExtension.root), (Names{L"README.doc", L"readme.txt"}));
 }
 
-// A name that stands before another by code and behind it by language: the comparison that fails turns round
+// A name that precedes another by code and follows it by language: the comparison that fails turns round
 // what the sort has just seen, wherever in the sort it is.
 TEST_F(ScanFaults, KeepsEveryEntryWhenOneComparisonTurnsRound) {
     const Names names = {L"\x00D6", L"zb", L"za", L"zd", L"zc"};

@@ -1,4 +1,4 @@
-// When a walk reports and asks, by a clock that stands still until it is moved.
+// When a walk reports and asks, by a clock that only moves when it is set.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -35,7 +35,7 @@ protected:
 
     bool Run() { return Scan(result, options, L"C:\\Data"); }
 
-    // What was called before the stage behind the walk.
+    // What was called before the stage after the walk.
     Names CallsOfTheWalk() const {
         Names calls = listener.calls;
         for (std::size_t i = 0; i < calls.size(); ++i) {
@@ -85,7 +85,7 @@ TEST_F(ScanProgress, SurvivesTheEndOfTheClock) {
     FakeWin::SetTickCount(0xFFFFFFFF);
     FakeWin::SetTickStep(30);
     EXPECT_TRUE(Run());
-    // 30 since the start at C:\Data, where the clock stands at 29; 60 at a; from there 30 at b, 60 at c.
+    // 30 since the start at C:\Data, where the clock is at 29; 60 at a; from there 30 at b, 60 at c.
     EXPECT_EQ(CallsOfTheWalk(),
               (Names{Scanning(L"C:\\Data\\a"), Cancelled, Scanning(L"C:\\Data\\c"), Cancelled}));
 }

@@ -9,7 +9,7 @@
 #include "scanner/FlatLists.h"
 #include "scanner/Result.h"
 
-// What stands in a folder.
+// The contents of a folder.
 struct TestEntry {
     bool isFolder;
     std::wstring name;

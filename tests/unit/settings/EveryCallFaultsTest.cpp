@@ -34,7 +34,7 @@ void StoreDefaults() {
         Preset(key).Save();
 }
 
-// Every value differs from its default; the second preset stands above the first.
+// Every value differs from its default; the second preset is above the first.
 void StoreOtherValues() {
     MainSettings settings;
     settings.Get(MainSettings::WindowPosX) = 1;

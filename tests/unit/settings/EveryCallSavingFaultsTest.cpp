@@ -1,5 +1,5 @@
 // Storing and deleting while each use of each call fails: what cannot be written or deleted stays as it was,
-// all else is stored or gone, and nobody is told.
+// everything else is stored or deleted, and no error is reported.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -200,7 +200,7 @@ TEST_F(EveryCallOfStoring, RenumbersAllTheSame) {
     });
 }
 
-// The values of the template are not stored yet: in the registry stands a preset with defaults.
+// The values of the template are not stored yet: the registry has a preset with defaults.
 TEST_F(EveryCallOfStoring, CreatesAPresetAllTheSame) {
     const Situation create{[&] { Prepare(); }, [&] { settings_->CreateFromTemplate(1); }};
     TestSupport::FailEveryCall<Row>(create, SaveRows, [&](const Row& row, const Failure& failure) {

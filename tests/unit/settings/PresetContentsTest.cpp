@@ -26,7 +26,7 @@ void Collect(const TestRegistry& registry, const std::wstring& key, const std::w
     }
 }
 
-// What stands under the key against what must, with nothing over.
+// Compares the values under the key with the expected ones; there must be no others.
 void ExpectContents(const TestRegistry& registry, const std::wstring& key, const Contents& expected) {
     Contents actual;
     Collect(registry, key, L"", actual);

@@ -55,7 +55,7 @@ TEST(PresetStorage, DamagedValuesKeepTheirDefaultsAndTheOthersAreRead) {
     expected.enableUtf8 = true;
     expected.indentSize = 1;
     expected.customProgramPath = L"";
-    expected.folderColumns[2] = 1;  // the default of that place, so a column stands twice in the array
+    expected.folderColumns[2] = 1;  // the default of that place, so a column is in the array twice
     expected.folderEnabled[11] = 0;
     expected.saveLocation = SaveLocation::Temporary;
     expected.customFolderPath = L"";

@@ -139,7 +139,7 @@ TEST(PresetTable, TheRowIndicesOfTheClassNameTheirRows) {
     EXPECT_EQ(name(Preset::Sorting, Sorting::FileSortOrder), "FileSortOrder");
 }
 
-// Names are unique without regard to case, as the registry has them; fields lie behind one another and
+// Names are unique without regard to case, as the registry has them; fields follow each other and
 // within their record.
 void ExpectSound(const FieldRow* table, size_t recordSize) {
     std::set<std::string> names;

@@ -1,5 +1,5 @@
 // The three keys by which a context-menu handler is registered, for a handler that only tests know. They
-// stand in HKEY_CLASSES_ROOT itself, since not every system shows there what the current user's classes hold.
+// are in HKEY_CLASSES_ROOT itself, since not every system shows there what the current user's classes hold.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ public:
     const std::wstring Class = std::wstring(L"CLSID\\") + ClassId;
     const std::wstring Server = Class + L"\\InProcServer32";
 
-    // Registers a handler whose module stands at this path.
+    // Registers a handler whose module has this path.
     void Register(const std::wstring& modulePath) const {
         Set(Directory, ClassId);
         Set(Drive, ClassId);

@@ -106,7 +106,7 @@ TEST_F(ShellExtensionTest, AValueOfAnotherTypeIsAbsent) {
     }
 }
 
-// No module stands beside this program, so regsvr32 starts and fails.
+// There is no module beside this program, so regsvr32 starts and fails.
 TEST_F(ShellExtensionTest, ARegistrationThatFailsStillWasStarted) {
     EXPECT_TRUE(extension_.Register());
     EXPECT_FALSE(extension_.IsRegistered());

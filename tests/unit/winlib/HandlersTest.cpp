@@ -9,7 +9,7 @@ using namespace WinLib::Handlers;
 
 namespace {
 
-// Writes down which operation was called with what, and answers as told.
+// Records which operation was called with which arguments, and returns what the test sets.
 class Probe : public Handler<WM_DESTROY>,
               public Handler<WM_SIZE>,
               public Handler<WM_PAINT>,

@@ -125,7 +125,7 @@ TEST_F(RegistryKeyTest, ReadStringListAppendsUpToTheFirstEmptyString) {
 }
 
 TEST_F(RegistryKeyTest, ReadStringListOfAnOddNumberOfBytesIsSafe) {
-    // The half of a unit behind the last whole one takes up one of the zeros that end the list.
+    // The half of a unit after the last whole one takes up one of the zeros that end the list.
     Store(REG_MULTI_SZ, TextData({L"a\0b", 3}) + "\x63");
     std::vector<std::wstring> list;
     EXPECT_TRUE(key_.ReadStringList(L"Value", list));

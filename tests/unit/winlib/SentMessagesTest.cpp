@@ -32,7 +32,7 @@ TEST(SentMessages, ReturnsAtOnceWhenThereIsNothingToWaitFor) {
     EXPECT_EQ(asked, 1);
 }
 
-// Each of the worker's calls stands still until this thread serves it.
+// Each of the worker's calls blocks until this thread serves it.
 TEST(SentMessages, AreServedWhileWaiting) {
     const HWND window = TestWindows::MakeWindow(Count);
     sentCount = 0;

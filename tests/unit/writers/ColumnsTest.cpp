@@ -25,7 +25,7 @@ void SetTimes(Scanner::Record& record) {
     record.lastTimeWritten = Ticks(116444736000000000);
 }
 
-// C:\Data\Top\Sub with two folders and three files, of which "a.b.txt" is the one in hand. The walk's path
+// C:\Data\Top\Sub with two folders and three files, of which "a.b.txt" is the current one. The walk's path
 // differs from the records, so that a cell shows where it took its path from.
 struct Cells : testing::Test {
     Cells() {

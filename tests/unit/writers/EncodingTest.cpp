@@ -37,7 +37,7 @@ TEST(Encoding, TurnsUnitsIntoBytes) {
         {"first of three bytes", Units({0x800}), "\xE0\xA0\x80"},
         {"last before the surrogates", Units({0xD7FF}), "\xED\x9F\xBF"},
         {"last of three bytes", Units({0xFFFF}), "\xEF\xBF\xBF"},
-        {"ASCII before and behind", Units({'a', 0xE4, 'b', 0x20AC, 'c'}),
+        {"ASCII before and after", Units({'a', 0xE4, 'b', 0x20AC, 'c'}),
          "a\xC3\xA4"
          "b\xE2\x82\xAC"
          "c"},
@@ -53,7 +53,7 @@ TEST(Encoding, TurnsUnitsIntoBytes) {
         {"lead takes a lead", Units({0xD800, 0xD800}), "\xEF\xB0\x80"},
         {"lead takes the highest unit", Units({0xDBFF, 0xFFFF}), "\xF4\x91\xBF\xBF"},
         {"lead at the end", Units({0xD800}), "\xE2\x90\x80"},
-        {"lead behind letters at the end", Units({'a', 0xD83D}), "a\xF0\x91\xA0\x80"},
+        {"lead after letters at the end", Units({'a', 0xD83D}), "a\xF0\x91\xA0\x80"},
     };
     for (const Row& row : rows)
         EXPECT_EQ(Encoded(row.text), row.bytes) << row.what;

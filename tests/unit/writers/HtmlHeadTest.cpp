@@ -7,7 +7,7 @@
 
 namespace {
 
-// The style sheet as it stands on the disk, but for the CR before each line feed.
+// The style sheet as written to the disk, but for the CR before each line feed.
 constexpr std::string_view StyleSheet = R"(
 	<style type="text/css">
 		body

@@ -34,7 +34,7 @@ ListPreset Names() {
     return preset;
 }
 
-// What stands behind the line with the opening tag of the body.
+// The text after the line with the opening tag of the body.
 std::string BodyOf(const Preset& preset, const ScanTree& tree) {
     const std::string list = ListOf(preset, tree);
     const std::string opening = "</head>\r\n<body>\r\n";

@@ -48,15 +48,15 @@ public:
     ListPreset& Sizes(SizeStyle style);
     ListPreset& Headers(bool shown = true);
 
-    // Shows these columns at the first positions and none behind them.
+    // Shows these columns at the first positions and none after them.
     ListPreset& Folders(std::initializer_list<FolderColumn> columns);
     ListPreset& Files(std::initializer_list<FileColumn> columns);
 };
 
-// The lines with an end of line behind each, as they stand on the disk.
+// The lines with an end of line after each, as written to the disk.
 std::string Lines(std::initializer_list<std::string_view> lines);
 
-// The whole list file of a tree, with an asterisk in the place of the moment behind "Created: ".
+// The whole list file of a tree, with an asterisk in the place of the moment after "Created: ".
 std::string ListOf(const Preset& preset, const ScanTree& tree);
 
 // A writer whose steps do nothing, for cells on their own.

@@ -1,4 +1,4 @@
-// The exchange of tree items with all that stands below them.
+// The exchange of tree items with everything below them.
 
 #include "winlib/controls/TreeView.h"
 
