@@ -8,18 +8,18 @@
 
 namespace {
 
-std::size_t live = 0;
-std::size_t peak = 0;
+size_t live = 0;
+size_t peak = 0;
 
 }  // namespace
 
 namespace Memory {
 
-std::size_t Live() {
+size_t Live() {
     return live;
 }
 
-std::size_t Peak() {
+size_t Peak() {
     return peak;
 }
 
@@ -31,20 +31,20 @@ void ResetPeak() {
 
 // All forms, since under a sanitizer none of them calls another.
 
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+void* operator new(size_t size, const std::nothrow_t&) noexcept {
     void* const memory = std::malloc(size);
     live += malloc_usable_size(memory);
     peak = std::max(peak, live);
     return memory;
 }
 
-void* operator new(std::size_t size) {
+void* operator new(size_t size) {
     if (void* const memory = operator new(size, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }
 
-void* operator new[](std::size_t size) {
+void* operator new[](size_t size) {
     return operator new(size);
 }
 
@@ -53,7 +53,7 @@ void operator delete(void* memory) noexcept {
     std::free(memory);
 }
 
-void operator delete(void* memory, std::size_t) noexcept {
+void operator delete(void* memory, size_t) noexcept {
     operator delete(memory);
 }
 
@@ -65,6 +65,6 @@ void operator delete[](void* memory) noexcept {
     operator delete(memory);
 }
 
-void operator delete[](void* memory, std::size_t) noexcept {
+void operator delete[](void* memory, size_t) noexcept {
     operator delete(memory);
 }

@@ -6,8 +6,8 @@
 namespace Memory {
 
 // Now, and at most since the last ResetPeak; in bytes as the allocator rounds them.
-std::size_t Live();
-std::size_t Peak();
+size_t Live();
+size_t Peak();
 void ResetPeak();
 
 }  // namespace Memory

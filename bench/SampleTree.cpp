@@ -18,7 +18,7 @@ std::wstring Scramble(int64_t number) {
 
 std::wstring FileName(int64_t number) {
     constexpr std::array Extensions = {L".txt", L".jpg", L".mp3", L".html", L""};
-    return L"File " + Scramble(number) + Extensions[static_cast<std::size_t>(number) % Extensions.size()];
+    return L"File " + Scramble(number) + Extensions[static_cast<size_t>(number) % Extensions.size()];
 }
 
 }  // namespace
@@ -34,7 +34,7 @@ void MakeSampleTree(int64_t entries) {
     const int64_t folderCount = entries / (1 + FilesInAFolder);
     std::vector<std::wstring> folders = {SampleRoot};
     for (int64_t number = 1; number <= folderCount; ++number) {
-        const auto parent = static_cast<std::size_t>((number - 1) / SubfoldersOfAFolder);
+        const auto parent = static_cast<size_t>((number - 1) / SubfoldersOfAFolder);
         folders.push_back(folders[parent] + L"\\Folder " + Scramble(number));
         FakeWin::AddFolder(folders.back());
         for (int64_t file = 0; file < FilesInAFolder; ++file) {
@@ -65,6 +65,6 @@ void CountTime(benchmark::State& state) {
                            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
-void CountBytes(benchmark::State& state, const char* name, std::size_t bytes) {
+void CountBytes(benchmark::State& state, const char* name, size_t bytes) {
     state.counters[name] = static_cast<double>(bytes) / static_cast<double>(state.range(0));
 }

@@ -35,4 +35,4 @@ void AtAllSizes(benchmark::internal::Benchmark* benchmark);
 void CountTime(benchmark::State& state);
 
 // Adds a number of bytes as a share of each entry.
-void CountBytes(benchmark::State& state, const char* name, std::size_t bytes);
+void CountBytes(benchmark::State& state, const char* name, size_t bytes);

@@ -37,10 +37,10 @@ void BareWalk(benchmark::State& state) {
 // two on Windows, so names weigh double.
 void ScanWith(benchmark::State& state, const Scanner::Options& options) {
     MakeSampleTree(state.range(0));
-    std::size_t held = 0;
-    std::size_t peak = 0;
+    size_t held = 0;
+    size_t peak = 0;
     for (auto _ : state) {
-        const std::size_t before = Memory::Live();
+        const size_t before = Memory::Live();
         Memory::ResetPeak();
         Scanner::Result result;
         if (!Scan(result, options, SampleRoot))

@@ -60,11 +60,11 @@ void SortFlatFiles(benchmark::State& state, const std::vector<SortKey>& keys) {
     if (!ScanSample(state, result, true))
         return;
     const Comparator comparator(keys, false, true);
-    std::size_t peak = 0;
+    size_t peak = 0;
     for (auto _ : state) {
         state.PauseTiming();
         Shuffle(result.root);
-        const std::size_t before = Memory::Live();
+        const size_t before = Memory::Live();
         Memory::ResetPeak();
         state.ResumeTiming();
         SortFiles(result.root.files, comparator);

@@ -25,7 +25,7 @@ void WriteWith(benchmark::State& state, const Preset& preset) {
         state.SkipWithError("the scan failed");
         return;
     }
-    std::size_t bytes = 0;
+    size_t bytes = 0;
     for (auto _ : state) {
         WriteList(preset, result.root, OutputPath);
         state.PauseTiming();

@@ -49,9 +49,8 @@ bool Write(std::FILE* stream, std::wstring_view text) {
 }
 
 void Print(std::wstring_view text) {
-    if (!Write(stdout, text)) {
+    if (!Write(stdout, text))
         throw std::runtime_error("the output could not be written");
-    }
 }
 
 int Fail(const std::wstring& message) {
@@ -74,18 +73,16 @@ int ListPresets() {
 }
 
 int ListTemplates() {
-    for (uint32_t number = 0; number < TemplateCount; ++number) {
+    for (uint32_t number = 0; number < TemplateCount; ++number)
         Print(std::to_wstring(number) + L"\t" + TemplateNames[number] + L"\n");
-    }
     return 0;
 }
 
 // The template of this number or name; TemplateCount if there is none.
 uint32_t FindTemplate(const std::wstring& text) {
     uint32_t number = 0;
-    while (number < TemplateCount && text != std::to_wstring(number) && text != TemplateNames[number]) {
+    while (number < TemplateCount && text != std::to_wstring(number) && text != TemplateNames[number])
         ++number;
-    }
     return number;
 }
 
@@ -102,18 +99,15 @@ std::wstring WaitForFreeKey(MainSettings& settings) {
 
 int NewPreset(const Arguments& arguments) {
     const uint32_t number = FindTemplate(arguments[1]);
-    if (number == TemplateCount) {
+    if (number == TemplateCount)
         return Fail(L"no such template: " + arguments[1]);
-    }
     MainSettings settings;
     settings.LoadAll();
     Preset& preset = settings.CreateFromTemplate(number, WaitForFreeKey(settings));
-    if (arguments.size() == 3) {
+    if (arguments.size() == 3)
         preset.Get(Preset::Name) = arguments[2];
-    }
-    if (!preset.Save()) {
+    if (!preset.Save())
         return Fail(L"the preset could not be stored");
-    }
     Print(preset.Key() + L"\n");
     return 0;
 }
@@ -122,9 +116,8 @@ int RemovePreset(const Arguments& arguments) {
     MainSettings settings;
     settings.LoadAll();
     const Preset* preset = settings.FindPreset(arguments[1]);
-    if (!preset) {
+    if (!preset)
         return Fail(L"no such preset: " + arguments[1]);
-    }
     preset->DeleteKey();
     settings.Remove(*preset);
     settings.Renumber();
@@ -134,18 +127,14 @@ int RemovePreset(const Arguments& arguments) {
 int Run(const Arguments& arguments) {
     const size_t count = arguments.size();
     const std::wstring command = count > 0 ? arguments[0] : L"";
-    if (command == L"list" && count == 1) {
+    if (command == L"list" && count == 1)
         return ListPresets();
-    }
-    if (command == L"templates" && count == 1) {
+    if (command == L"templates" && count == 1)
         return ListTemplates();
-    }
-    if (command == L"new" && (count == 2 || count == 3)) {
+    if (command == L"new" && (count == 2 || count == 3))
         return NewPreset(arguments);
-    }
-    if (command == L"remove" && count == 2) {
+    if (command == L"remove" && count == 2)
         return RemovePreset(arguments);
-    }
     if (command == L"--help" && count == 1) {
         Print(Usage);
         return 0;

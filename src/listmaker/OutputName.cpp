@@ -59,7 +59,7 @@ std::wstring OutputName(const Preset& preset, const std::wstring& path) {
     const bool overwrite = preset.Get(Saving::OverwriteExisting);
 
     std::wstring name = Scanner::JoinPath(folder, base + extension);
-    for (uint64_t counter = 2; Exists(name) && !overwrite; counter++)
+    for (uint64_t counter = 2; Exists(name) && !overwrite; ++counter)
         name = Scanner::JoinPath(folder, base + L" (" + std::to_wstring(counter) + L")" + extension);
     return name;
 }

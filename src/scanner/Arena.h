@@ -10,7 +10,7 @@
 
 namespace Scanner {
 
-template <typename T, std::size_t Capacity>
+template <typename T, size_t Capacity>
 class Arena {
     static_assert(std::is_trivially_default_constructible_v<T> && std::is_trivially_destructible_v<T>);
 
@@ -25,7 +25,7 @@ public:
 
     // Returns count uninitialised, adjacent objects. If they do not fit into the rest of the block, that rest
     // stays unused. Throws std::bad_alloc, also if count exceeds the size of a block.
-    T* Allocate(std::size_t count) {
+    T* Allocate(size_t count) {
         if (count > Capacity - used_) {
             if (count > Capacity)
                 throw std::bad_alloc();
@@ -37,14 +37,14 @@ public:
     }
 
 private:
-    static constexpr std::size_t ReservedBlocks = 128;
+    static constexpr size_t ReservedBlocks = 128;
 
     void AddBlock() {
         blocks_.push_back(std::make_unique_for_overwrite<T[]>(Capacity));
         used_ = 0;
     }
 
-    std::size_t used_ = 0;  // of the newest block
+    size_t used_ = 0;  // of the newest block
     std::vector<std::unique_ptr<T[]>> blocks_;
 };
 

@@ -123,7 +123,7 @@ Comparator::Comparator(const std::vector<SortKey>& keys, bool folderMode, bool n
 
     std::array<bool, Functions.size()> used = {};
     for (const SortKey& key : keys) {
-        const auto number = static_cast<std::size_t>(key.key);
+        const auto number = static_cast<size_t>(key.key);
         if (number >= used.size() || used[number])
             break;
         if (Functions[number] == nullptr)

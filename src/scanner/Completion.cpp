@@ -14,7 +14,7 @@ namespace {
 
 constexpr wchar_t Status[] = L"Post processing...";
 
-std::wstring SortingList(const wchar_t* kind, std::size_t count) {
+std::wstring SortingList(const wchar_t* kind, size_t count) {
     return std::wstring(L"Sorting flattened ") + kind + L" list (" + std::to_wstring(count) + L" items)...";
 }
 

@@ -21,10 +21,9 @@ std::wstring NormalizePath(std::wstring_view text) {
 
     std::wstring path;
     path.reserve(text.size());
-    for (const wchar_t character : text) {
+    for (const wchar_t character : text)
         if (character != L'\\' || path.empty() || path.back() != L'\\')
             path += character;
-    }
     return path;
 }
 

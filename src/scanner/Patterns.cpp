@@ -60,9 +60,9 @@ bool Matches(const wchar_t* pattern, const wchar_t* text) {
 
 PatternList SplitPatterns(std::wstring_view text) {
     PatternList tokens;
-    std::size_t begin = 0;
+    size_t begin = 0;
     while (begin < text.size()) {
-        const std::size_t end = std::min(text.find(L':', begin), text.size());
+        const size_t end = std::min(text.find(L':', begin), text.size());
         if (end > begin)
             tokens.emplace_back(text.substr(begin, end - begin));
         begin = end + 1;
@@ -72,10 +72,9 @@ PatternList SplitPatterns(std::wstring_view text) {
 
 PatternList CompileSearchPatterns(std::wstring_view searchPattern) {
     PatternList patterns = SplitPatterns(searchPattern);
-    for (std::wstring& pattern : patterns) {
+    for (std::wstring& pattern : patterns)
         if (pattern.find_first_of(InvalidInFileName) == std::wstring::npos)
             ToLower(pattern);
-    }
     if (patterns.empty())
         patterns.emplace_back(L"*");
     return patterns;
@@ -93,10 +92,9 @@ PatternList CompileExcludedFolders(const std::vector<std::wstring>& excludedFold
 }
 
 bool MatchWildcard(const PatternList& patterns, const wchar_t* text) {
-    for (const std::wstring& pattern : patterns) {
+    for (const std::wstring& pattern : patterns)
         if (Matches(pattern.c_str(), text))
             return true;
-    }
     return false;
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 struct Visit {
     Node* node;
-    std::size_t nextChild;
+    size_t nextChild;
 };
 
 // REQUIRES: the records of the children are complete.
@@ -69,16 +69,17 @@ void PostProcess(Node& root, const Comparator& folderComparator, const Comparato
 
 void SortFolders(std::vector<Node>& folders, const Comparator& comparator) {
     if (comparator.HasKeys()) {
-        Sort(folders.begin(), folders.end(), [&comparator](const Node& a, const Node& b) {
-            return comparator.Compare(*a.folder, *b.folder);
-        });
+        Sort(
+            folders.begin(), folders.end(),
+            [&comparator](const Node& a, const Node& b) { return comparator.Compare(*a.folder, *b.folder); });
     }
 }
 
 void SortFiles(std::vector<File*>& files, const Comparator& comparator) {
     if (comparator.HasKeys())
-        Sort(files.begin(), files.end(),
-             [&comparator](const File* a, const File* b) { return comparator.Compare(*a, *b); });
+        Sort(
+            files.begin(), files.end(),
+            [&comparator](const File* a, const File* b) { return comparator.Compare(*a, *b); });
 }
 
 }  // namespace Scanner

@@ -10,7 +10,7 @@ namespace Scanner {
 
 class RecordPool {
 public:
-    static constexpr std::size_t BlockCapacity = 4681;  // just fits into 512 KiB
+    static constexpr size_t BlockCapacity = 4681;  // just fits into 512 KiB
 
     // Returns an uninitialised record. Throws std::bad_alloc.
     Record* Allocate() { return arena_.Allocate(1); }

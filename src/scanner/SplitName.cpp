@@ -12,8 +12,8 @@ void SplitName(File& file, StringPool& strings) {
     if (*whole == L'\0')
         return;
 
-    std::size_t index = 0;
-    std::size_t stemEnd = 0;  // directly after the dot
+    size_t index = 0;
+    size_t stemEnd = 0;  // directly after the dot
     do {
         ++index;
         if (whole[index] == L'.') {

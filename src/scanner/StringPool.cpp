@@ -5,7 +5,7 @@
 namespace Scanner {
 
 const wchar_t* StringPool::Duplicate(const wchar_t* text) {
-    const std::size_t count = std::wcslen(text) + 1;
+    const size_t count = std::wcslen(text) + 1;
     return std::wmemcpy(Allocate(count), text, count);
 }
 

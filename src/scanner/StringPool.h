@@ -9,11 +9,11 @@ namespace Scanner {
 
 class StringPool {
 public:
-    static constexpr std::size_t BlockCapacity = 131072;  // characters
+    static constexpr size_t BlockCapacity = 131072;  // characters
 
     // Returns memory for count characters, which include the terminating NUL. Throws std::bad_alloc, also if
     // count exceeds the size of a block.
-    wchar_t* Allocate(std::size_t count) { return arena_.Allocate(count); }
+    wchar_t* Allocate(size_t count) { return arena_.Allocate(count); }
 
     // Returns a copy of the NUL-terminated text. Throws as Allocate.
     const wchar_t* Duplicate(const wchar_t* text);

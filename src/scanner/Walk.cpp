@@ -23,10 +23,9 @@ constexpr std::array<DWORD, 8> MaskedAttributes = {
 
 DWORD AttributesOf(uint8_t attributeMask) {
     DWORD attributes = 0;
-    for (std::size_t bit = 0; bit < MaskedAttributes.size(); ++bit) {
+    for (size_t bit = 0; bit < MaskedAttributes.size(); ++bit)
         if (attributeMask >> bit & 1)
             attributes |= MaskedAttributes[bit];
-    }
     return attributes;
 }
 

@@ -27,9 +27,8 @@ int32_t Centre(LONG low, LONG high, uint32_t extent) {
 // Returns the names of all subkeys of the root key: the keys of the presets.
 std::vector<std::wstring> StoredKeys() {
     RegistryKey root;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, StorageKey, 0, KEY_READ, root.Receive()) != ERROR_SUCCESS) {
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, StorageKey, 0, KEY_READ, root.Receive()) != ERROR_SUCCESS)
         return {};
-    }
     return root.EnumerateSubkeys();
 }
 
@@ -80,11 +79,9 @@ Preset& MainSettings::CreateFromTemplate(uint32_t number, const std::wstring& ke
 }
 
 Preset* MainSettings::FindPreset(const std::wstring& key) {
-    for (const auto& preset : Presets) {
-        if (AreEqual(key, preset->Key())) {
+    for (const auto& preset : Presets)
+        if (AreEqual(key, preset->Key()))
             return preset.get();
-        }
-    }
     for (const std::wstring& name : StoredKeys()) {
         if (AreEqual(key, name)) {
             Presets.push_back(std::make_unique<Preset>(key));

@@ -49,11 +49,9 @@ bool Preset::Save() const {
 
 void Preset::DeleteKey() const {
     // The empty key is the root key, with all presets.
-    if (key_.empty()) {
+    if (key_.empty())
         return;
-    }
     RegistryKey root;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, StorageKey, 0, KEY_ALL_ACCESS, root.Receive()) == ERROR_SUCCESS) {
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, StorageKey, 0, KEY_ALL_ACCESS, root.Receive()) == ERROR_SUCCESS)
         root.DeleteTree(key_);
-    }
 }

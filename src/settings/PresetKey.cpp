@@ -19,8 +19,7 @@ std::wstring MakePresetKey() {
 
 std::wstring DrawPresetKey() {
     wchar_t key[KeyLength + 1] = {};
-    for (size_t i = 0; i < KeyLength; ++i) {
+    for (size_t i = 0; i < KeyLength; ++i)
         key[i] = KeyAlphabet[static_cast<size_t>(std::rand()) % std::size(KeyAlphabet)];
-    }
     return key;
 }

@@ -48,16 +48,14 @@ bool RunRegsvr32(const std::wstring& parameters) {
     info.lpFile = L"regsvr32.exe";
     info.lpParameters = parameters.c_str();
     info.nShow = SW_SHOWNORMAL;
-    if (!ShellExecuteExW(&info)) {
+    if (!ShellExecuteExW(&info))
         return false;
-    }
     // The process handle is not closed: one stays open for each call until the program ends.
     WaitForSingleObject(info.hProcess, INFINITE);
     DWORD exitCode = 1;
     GetExitCodeProcess(info.hProcess, &exitCode);
-    if (exitCode == 0) {
+    if (exitCode == 0)
         SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_FLUSHNOWAIT, nullptr, nullptr);
-    }
     return true;
 }
 

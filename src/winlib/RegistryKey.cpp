@@ -10,9 +10,8 @@ bool QueryText(HKEY key, const std::wstring& name, DWORD expectedType, std::vect
     DWORD type = 0;
     DWORD size = 0;
     if (RegQueryValueExW(key, name.c_str(), nullptr, &type, nullptr, &size) != ERROR_SUCCESS ||
-        type != expectedType) {
+        type != expectedType)
         return false;
-    }
     units.assign(size / sizeof(wchar_t) + 2, L'\0');
     return RegQueryValueExW(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(units.data()),
                             &size) == ERROR_SUCCESS;
@@ -21,9 +20,8 @@ bool QueryText(HKEY key, const std::wstring& name, DWORD expectedType, std::vect
 }  // namespace
 
 RegistryKey::~RegistryKey() {
-    if (key_) {
+    if (key_)
         RegCloseKey(key_);
-    }
 }
 
 RegistryKey::RegistryKey(RegistryKey&& other) noexcept : key_(std::exchange(other.key_, nullptr)) {}
@@ -40,25 +38,22 @@ HKEY* RegistryKey::Receive() {
 
 bool RegistryKey::ReadString(const std::wstring& name, std::wstring& out) const {
     std::vector<wchar_t> units;
-    if (!QueryText(key_, name, REG_SZ, units)) {
+    if (!QueryText(key_, name, REG_SZ, units))
         return false;
-    }
     out = units.data();
     return true;
 }
 
 bool RegistryKey::ReadStringList(const std::wstring& name, std::vector<std::wstring>& out) const {
     std::vector<wchar_t> units;
-    if (!QueryText(key_, name, REG_MULTI_SZ, units)) {
+    if (!QueryText(key_, name, REG_MULTI_SZ, units))
         return false;
-    }
     // The last unit is always a zero. A string ends there, without an empty one after it, only if the value
     // has an odd number of bytes.
     const wchar_t* const end = units.data() + units.size();
     for (const wchar_t* position = units.data(); position != end && *position;
-         position += out.back().length() + 1) {
+         position += out.back().length() + 1)
         out.emplace_back(position);
-    }
     return true;
 }
 
@@ -83,32 +78,27 @@ std::vector<std::wstring> RegistryKey::EnumerateSubkeys() const {
     DWORD count = 0;
     DWORD longest = 0;
     if (RegQueryInfoKeyW(key_, nullptr, nullptr, nullptr, &count, &longest, nullptr, nullptr, nullptr,
-                         nullptr, nullptr, nullptr) != ERROR_SUCCESS) {
+                         nullptr, nullptr, nullptr) != ERROR_SUCCESS)
         return names;
-    }
     names.reserve(count);
     std::vector<wchar_t> buffer(longest + 1);
     for (DWORD index = 0; index < count; ++index) {
         DWORD length = static_cast<DWORD>(buffer.size());
         if (RegEnumKeyExW(key_, index, buffer.data(), &length, nullptr, nullptr, nullptr, nullptr) ==
-            ERROR_SUCCESS) {
+            ERROR_SUCCESS)
             names.emplace_back(buffer.data(), length);
-        }
     }
     return names;
 }
 
 bool RegistryKey::DeleteTree(const std::wstring& subkey) const {
-    if (subkey.empty()) {
+    if (subkey.empty())
         return false;
-    }
     {
         RegistryKey key;
-        if (RegOpenKeyExW(key_, subkey.c_str(), 0, KEY_ALL_ACCESS, key.Receive()) == ERROR_SUCCESS) {
-            for (const std::wstring& name : key.EnumerateSubkeys()) {
+        if (RegOpenKeyExW(key_, subkey.c_str(), 0, KEY_ALL_ACCESS, key.Receive()) == ERROR_SUCCESS)
+            for (const std::wstring& name : key.EnumerateSubkeys())
                 key.DeleteTree(name);
-            }
-        }
     }
     return RegDeleteKeyW(key_, subkey.c_str()) == ERROR_SUCCESS;
 }

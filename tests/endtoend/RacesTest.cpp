@@ -68,7 +68,7 @@ int RunningPrograms() {
 class ProcessRaces : public testing::Test {
 protected:
     ProcessRaces() {
-        for (int lane = 0; lane < Lanes; lane++)
+        for (int lane = 0; lane < Lanes; ++lane)
             for (const wchar_t* const name : {L"\\first.txt", L"\\last.txt"})
                 folder_.AddFile(NameOf(lane) + name);
     }
@@ -124,7 +124,7 @@ TEST_F(ProcessRaces, EndWithTheListThatTheUserLeft) {
     std::cout << "TAMBLEWICK_SEED=" << firstSeed << '\n';
     std::atomic<int> next = 0;
     std::vector<std::thread> lanes;
-    for (int lane = 0; lane < Lanes; lane++)
+    for (int lane = 0; lane < Lanes; ++lane)
         lanes.emplace_back([&, lane] {
             for (int start = next++; start < Starts && !HasFailure(); start = next++) {
                 const uint32_t seed = firstSeed + static_cast<uint32_t>(start);

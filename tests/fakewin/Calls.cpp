@@ -61,10 +61,9 @@ DWORD TakeFirst(std::deque<Fault>& waiting) {
 // The error of this use by its number. Counts for all faults that wait, as each begins at a use of its own.
 DWORD TakeNth(std::vector<NthFault>& waiting) {
     DWORD error = 0;
-    for (NthFault& fault : waiting) {
+    for (NthFault& fault : waiting)
         if (--fault.use == 0)
             error = fault.error;
-    }
     std::erase_if(waiting, [](const NthFault& fault) { return fault.use <= 0; });
     return error;
 }

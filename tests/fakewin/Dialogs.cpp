@@ -82,10 +82,12 @@ HWND FirstControl(HWND handle) {
 }
 
 void GiveFocus(HWND handle) {
-    WithWindow(handle, [handle](const Window& control) {
-        if ((control.style & WS_DISABLED) == 0)
-            control.queue->focus = handle;
-    });
+    WithWindow(
+        handle,
+        [handle](const Window& control) {
+            if ((control.style & WS_DISABLED) == 0)
+                control.queue->focus = handle;
+        });
 }
 
 HWND MakeDialog(HINSTANCE instance, int templateId, HWND owner, DLGPROC procedure, LPARAM parameter,
@@ -252,10 +254,9 @@ BOOL EndDialog(HWND handle, INT_PTR result) {
 HWND GetDlgItem(HWND handle, int id) {
     HWND item = nullptr;
     WithWindow(handle, [&](const Window& dialog) {
-        for (const HWND child : dialog.children) {
+        for (const HWND child : dialog.children)
             if (item == nullptr && FindWindow(child)->id == id)
                 item = child;
-        }
     });
     if (item == nullptr)
         SetLastError(ERROR_CONTROL_ID_NOT_FOUND);

@@ -198,10 +198,9 @@ FileSystem::~FileSystem() {
     std::vector<std::shared_ptr<Entry>> level = {std::move(root_)};
     while (!level.empty()) {
         std::vector<std::shared_ptr<Entry>> next;
-        for (const std::shared_ptr<Entry>& entry : level) {
+        for (const std::shared_ptr<Entry>& entry : level)
             if (entry.use_count() == 1 && entry->folder)
                 std::ranges::move(entry->folder->children, std::back_inserter(next));
-        }
         level = std::move(next);
     }
 }

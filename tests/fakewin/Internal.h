@@ -29,7 +29,8 @@ DWORD Watched(Call call, const std::wstring& subject, DWORD detail, Body body) {
 
 // The same for a call that logs before it begins: its fault, or 0 if it may go on.
 inline DWORD Watched(Call call, const std::wstring& subject) {
-    return Watched(call, subject, 0, [] { return DWORD{0}; });
+    return Watched(
+        call, subject, 0, [] { return DWORD{0}; });
 }
 
 // For calls that return TRUE on success and otherwise leave their error to GetLastError.

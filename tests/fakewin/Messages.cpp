@@ -107,10 +107,9 @@ LRESULT SendMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     const auto sent = std::make_shared<SentMessage>(SentMessage{handle, message, wParam, lParam, mine});
     window->queue->sent.push_back(sent);
     window->queue->wake.notify_all();
-    while (!sent->done) {
+    while (!sent->done)
         if (!ServeSent(lock))
             mine->wake.wait(lock);
-    }
     return sent->result;
 }
 

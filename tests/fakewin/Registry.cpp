@@ -229,140 +229,179 @@ void ResetRegistry() {
 using namespace FakeWin;
 
 LSTATUS RegOpenKeyExW(HKEY handle, LPCWSTR subkey, DWORD, REGSAM access, PHKEY result) {
-    return Status(Watched(Call::RegOpenKeyExW, Subject(handle, subkey), access, [&] {
-        return WithKey(handle, 0, [&](Key&, const OpenKey& open) -> DWORD {
-            if (IsPredefined(handle) && (subkey == nullptr || *subkey == 0)) {
-                *result = handle;
-                return 0;
-            }
-            std::shared_ptr<Key> key = FindBelow(open.key, subkey != nullptr ? subkey : L"");
-            if (!key)
-                return ERROR_FILE_NOT_FOUND;
-            *result = Give(std::move(key), access, SubjectBelow(open, subkey));
-            return 0;
-        });
-    }));
+    return Status(Watched(
+        Call::RegOpenKeyExW, Subject(handle, subkey), access,
+        [&] {
+            return WithKey(
+                handle, 0,
+                [&](Key&, const OpenKey& open) -> DWORD {
+                    if (IsPredefined(handle) && (subkey == nullptr || *subkey == 0)) {
+                        *result = handle;
+                        return 0;
+                    }
+                    std::shared_ptr<Key> key = FindBelow(open.key, subkey != nullptr ? subkey : L"");
+                    if (!key)
+                        return ERROR_FILE_NOT_FOUND;
+                    *result = Give(std::move(key), access, SubjectBelow(open, subkey));
+                    return 0;
+                });
+        }));
 }
 
 LSTATUS RegCreateKeyExW(HKEY handle, LPCWSTR subkey, DWORD, LPWSTR, DWORD, REGSAM access,
                         const LPSECURITY_ATTRIBUTES, PHKEY result, LPDWORD disposition) {
-    return Status(Watched(Call::RegCreateKeyExW, Subject(handle, subkey), access, [&] {
-        return WithKey(handle, 0, [&](Key&, const OpenKey& open) -> DWORD {
-            if (subkey == nullptr)
-                return ERROR_INVALID_PARAMETER;
-            const bool existed = FindBelow(open.key, subkey) != nullptr;
-            *result = Give(MakeBelow(open.key, subkey), access, SubjectBelow(open, subkey));
-            Set(disposition, existed ? REG_OPENED_EXISTING_KEY : REG_CREATED_NEW_KEY);
-            return 0;
-        });
-    }));
+    return Status(Watched(
+        Call::RegCreateKeyExW, Subject(handle, subkey), access,
+        [&] {
+            return WithKey(
+                handle, 0,
+                [&](Key&, const OpenKey& open) -> DWORD {
+                    if (subkey == nullptr)
+                        return ERROR_INVALID_PARAMETER;
+                    const bool existed = FindBelow(open.key, subkey) != nullptr;
+                    *result = Give(MakeBelow(open.key, subkey), access, SubjectBelow(open, subkey));
+                    Set(disposition, existed ? REG_OPENED_EXISTING_KEY : REG_CREATED_NEW_KEY);
+                    return 0;
+                });
+        }));
 }
 
 LSTATUS RegCloseKey(HKEY handle) {
-    return Status(Watched(Call::RegCloseKey, Subject(handle), 0, [&]() -> DWORD {
-        const std::lock_guard lock(mutex);
-        return IsPredefined(handle) || Registry().open.erase(handle) != 0 ? 0 : ERROR_INVALID_HANDLE;
-    }));
+    return Status(Watched(
+        Call::RegCloseKey, Subject(handle), 0,
+        [&]() -> DWORD {
+            const std::lock_guard lock(mutex);
+            return IsPredefined(handle) || Registry().open.erase(handle) != 0 ? 0 : ERROR_INVALID_HANDLE;
+        }));
 }
 
 LSTATUS RegQueryValueExW(HKEY handle, LPCWSTR name, LPDWORD, LPDWORD type, LPBYTE data, LPDWORD size) {
-    return Status(Watched(Call::RegQueryValueExW, ValueSubject(handle, name), 0, [&] {
-        return WithKey(handle, KEY_QUERY_VALUE, [&](Key& key, const OpenKey&) -> DWORD {
-            const auto value = FindValue(key, name);
-            return value == key.values.end() ? ERROR_FILE_NOT_FOUND : GiveData(*value, type, data, size);
-        });
-    }));
+    return Status(Watched(
+        Call::RegQueryValueExW, ValueSubject(handle, name), 0,
+        [&] {
+            return WithKey(
+                handle, KEY_QUERY_VALUE,
+                [&](Key& key, const OpenKey&) -> DWORD {
+                    const auto value = FindValue(key, name);
+                    return value == key.values.end() ? ERROR_FILE_NOT_FOUND
+                                                     : GiveData(*value, type, data, size);
+                });
+        }));
 }
 
 LSTATUS RegSetValueExW(HKEY handle, LPCWSTR name, DWORD, DWORD type, const BYTE* data, DWORD size) {
-    return Status(Watched(Call::RegSetValueExW, ValueSubject(handle, name), type, [&] {
-        return WithKey(handle, KEY_SET_VALUE, [&](Key& key, const OpenKey&) -> DWORD {
-            auto value = FindValue(key, name);
-            if (value == key.values.end())
-                value = key.values.insert(value, {name != nullptr ? name : L"", type, {}});
-            value->type = type;
-            value->data.assign(reinterpret_cast<const char*>(data), size);
-            return 0;
-        });
-    }));
+    return Status(Watched(
+        Call::RegSetValueExW, ValueSubject(handle, name), type,
+        [&] {
+            return WithKey(
+                handle, KEY_SET_VALUE,
+                [&](Key& key, const OpenKey&) -> DWORD {
+                    auto value = FindValue(key, name);
+                    if (value == key.values.end())
+                        value = key.values.insert(value, {name != nullptr ? name : L"", type, {}});
+                    value->type = type;
+                    value->data.assign(reinterpret_cast<const char*>(data), size);
+                    return 0;
+                });
+        }));
 }
 
 LSTATUS RegDeleteValueW(HKEY handle, LPCWSTR name) {
-    return Status(Watched(Call::RegDeleteValueW, ValueSubject(handle, name), 0, [&] {
-        return WithKey(handle, KEY_SET_VALUE, [&](Key& key, const OpenKey&) -> DWORD {
-            const auto value = FindValue(key, name);
-            if (value == key.values.end())
-                return ERROR_FILE_NOT_FOUND;
-            key.values.erase(value);
-            return 0;
-        });
-    }));
+    return Status(Watched(
+        Call::RegDeleteValueW, ValueSubject(handle, name), 0,
+        [&] {
+            return WithKey(
+                handle, KEY_SET_VALUE,
+                [&](Key& key, const OpenKey&) -> DWORD {
+                    const auto value = FindValue(key, name);
+                    if (value == key.values.end())
+                        return ERROR_FILE_NOT_FOUND;
+                    key.values.erase(value);
+                    return 0;
+                });
+        }));
 }
 
 LSTATUS RegEnumValueW(HKEY handle, DWORD index, LPWSTR name, LPDWORD nameLength, LPDWORD, LPDWORD type,
                       LPBYTE data, LPDWORD size) {
-    return Status(Watched(Call::RegEnumValueW, Subject(handle), index, [&] {
-        return WithKey(handle, KEY_QUERY_VALUE, [&](Key& key, const OpenKey&) -> DWORD {
-            if (index >= key.values.size())
-                return ERROR_NO_MORE_ITEMS;
-            const DWORD error = GiveName(key.values[index].name, name, nameLength);
-            return error != 0 ? error : GiveData(key.values[index], type, data, size);
-        });
-    }));
+    return Status(Watched(
+        Call::RegEnumValueW, Subject(handle), index,
+        [&] {
+            return WithKey(
+                handle, KEY_QUERY_VALUE,
+                [&](Key& key, const OpenKey&) -> DWORD {
+                    if (index >= key.values.size())
+                        return ERROR_NO_MORE_ITEMS;
+                    const DWORD error = GiveName(key.values[index].name, name, nameLength);
+                    return error != 0 ? error : GiveData(key.values[index], type, data, size);
+                });
+        }));
 }
 
 LSTATUS RegEnumKeyExW(HKEY handle, DWORD index, LPWSTR name, LPDWORD nameLength, LPDWORD, LPWSTR, LPDWORD,
                       LPFILETIME) {
-    return Status(Watched(Call::RegEnumKeyExW, Subject(handle), index, [&] {
-        return WithKey(handle, KEY_ENUMERATE_SUB_KEYS, [&](Key& key, const OpenKey&) -> DWORD {
-            if (index >= key.subkeys.size())
-                return ERROR_NO_MORE_ITEMS;
-            return GiveName(std::next(key.subkeys.begin(), index)->second->name, name, nameLength);
-        });
-    }));
+    return Status(Watched(
+        Call::RegEnumKeyExW, Subject(handle), index,
+        [&] {
+            return WithKey(
+                handle, KEY_ENUMERATE_SUB_KEYS,
+                [&](Key& key, const OpenKey&) -> DWORD {
+                    if (index >= key.subkeys.size())
+                        return ERROR_NO_MORE_ITEMS;
+                    return GiveName(std::next(key.subkeys.begin(), index)->second->name, name, nameLength);
+                });
+        }));
 }
 
 LSTATUS RegQueryInfoKeyW(HKEY handle, LPWSTR, LPDWORD, LPDWORD, LPDWORD subkeys, LPDWORD longestSubkey,
                          LPDWORD longestClass, LPDWORD values, LPDWORD longestValueName, LPDWORD longestValue,
                          LPDWORD securityDescriptor, LPFILETIME lastWrite) {
-    return Status(Watched(Call::RegQueryInfoKeyW, Subject(handle), 0, [&] {
-        return WithKey(handle, KEY_QUERY_VALUE, [&](Key& key, const OpenKey&) -> DWORD {
-            size_t subkeyName = 0;
-            size_t valueName = 0;
-            size_t data = 0;
-            for (const auto& [name, subkey] : key.subkeys)
-                subkeyName = std::max(subkeyName, name.size());
-            for (const Value& value : key.values) {
-                valueName = std::max(valueName, value.name.size());
-                data = std::max(data, value.data.size());
-            }
-            Set(subkeys, key.subkeys.size());
-            Set(longestSubkey, subkeyName);
-            Set(longestClass, 0);
-            Set(values, key.values.size());
-            Set(longestValueName, valueName);
-            Set(longestValue, data);
-            Set(securityDescriptor, 0);
-            if (lastWrite != nullptr)
-                *lastWrite = {};
-            return 0;
-        });
-    }));
+    return Status(Watched(
+        Call::RegQueryInfoKeyW, Subject(handle), 0,
+        [&] {
+            return WithKey(
+                handle, KEY_QUERY_VALUE,
+                [&](Key& key, const OpenKey&) -> DWORD {
+                    size_t subkeyName = 0;
+                    size_t valueName = 0;
+                    size_t data = 0;
+                    for (const auto& [name, subkey] : key.subkeys)
+                        subkeyName = std::max(subkeyName, name.size());
+                    for (const Value& value : key.values) {
+                        valueName = std::max(valueName, value.name.size());
+                        data = std::max(data, value.data.size());
+                    }
+                    Set(subkeys, key.subkeys.size());
+                    Set(longestSubkey, subkeyName);
+                    Set(longestClass, 0);
+                    Set(values, key.values.size());
+                    Set(longestValueName, valueName);
+                    Set(longestValue, data);
+                    Set(securityDescriptor, 0);
+                    if (lastWrite != nullptr)
+                        *lastWrite = {};
+                    return 0;
+                });
+        }));
 }
 
 LSTATUS RegDeleteKeyW(HKEY handle, LPCWSTR subkey) {
-    return Status(Watched(Call::RegDeleteKeyW, Subject(handle, subkey), 0, [&] {
-        return WithKey(handle, 0, [&](Key&, const OpenKey& open) -> DWORD {
-            if (subkey == nullptr)
-                return ERROR_INVALID_PARAMETER;
-            const std::shared_ptr<Key> key = FindBelow(open.key, subkey);
-            if (!key)
-                return ERROR_FILE_NOT_FOUND;
-            if (!key->subkeys.empty() || key->parent == nullptr)
-                return ERROR_ACCESS_DENIED;
-            key->deleted = true;
-            key->parent->subkeys.erase(key->name);
-            return 0;
-        });
-    }));
+    return Status(Watched(
+        Call::RegDeleteKeyW, Subject(handle, subkey), 0,
+        [&] {
+            return WithKey(
+                handle, 0,
+                [&](Key&, const OpenKey& open) -> DWORD {
+                    if (subkey == nullptr)
+                        return ERROR_INVALID_PARAMETER;
+                    const std::shared_ptr<Key> key = FindBelow(open.key, subkey);
+                    if (!key)
+                        return ERROR_FILE_NOT_FOUND;
+                    if (!key->subkeys.empty() || key->parent == nullptr)
+                        return ERROR_ACCESS_DENIED;
+                    key->deleted = true;
+                    key->parent->subkeys.erase(key->name);
+                    return 0;
+                });
+        }));
 }

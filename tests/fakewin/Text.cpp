@@ -31,10 +31,9 @@ std::mutex mutex;
 std::set<HLOCAL> openTexts;
 
 const wchar_t* FindText(DWORD error) {
-    for (const SystemText& row : SystemTexts) {
+    for (const SystemText& row : SystemTexts)
         if (row.error == error)
             return row.text;
-    }
     return nullptr;
 }
 
@@ -128,15 +127,17 @@ int GetTimeFormatW(LCID, DWORD flags, const SYSTEMTIME* time, LPCWSTR format, LP
 }
 
 int _stricmp(const char* first, const char* second) {
-    return CompareFolded(first, second, [](char unit) {
-        const auto byte = static_cast<unsigned char>(unit);
-        return byte >= 'A' && byte <= 'Z' ? byte + 32 : byte;
-    });
+    return CompareFolded(
+        first, second,
+        [](char unit) {
+            const auto byte = static_cast<unsigned char>(unit);
+            return byte >= 'A' && byte <= 'Z' ? byte + 32 : byte;
+        });
 }
 
 int _wcsicmp(const wchar_t* first, const wchar_t* second) {
-    return CompareFolded(first, second,
-                         [](wchar_t unit) { return unit >= 'A' && unit <= 'Z' ? unit + 32 : unit; });
+    return CompareFolded(
+        first, second, [](wchar_t unit) { return unit >= 'A' && unit <= 'Z' ? unit + 32 : unit; });
 }
 
 DWORD FormatMessageW(DWORD flags, LPCVOID, DWORD messageId, DWORD, LPWSTR buffer, DWORD, va_list*) {

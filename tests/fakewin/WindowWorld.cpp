@@ -10,13 +10,15 @@ namespace {
 // Ends each message that waits in the queue for this window, or for any if it is null, without an answer.
 // Under the mutex.
 void FailSent(Queue& queue, HWND window) {
-    std::erase_if(queue.sent, [window](const std::shared_ptr<SentMessage>& sent) {
-        if (window != nullptr && sent->window != window)
-            return false;
-        sent->done = true;
-        sent->sender->wake.notify_all();
-        return true;
-    });
+    std::erase_if(
+        queue.sent,
+        [window](const std::shared_ptr<SentMessage>& sent) {
+            if (window != nullptr && sent->window != window)
+                return false;
+            sent->done = true;
+            sent->sender->wake.notify_all();
+            return true;
+        });
 }
 
 // The queue of a thread goes with the thread, and its windows with the queue.
@@ -29,7 +31,8 @@ public:
     ~QueueOwner() {
         const std::lock_guard lock(WindowsMutex());
         FailSent(*queue_, nullptr);
-        std::erase_if(Windows().windows, [this](const auto& entry) { return entry.second->queue == queue_; });
+        std::erase_if(
+            Windows().windows, [this](const auto& entry) { return entry.second->queue == queue_; });
         std::erase_if(Windows().queues, [this](const auto& queue) { return queue.lock() == queue_; });
         WindowsChanged().notify_all();
     }

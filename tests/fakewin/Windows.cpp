@@ -122,10 +122,9 @@ void Destroy(HWND handle) {
     std::vector<HWND> below;
     {
         const std::lock_guard lock(WindowsMutex());
-        for (const auto& [other, window] : Windows().windows) {
+        for (const auto& [other, window] : Windows().windows)
             if (window->parent == handle)
                 below.push_back(other);
-        }
     }
     for (const HWND other : below)
         Destroy(other);
@@ -325,10 +324,12 @@ BOOL GetWindowRect(HWND handle, LPRECT rect) {
 }
 
 BOOL GetClientRect(HWND handle, LPRECT rect) {
-    return WithWindow(handle, [&](const Window& window) {
-        const SIZE size = ClientSize(window);
-        *rect = {0, 0, size.cx, size.cy};
-    });
+    return WithWindow(
+        handle,
+        [&](const Window& window) {
+            const SIZE size = ClientSize(window);
+            *rect = {0, 0, size.cx, size.cy};
+        });
 }
 
 BOOL ScreenToClient(HWND window, LPPOINT point) {

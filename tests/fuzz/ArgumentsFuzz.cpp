@@ -14,12 +14,11 @@ namespace {
 std::wstring Kept(const std::wstring& line) {
     std::wstring kept;
     bool inQuotes = false;
-    for (const wchar_t unit : line) {
+    for (const wchar_t unit : line)
         if (unit == L'"')
             inQuotes = !inQuotes;
         else if (inQuotes || std::iswspace(static_cast<wint_t>(unit)) == 0)
             kept += unit;
-    }
     return kept;
 }
 

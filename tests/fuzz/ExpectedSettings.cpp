@@ -55,10 +55,9 @@ wchar_t LowerAscii(wchar_t unit) {
 bool IsWord(const std::wstring& text, const char* word) {
     if (text.size() != std::strlen(word))
         return false;
-    for (size_t i = 0; i < text.size(); ++i) {
+    for (size_t i = 0; i < text.size(); ++i)
         if (LowerAscii(text[i]) != LowerAscii(word[i]))
             return false;
-    }
     return true;
 }
 
@@ -90,10 +89,9 @@ std::wstring ExpectedSettings::TextAfterReading(const RecordField& field,
         case TypeCode::UInt32:
             return number ? std::to_wstring(*number) : TextOf(field);
         case TypeCode::Enumeration:
-            for (const auto* row = static_cast<const EnumRow*>(field.row->subTable); row->name; ++row) {
+            for (const auto* row = static_cast<const EnumRow*>(field.row->subTable); row->name; ++row)
                 if (text && IsWord(*text, row->name))
                     return std::to_wstring(row->value);
-            }
             return TextOf(field);
         case TypeCode::WideString:
             return text.value_or(TextOf(field));

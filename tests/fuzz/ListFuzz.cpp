@@ -133,9 +133,11 @@ void CheckStatistics(const std::vector<std::string>& lines, const ExpectedScan& 
 }
 
 bool AreUtf16(const ExpectedScan& scan) {
-    return std::ranges::all_of(scan.records, [&](const ExpectedRecord& record) {
-        return IsUtf16(record.entry->name) && IsUtf16(record.parentPath);
-    });
+    return std::ranges::all_of(
+        scan.records,
+        [&](const ExpectedRecord& record) {
+            return IsUtf16(record.entry->name) && IsUtf16(record.parentPath);
+        });
 }
 
 void CheckList(std::string text, const ExpectedScan& scan, const Preset& preset) {

@@ -45,22 +45,20 @@ bool Covers(std::wstring_view pattern, std::wstring_view text) {
     for (const wchar_t symbol : pattern) {
         std::vector<bool> next(covers.size(), false);
         next[0] = symbol == L'*' && covers[0];
-        for (size_t i = 1; i < covers.size(); ++i) {
+        for (size_t i = 1; i < covers.size(); ++i)
             if (symbol == L'*')
                 next[i] = covers[i] || next[i - 1];
             else
                 next[i] = covers[i - 1] && (symbol == L'?' || symbol == Lower(text[i - 1]));
-        }
         covers = next;
     }
     return covers.back();
 }
 
 bool CoversAny(const std::vector<std::wstring>& patterns, std::wstring_view text) {
-    for (const std::wstring& pattern : patterns) {
+    for (const std::wstring& pattern : patterns)
         if (Covers(pattern, text))
             return true;
-    }
     return false;
 }
 
@@ -87,10 +85,9 @@ std::vector<std::wstring> SearchPatterns(std::wstring_view filter) {
 
 std::vector<std::wstring> ExcludedPatterns(const std::vector<std::wstring>& entries) {
     std::vector<std::wstring> patterns;
-    for (const std::wstring& entry : entries) {
+    for (const std::wstring& entry : entries)
         if (!HoldsAny(entry, L"|<>\"/"))
             patterns.push_back(Joined(Lowered(entry), L""));
-    }
     return patterns;
 }
 
@@ -112,12 +109,11 @@ std::wstring Joined(std::wstring_view first, std::wstring_view second) {
 }
 
 bool IsUtf16(std::wstring_view text) {
-    for (size_t i = 0; i < text.size(); ++i) {
+    for (size_t i = 0; i < text.size(); ++i)
         if (IsLead(text[i]) && i + 1 < text.size() && IsTrail(text[i + 1]))
             ++i;
         else if (IsLead(text[i]) || IsTrail(text[i]))
             return false;
-    }
     return true;
 }
 

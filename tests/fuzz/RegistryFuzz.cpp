@@ -22,10 +22,12 @@ std::wstring KeyOf(const Preset& preset) {
 }
 
 bool BreaksReading(const ExpectedSettings& expected, const TestRegistry& registry) {
-    return std::ranges::any_of(registry.Subkeys(MainSettings::RootKey), [&](const std::wstring& key) {
-        Preset preset(key);
-        return expected.BreaksReading(preset, KeyOf(preset));
-    });
+    return std::ranges::any_of(
+        registry.Subkeys(MainSettings::RootKey),
+        [&](const std::wstring& key) {
+            Preset preset(key);
+            return expected.BreaksReading(preset, KeyOf(preset));
+        });
 }
 
 void CheckRead(MetaTypes::Settings& read, MetaTypes::Settings& defaults, const ExpectedSettings& expected,

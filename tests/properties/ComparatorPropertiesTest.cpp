@@ -28,12 +28,10 @@ void ExpectStrictWeakOrder(const Comparator& comparator, const Records& records)
         for (const Record* b : records) {
             ASSERT_FALSE(before(a, b) && before(b, a)) << Show(*a) << "\n" << Show(*b);
             for (const Record* c : records) {
-                if (before(a, b) && before(b, c)) {
+                if (before(a, b) && before(b, c))
                     ASSERT_TRUE(before(a, c)) << Show(*a) << "\n" << Show(*b) << "\n" << Show(*c);
-                }
-                if (tied(a, b) && tied(b, c)) {
+                if (tied(a, b) && tied(b, c))
                     ASSERT_TRUE(tied(a, c)) << Show(*a) << "\n" << Show(*b) << "\n" << Show(*c);
-                }
             }
         }
     }
@@ -47,35 +45,41 @@ Records Some(Random& random, Records records, size_t count) {
 }
 
 TEST(ComparatorProperties, FoldersHaveAStrictWeakOrder) {
-    ForRandomInputs(200, [](Random& random) {
-        const RandomTree tree(random, 80);
-        const Comparator comparator(RandomKeys(random, true), true, random.Bool());
-        ExpectStrictWeakOrder(comparator, Some(random, tree.Folders(), 14));
-    });
+    ForRandomInputs(
+        200,
+        [](Random& random) {
+            const RandomTree tree(random, 80);
+            const Comparator comparator(RandomKeys(random, true), true, random.Bool());
+            ExpectStrictWeakOrder(comparator, Some(random, tree.Folders(), 14));
+        });
 }
 
 TEST(ComparatorProperties, FilesHaveAStrictWeakOrder) {
-    ForRandomInputs(200, [](Random& random) {
-        const RandomTree tree(random, 80);
-        const Comparator comparator(RandomKeys(random, false), false, random.Bool());
-        ExpectStrictWeakOrder(comparator, Some(random, tree.Files(), 14));
-    });
+    ForRandomInputs(
+        200,
+        [](Random& random) {
+            const RandomTree tree(random, 80);
+            const Comparator comparator(RandomKeys(random, false), false, random.Bool());
+            ExpectStrictWeakOrder(comparator, Some(random, tree.Files(), 14));
+        });
 }
 
 TEST(ComparatorProperties, TurningEveryKeyTurnsTheOrder) {
-    ForRandomInputs(200, [](Random& random) {
-        const RandomTree tree(random, 40);
-        const bool natural = random.Bool();
-        std::vector<SortKey> keys = RandomKeys(random, false);
-        const Comparator comparator(keys, false, natural);
-        for (SortKey& key : keys)
-            key.ascending = !key.ascending;
-        const Comparator turned(keys, false, natural);
-        for (const Record* a : tree.Files()) {
-            for (const Record* b : tree.Files())
-                ASSERT_EQ(comparator.Compare(*a, *b), turned.Compare(*b, *a)) << Show(*a) << "\n" << Show(*b);
-        }
-    });
+    ForRandomInputs(
+        200,
+        [](Random& random) {
+            const RandomTree tree(random, 40);
+            const bool natural = random.Bool();
+            std::vector<SortKey> keys = RandomKeys(random, false);
+            const Comparator comparator(keys, false, natural);
+            for (SortKey& key : keys)
+                key.ascending = !key.ascending;
+            const Comparator turned(keys, false, natural);
+            for (const Record* a : tree.Files())
+                for (const Record* b : tree.Files())
+                    ASSERT_EQ(comparator.Compare(*a, *b), turned.Compare(*b, *a)) << Show(*a) << "\n"
+                                                                                  << Show(*b);
+        });
 }
 
 }  // namespace

@@ -28,9 +28,8 @@ void ExpectFilled(const std::vector<std::pair<Value, Flag>>& pairs, const std::a
     }
     for (size_t i = pairs.size(); i < N; ++i) {
         EXPECT_EQ(flags[i], Flag{});
-        if (i > pairs.size()) {
+        if (i > pairs.size())
             EXPECT_LT(values[i - 1], values[i]);
-        }
     }
     const std::set<Value> different(values.begin(), values.end());
     EXPECT_EQ(different.size(), N);

@@ -105,32 +105,36 @@ RECT Room(Random& random) {
 }
 
 TEST(LayoutProperties, CellsNeverOverlapNorFallBelowTheirMinimum) {
-    ForRandomInputs(500, [](Random& random) {
-        Overlapped root;
-        Fill(random, root, 4);
-        root.Measure();
-        for (int size = 0; size < 5; ++size) {
-            const RECT room = Room(random);
-            root.Arrange(room);
-            EXPECT_EQ(root.CurrentRect.left, room.left);
-            EXPECT_EQ(root.CurrentRect.top, room.top);
-            ExpectInOrder(root);
-        }
-    });
+    ForRandomInputs(
+        500,
+        [](Random& random) {
+            Overlapped root;
+            Fill(random, root, 4);
+            root.Measure();
+            for (int size = 0; size < 5; ++size) {
+                const RECT room = Room(random);
+                root.Arrange(room);
+                EXPECT_EQ(root.CurrentRect.left, room.left);
+                EXPECT_EQ(root.CurrentRect.top, room.top);
+                ExpectInOrder(root);
+            }
+        });
 }
 
 TEST(LayoutProperties, TheMinimumFitsExactlyAndTheLastArrangingAloneCounts) {
-    ForRandomInputs(200, [](Random& random) {
-        Overlapped root;
-        Fill(random, root, 4);
-        root.Measure();
-        const RECT minimum = root.MinimumRect;
-        root.Arrange(Room(random));
-        EXPECT_EQ(root.MinimumRect, minimum);
-        root.Arrange(minimum);
-        EXPECT_EQ(root.CurrentRect, minimum);
-        ExpectInOrder(root);
-    });
+    ForRandomInputs(
+        200,
+        [](Random& random) {
+            Overlapped root;
+            Fill(random, root, 4);
+            root.Measure();
+            const RECT minimum = root.MinimumRect;
+            root.Arrange(Room(random));
+            EXPECT_EQ(root.MinimumRect, minimum);
+            root.Arrange(minimum);
+            EXPECT_EQ(root.CurrentRect, minimum);
+            ExpectInOrder(root);
+        });
 }
 
 }  // namespace

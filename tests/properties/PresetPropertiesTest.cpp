@@ -80,20 +80,22 @@ TEST(PresetProperties, TheApplicationsValuesReadBackEqual) {
 }
 
 TEST(PresetProperties, ACopyHasAllValuesAndAnAssignedPresetAllButThePosition) {
-    ForRandomInputs(100, [](Random& random) {
-        Preset preset(L"source");
-        FillRandomly(random, preset);
-        Preset copy(preset);
-        EXPECT_EQ(TextsOf(copy), TextsOf(preset));
+    ForRandomInputs(
+        100,
+        [](Random& random) {
+            Preset preset(L"source");
+            FillRandomly(random, preset);
+            Preset copy(preset);
+            EXPECT_EQ(TextsOf(copy), TextsOf(preset));
 
-        Preset target(L"target");
-        FillRandomly(random, target);
-        const int32_t position = target.Get(Preset::Position);
-        target.Assign(preset);
-        EXPECT_EQ(target.Get(Preset::Position), position);
-        target.Get(Preset::Position) = preset.Get(Preset::Position);
-        EXPECT_EQ(TextsOf(target), TextsOf(preset));
-    });
+            Preset target(L"target");
+            FillRandomly(random, target);
+            const int32_t position = target.Get(Preset::Position);
+            target.Assign(preset);
+            EXPECT_EQ(target.Get(Preset::Position), position);
+            target.Get(Preset::Position) = preset.Get(Preset::Position);
+            EXPECT_EQ(TextsOf(target), TextsOf(preset));
+        });
 }
 
 }  // namespace

@@ -30,32 +30,37 @@ std::vector<Folder*> RecordsOf(const std::vector<Node>& nodes) {
 }
 
 TEST(SortProperties, FilesAreSortedStably) {
-    ForRandomInputs(200, [](Random& random) {
-        RandomTree tree(random, 120);
-        const Comparator comparator(RandomKeys(random, false), false, random.Bool());
-        std::vector<File*> files = tree.Files();
-        random.Shuffle(files);
-        const std::vector<File*> expected =
-            InsertionSorted(files, [&](const File* a, const File* b) { return comparator.Compare(*a, *b); });
-        SortFiles(files, comparator);
-        EXPECT_EQ(files, expected);
-    });
+    ForRandomInputs(
+        200,
+        [](Random& random) {
+            RandomTree tree(random, 120);
+            const Comparator comparator(RandomKeys(random, false), false, random.Bool());
+            std::vector<File*> files = tree.Files();
+            random.Shuffle(files);
+            const std::vector<File*> expected = InsertionSorted(
+                files, [&](const File* a, const File* b) { return comparator.Compare(*a, *b); });
+            SortFiles(files, comparator);
+            EXPECT_EQ(files, expected);
+        });
 }
 
 TEST(SortProperties, FoldersAreSortedStably) {
-    ForRandomInputs(200, [](Random& random) {
-        RandomTree tree(random, 200);
-        const Comparator comparator(RandomKeys(random, true), true, random.Bool());
-        std::vector<Folder*> records = tree.Folders();
-        random.Shuffle(records);
-        std::vector<Node> folders;
-        for (Folder* folder : records)
-            folders.emplace_back(folder);
-        SortFolders(folders, comparator);
-        EXPECT_EQ(RecordsOf(folders), InsertionSorted(records, [&](const Record* a, const Record* b) {
-                      return comparator.Compare(*a, *b);
-                  }));
-    });
+    ForRandomInputs(
+        200,
+        [](Random& random) {
+            RandomTree tree(random, 200);
+            const Comparator comparator(RandomKeys(random, true), true, random.Bool());
+            std::vector<Folder*> records = tree.Folders();
+            random.Shuffle(records);
+            std::vector<Node> folders;
+            for (Folder* folder : records)
+                folders.emplace_back(folder);
+            SortFolders(folders, comparator);
+            EXPECT_EQ(
+                RecordsOf(folders),
+                InsertionSorted(
+                    records, [&](const Record* a, const Record* b) { return comparator.Compare(*a, *b); }));
+        });
 }
 
 struct Totals {
@@ -93,17 +98,19 @@ void ExpectSorted(const Node& node, const Comparator& folders, const Comparator&
 }
 
 TEST(PostProcessProperties, TotalsAreThoseOfTheTreeAndEveryListIsSorted) {
-    ForRandomInputs(200, [](Random& random) {
-        RandomTree tree(random, 300);
-        const bool natural = random.Bool();
-        const Comparator folders(RandomKeys(random, true), true, natural);
-        const Comparator files(RandomKeys(random, false), false, natural);
-        PostProcess(tree.Root(), folders, files);
-        const Totals totals = ExpectTotals(tree.Root());
-        EXPECT_EQ(totals.folders, tree.Folders().size());
-        EXPECT_EQ(totals.files, tree.Files().size());
-        ExpectSorted(tree.Root(), folders, files);
-    });
+    ForRandomInputs(
+        200,
+        [](Random& random) {
+            RandomTree tree(random, 300);
+            const bool natural = random.Bool();
+            const Comparator folders(RandomKeys(random, true), true, natural);
+            const Comparator files(RandomKeys(random, false), false, natural);
+            PostProcess(tree.Root(), folders, files);
+            const Totals totals = ExpectTotals(tree.Root());
+            EXPECT_EQ(totals.folders, tree.Folders().size());
+            EXPECT_EQ(totals.files, tree.Files().size());
+            ExpectSorted(tree.Root(), folders, files);
+        });
 }
 
 }  // namespace

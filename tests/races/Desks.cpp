@@ -19,7 +19,7 @@ public:
         // Wine does not bear that several threads make the first dialog of a process.
         RaceOnce(*open_(0), firstSeed_);
         std::vector<std::thread> threads;
-        for (int number = 0; number < DeskCount; number++)
+        for (int number = 0; number < DeskCount; ++number)
             threads.emplace_back([this, number] { WorkAt(number); });
         for (std::thread& thread : threads)
             thread.join();

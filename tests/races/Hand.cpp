@@ -27,7 +27,7 @@ void Hand::OnMessage(const MessageWatch& watch) {
     if (needsDialog_ && dialog == nullptr)
         return;
     acting_ = true;
-    for (uint32_t i = 0; i < manner_.turns; i++)
+    for (uint32_t i = 0; i < manner_.turns; ++i)
         SwitchToThread();
     acts_.back()(dialog);
     acts_.pop_back();

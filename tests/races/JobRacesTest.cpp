@@ -168,8 +168,9 @@ struct JobRaces : testing::Test {
     }
 
     void Race(int starts, bool hasOwner, Kind kind) {
-        RaceOnDesks(StartsToMake(starts),
-                    [&](int number) { return std::make_unique<JobDesk>(folder, number, hasOwner, kind); });
+        RaceOnDesks(
+            StartsToMake(starts),
+            [&](int number) { return std::make_unique<JobDesk>(folder, number, hasOwner, kind); });
     }
 
     const TestSupport::TempFolder folder;

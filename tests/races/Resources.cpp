@@ -66,7 +66,7 @@ int GdiObjectsInTable() {
     const auto* peb = reinterpret_cast<const std::byte*>(NtCurrentTeb()->ProcessEnvironmentBlock);
     const auto* table = *reinterpret_cast<const GdiEntry* const*>(peb + GdiTableInPeb);
     int count = 0;
-    for (int i = 0; i < GdiTableSize; i++)
+    for (int i = 0; i < GdiTableSize; ++i)
         count += table[i].type != 0;
     return count;
 }

@@ -32,13 +32,11 @@ bool ReadDword(const RegistryKey& key, const std::wstring& name, uint32_t& value
 template <typename T>
 bool ReadNumber(const RegistryKey& key, const std::wstring& name, std::byte* field) {
     uint32_t stored = 0;
-    if (!ReadDword(key, name, stored)) {
+    if (!ReadDword(key, name, stored))
         return false;
-    }
     const auto number = static_cast<std::conditional_t<std::is_signed_v<T>, int32_t, uint32_t>>(stored);
-    if (!std::in_range<T>(number)) {
+    if (!std::in_range<T>(number))
         return false;
-    }
     StoreAs(field, static_cast<T>(number));
     return true;
 }
@@ -47,9 +45,8 @@ bool ReadNumber(const RegistryKey& key, const std::wstring& name, std::byte* fie
 template <typename T>
 bool ReadBool(const RegistryKey& key, const std::wstring& name, std::byte* field) {
     uint32_t stored = 0;
-    if (!ReadDword(key, name, stored)) {
+    if (!ReadDword(key, name, stored))
         return false;
-    }
     StoreAs(field, static_cast<T>(stored != 0));
     return true;
 }
@@ -59,14 +56,12 @@ bool ReadFloat(const RegistryKey& key, const std::wstring& name, std::byte* fiel
     DWORD type = 0;
     DWORD size = 0;
     if (RegQueryValueExW(key.Get(), name.c_str(), nullptr, &type, nullptr, &size) != ERROR_SUCCESS ||
-        type != REG_BINARY || size != sizeof(T)) {
+        type != REG_BINARY || size != sizeof(T))
         return false;
-    }
     T value{};
     if (RegQueryValueExW(key.Get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size) !=
-        ERROR_SUCCESS) {
+        ERROR_SUCCESS)
         return false;
-    }
     StoreAs(field, value);
     return true;
 }
@@ -93,9 +88,8 @@ bool ReadEnumeration(const std::string& word, const EnumRow* rows, std::byte* fi
 // Stores a text in a field of one of the four text types.
 bool ReadText(const RegistryKey& key, const std::wstring& name, const FieldRow& row, std::byte* field) {
     std::wstring text;
-    if (!key.ReadString(name, text)) {
+    if (!key.ReadString(name, text))
         return false;
-    }
     switch (row.type) {
         case TypeCode::TextBuffer:
             FillBuffer<char>(Narrow(text), field, row.count);
@@ -123,9 +117,8 @@ bool ReadWideList(const RegistryKey& key, const std::wstring& name, std::vector<
 bool ReadNarrowList(const RegistryKey& key, const std::wstring& name, std::vector<std::string>& list) {
     list.clear();
     std::vector<std::wstring> wide;
-    if (!key.ReadStringList(name, wide)) {
+    if (!key.ReadStringList(name, wide))
         return false;
-    }
     std::ranges::transform(wide, std::back_inserter(list), Narrow);
     return true;
 }
@@ -174,9 +167,8 @@ bool ReadFields(const RegistryKey& key, const FieldRow* table, std::byte* record
 // A section row with a count above 1 fills each element from the same subkey.
 bool ReadSection(const RegistryKey& parent, const std::wstring& name, const FieldRow& row, std::byte* field) {
     RegistryKey key;
-    if (!OpenKey(parent.Get(), name, key)) {
+    if (!OpenKey(parent.Get(), name, key))
         return false;
-    }
     bool result = true;
     for (uint32_t index = 0; index < row.count; ++index) {
         result &=
@@ -187,13 +179,11 @@ bool ReadSection(const RegistryKey& parent, const std::wstring& name, const Fiel
 
 bool ReadArray(const RegistryKey& parent, const std::wstring& name, const FieldRow& row, std::byte* field) {
     RegistryKey key;
-    if (!OpenKey(parent.Get(), name, key)) {
+    if (!OpenKey(parent.Get(), name, key))
         return false;
-    }
     bool result = true;
-    for (uint32_t index = 0; index < row.count; ++index) {
+    for (uint32_t index = 0; index < row.count; ++index)
         result &= ReadValue(key, std::to_wstring(index), row, field + size_t{index} * row.size);
-    }
     return result;
 }
 
@@ -202,14 +192,12 @@ bool ReadFields(const RegistryKey& key, const FieldRow* table, std::byte* record
     for (const FieldRow* row = table; row->name; ++row) {
         const std::wstring name = Widen(row->name);
         std::byte* field = record + row->offset;
-        if (row->type == TypeCode::Section) {
+        if (row->type == TypeCode::Section)
             result &= ReadSection(key, name, *row, field);
-        } else if (row->count > 1 && row->type != TypeCode::TextBuffer &&
-                   row->type != TypeCode::WideTextBuffer) {
+        else if (row->count > 1 && row->type != TypeCode::TextBuffer && row->type != TypeCode::WideTextBuffer)
             result &= ReadArray(key, name, *row, field);
-        } else {
+        else
             result &= ReadValue(key, name, *row, field);
-        }
     }
     return result;
 }

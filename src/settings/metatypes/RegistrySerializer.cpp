@@ -36,11 +36,9 @@ bool WriteNumber(const RegistryKey& key, const std::wstring& name, const std::by
 }
 
 bool WriteEnumeration(const RegistryKey& key, const std::wstring& name, const EnumRow* rows, uint32_t value) {
-    for (; rows->name; ++rows) {
-        if (rows->value == value) {
+    for (; rows->name; ++rows)
+        if (rows->value == value)
             return WriteText(key, name, Widen(rows->name));
-        }
-    }
     return false;
 }
 
@@ -109,9 +107,8 @@ bool WriteFields(const RegistryKey& key, const FieldRow* table, const std::byte*
 // A section row with a count above 1 writes nothing and still succeeds.
 bool WriteSection(const RegistryKey& parent, const std::wstring& name, const FieldRow& row,
                   const std::byte* field) {
-    if (row.count > 1) {
+    if (row.count > 1)
         return true;
-    }
     RegistryKey key;
     return CreateKey(parent.Get(), name, key) &&
            WriteFields(key, static_cast<const FieldRow*>(row.subTable), field);
@@ -120,13 +117,11 @@ bool WriteSection(const RegistryKey& parent, const std::wstring& name, const Fie
 bool WriteArray(const RegistryKey& parent, const std::wstring& name, const FieldRow& row,
                 const std::byte* field) {
     RegistryKey key;
-    if (!CreateKey(parent.Get(), name, key)) {
+    if (!CreateKey(parent.Get(), name, key))
         return false;
-    }
     bool result = true;
-    for (uint32_t index = 0; index < row.count; ++index) {
+    for (uint32_t index = 0; index < row.count; ++index)
         result &= WriteValue(key, std::to_wstring(index), row, field + size_t{index} * row.size);
-    }
     return result;
 }
 
@@ -135,14 +130,12 @@ bool WriteFields(const RegistryKey& key, const FieldRow* table, const std::byte*
     for (const FieldRow* row = table; row->name; ++row) {
         const std::wstring name = Widen(row->name);
         const std::byte* field = record + row->offset;
-        if (row->type == TypeCode::Section) {
+        if (row->type == TypeCode::Section)
             result &= WriteSection(key, name, *row, field);
-        } else if (row->count > 1 && row->type != TypeCode::TextBuffer &&
-                   row->type != TypeCode::WideTextBuffer) {
+        else if (row->count > 1 && row->type != TypeCode::TextBuffer && row->type != TypeCode::WideTextBuffer)
             result &= WriteArray(key, name, *row, field);
-        } else {
+        else
             result &= WriteValue(key, name, *row, field);
-        }
     }
     return result;
 }

@@ -31,17 +31,15 @@ bool Settings::Deserialize(IDeserializer& deserializer) {
 
 void* Settings::Single(uint32_t row, TypeCode type) const {
     const FieldRow& field = table_[row];
-    if (field.type != type || field.count != 1) {
+    if (field.type != type || field.count != 1)
         throw BadCast();
-    }
     return record_ + field.offset;
 }
 
 void* Settings::Element(uint32_t row, TypeCode type, size_t index) const {
     const FieldRow& field = table_[row];
-    if (field.type != type || field.count < 2 || index >= field.count) {
+    if (field.type != type || field.count < 2 || index >= field.count)
         throw BadCast();
-    }
     return record_ + field.offset + index * field.size;
 }
 

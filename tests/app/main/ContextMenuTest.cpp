@@ -78,7 +78,7 @@ TEST_F(ContextMenuTest, EveryTemplate) {
                              L"All files (Details, HTML)", L"Audio-files (HTML)",
                              L"Video-files (HTML)",        L"Repository (Exclude .git, .svn and .hg)"};
     Open();
-    for (size_t i = 0; i < templates.size(); i++) {
+    for (size_t i = 0; i < templates.size(); ++i) {
         std::vector<WORD> keys = {VK_DOWN, VK_DOWN, VK_RIGHT};
         keys.insert(keys.end(), i, VK_DOWN);
         keys.push_back(VK_RETURN);

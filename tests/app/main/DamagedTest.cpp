@@ -10,7 +10,7 @@ const std::wstring Root = MainSettings::RootKey;
 
 TEST_F(DamagedTest, TwoHundredPresets) {
     std::vector<std::wstring> names;
-    for (int i = 0; i < 200; i++)
+    for (int i = 0; i < 200; ++i)
         names.push_back(L"Preset number " + std::to_wstring(i));
     Store(names);
     Open();

@@ -73,12 +73,12 @@ protected:
 
     // Makes any save visible: a saved preset gets its position back.
     void ForgetPositions(size_t count) const {
-        for (size_t i = 0; i < count; i++)
+        for (size_t i = 0; i < count; ++i)
             registry.SetDword(KeyOf(i), L"Position", 900);
     }
 
     bool NothingSaved(size_t count) const {
-        for (size_t i = 0; i < count; i++)
+        for (size_t i = 0; i < count; ++i)
             if (registry.Get(KeyOf(i), L"Position") != TestSupport::DwordValue(900))
                 return false;
         return true;
@@ -89,8 +89,8 @@ TEST_F(DragTest, EveryDropStandsDirectlyBelowItsTarget) {
     Names order = {L"A", L"B", L"C", L"D"};
     OpenWith(order);
     // By places, from each to each other one; the order changes on the way.
-    for (size_t from = 0; from < order.size(); from++) {
-        for (size_t to = 0; to < order.size(); to++) {
+    for (size_t from = 0; from < order.size(); ++from) {
+        for (size_t to = 0; to < order.size(); ++to) {
             if (from == to)
                 continue;
             const std::wstring dragged = order[from];
@@ -99,7 +99,7 @@ TEST_F(DragTest, EveryDropStandsDirectlyBelowItsTarget) {
             order.erase(order.begin() + static_cast<std::ptrdiff_t>(from));
             order.insert(std::ranges::find(order, target) + 1, dragged);
             Stored positions;
-            for (size_t i = 0; i < order.size(); i++)
+            for (size_t i = 0; i < order.size(); ++i)
                 positions.emplace_back(order[i], static_cast<uint32_t>(order.size() - i));
 
             Drag(tree.Item(dragged), tree.Item(target));

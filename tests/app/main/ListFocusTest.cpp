@@ -31,7 +31,7 @@ protected:
 TEST_F(ListFocusTest, AfterAListTheButtonHasItAgain) {
     OpenSavingIn(folder.Path());
     SetFocus(CreateListButton());
-    for (int i = 0; i < 3; i++) {
+    for (int i = 0; i < 3; ++i) {
         const Ui::FocusWatch watch(CreateListButton());
         controller->StartList(PresetId(), Listed());
         RunLoop();

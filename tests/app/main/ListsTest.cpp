@@ -32,7 +32,7 @@ TEST_F(ListsTest, AnyItemOfAPresetStandsForIt) {
 TEST_F(ListsTest, ManyListsInARow) {
     registry.SetDword(KeyOf(0) + L"\\Saving", L"OverwriteExisting", 1);
     OpenSavingIn(folder.Path());
-    for (int i = 0; i < 20; i++) {
+    for (int i = 0; i < 20; ++i) {
         controller->StartList(PresetId(), Listed());
         RunLoop();
         ExpectCollected();
@@ -92,7 +92,7 @@ TEST_F(ListsTest, TheEndMessageInsideStartLeavesTheJobAlive) {
 TEST_F(ListsTest, AnErrorIsShownAndTheJobCollected) {
     OpenSavingIn(folder.Path());
     const std::wstring missing = folder.Path(L"missing");
-    for (int i = 0; i < 5; i++) {
+    for (int i = 0; i < 5; ++i) {
         const Ui::DismissFromAside answer(IDOK);
         controller->StartList(PresetId(), missing);
         RunLoop();
@@ -256,7 +256,7 @@ TEST_F(ListsTest, AnErrorInTheBackgroundCanBeAnsweredWhileTheWindowCloses) {
     const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROCRET, EndAtOnce, nullptr, GetCurrentThreadId());
     // The dialog must be gone before the worker's first step. Where it was too slow, the error was shown on
     // the dialog, and the next attempt follows.
-    for (int attempt = 0; attempt < 100 && !IsBusy(); attempt++) {
+    for (int attempt = 0; attempt < 100 && !IsBusy(); ++attempt) {
         controller->StartList(PresetId(), folder.Path(L"missing"));
         if (IsBusy())
             RunLoopUntil([&] { return watcher.SeenOnWindow() || !IsBusy(); }, "the box");

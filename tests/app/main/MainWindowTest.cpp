@@ -32,7 +32,7 @@ BOOL CALLBACK AppendChild(HWND child, LPARAM list) {
 
 // The number that a REG_DWORD of 4 bytes holds.
 uint32_t Number(const std::optional<TestSupport::RegistryValue>& value) {
-    for (uint32_t number = 0; number < 1000; number++)
+    for (uint32_t number = 0; number < 1000; ++number)
         if (value == TestSupport::DwordValue(number))
             return number;
     ADD_FAILURE() << "no small number: " << testing::PrintToString(value);
@@ -79,7 +79,7 @@ std::wstring MainWindowTest::KeyOf(size_t index) {
 }
 
 void MainWindowTest::Store(const std::vector<std::wstring>& names) {
-    for (size_t i = 0; i < names.size(); i++) {
+    for (size_t i = 0; i < names.size(); ++i) {
         registry.SetString(KeyOf(i), L"Name", names[i]);
         registry.SetDword(KeyOf(i), L"Position", static_cast<uint32_t>(names.size() - i));
     }

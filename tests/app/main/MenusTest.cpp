@@ -30,7 +30,7 @@ const Entry Line = {L"", 0};
 
 std::vector<Entry> Read(HMENU menu) {
     std::vector<Entry> entries;
-    for (int i = 0; i < GetMenuItemCount(menu); i++) {
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
         wchar_t text[200] = {};
         MENUITEMINFOW info = {};
         info.cbSize = sizeof(info);

@@ -115,7 +115,7 @@ TEST_F(PresetsTest, RemoveTakesItemPagesAndKeyAndRenumbers) {
     EXPECT_EQ(tree.Names(), (Names{L"A", L"C"}));
     EXPECT_EQ(StoredPresets(), (Stored{{L"A", 2}, {L"C", 1}}));
     EXPECT_FALSE(registry.KeyExists(KeyOf(1)));
-    for (size_t i = 0; i < pages.size(); i++)
+    for (size_t i = 0; i < pages.size(); ++i)
         EXPECT_EQ(IsWindow(pages[i]) != FALSE, i / 7 != 1) << i;
     // The tree has moved the selection, and the page has followed.
     ASSERT_NE(tree.Selected(), nullptr);
@@ -173,7 +173,7 @@ TEST_F(PresetsTest, EachItemShowsItsPageAlone) {
     for (const wchar_t* name : {L"B", L"A"}) {
         tree.Select(tree.Item(name));
         EXPECT_EQ(VisiblePage(), IDC_FORMAT_GROUP);
-        for (size_t i = 0; i < children.size(); i++) {
+        for (size_t i = 0; i < children.size(); ++i) {
             tree.Select(tree.Child(tree.Item(name), children[i]));
             EXPECT_EQ(VisiblePage(), PageGroups[i + 1]) << testing::PrintToString(children[i]);
         }

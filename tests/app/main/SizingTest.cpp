@@ -223,7 +223,7 @@ TEST_F(SizingTest, NothingIsDrawnAgainWhereNothingMoves) {
     EnumChildWindows(window, WatchErases, 0);
     erases = 0;
     RECT rect = Outer();
-    for (int i = 0; i < 5; i++) {
+    for (int i = 0; i < 5; ++i) {
         SendMessageW(window, WM_SIZING, WMSZ_RIGHT, reinterpret_cast<LPARAM>(&rect));
         Draw(window);
     }

@@ -76,7 +76,7 @@ TEST_F(StartTest, MakesSevenHiddenPagesForEachPresetInItemOrder) {
     Open();
     const std::vector<HWND> pages = Pages();
     ASSERT_EQ(pages.size(), 14u);
-    for (size_t i = 0; i < pages.size(); i++) {
+    for (size_t i = 0; i < pages.size(); ++i) {
         EXPECT_NE(GetDlgItem(pages[i], PageGroups[i % 7]), nullptr) << i;
         EXPECT_EQ(IsWindowVisible(pages[i]) != FALSE, i == 0) << i;
     }
@@ -122,7 +122,7 @@ TEST_F(StartTest, SetsAcceleratorsForTheWindow) {
     ACCEL keys[10] = {};
     ASSERT_EQ(CopyAcceleratorTableW(Process().Accelerators, keys, 10), 6);
     std::vector<WORD> codes;
-    for (int i = 0; i < 6; i++) {
+    for (int i = 0; i < 6; ++i) {
         // The last entry of a table is marked by a bit of its own.
         EXPECT_EQ(keys[i].fVirt & 0x7F, FVIRTKEY) << i;
         EXPECT_EQ(keys[i].cmd, keys[i].key) << i;

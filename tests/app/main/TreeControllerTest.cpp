@@ -97,7 +97,7 @@ protected:
 
 TEST_F(TreeControllerTest, IdsCountUpFromThePresetThroughItsPages) {
     ASSERT_EQ(ids.size(), 14u);
-    for (size_t i = 1; i < ids.size(); i++)
+    for (size_t i = 1; i < ids.size(); ++i)
         EXPECT_EQ(ids[i], ids[0] + i);
     EXPECT_EQ(controller->ItemId(first), ids[0]);
     EXPECT_EQ(controller->ItemId(second), ids[7]);

@@ -101,13 +101,13 @@ TEST_F(ColumnsPageTest, ShowsEveryColumnInStoredOrderUnderItsLabel) {
 }
 
 TEST_F(ColumnsPageTest, RootShowsWhatItsChildrenHaveInCommon) {
-    for (int i = 0; i < 12; i++)
+    for (int i = 0; i < 12; ++i)
         registry.SetDword(PresetKey + L"\\Columns\\FolderEnabled", std::to_wstring(i), 1);
     Open();
     EXPECT_EQ(State(Folders()), ItemState::Checked);
     EXPECT_EQ(State(Files()), ItemState::Mixed);
     open.reset();
-    for (int i = 0; i < 12; i++)
+    for (int i = 0; i < 12; ++i)
         registry.SetDword(PresetKey + L"\\Columns\\FolderEnabled", std::to_wstring(i), 0);
     Open();
     EXPECT_EQ(State(Folders()), ItemState::Unchecked);

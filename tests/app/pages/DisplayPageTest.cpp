@@ -142,7 +142,7 @@ const SizeStyleRow SizeStyles[] = {
 };
 
 TEST(DisplayPage, StoredSizeStyleIsChosen) {
-    for (int i = 0; i < static_cast<int>(std::size(SizeStyles)); i++) {
+    for (int i = 0; i < static_cast<int>(std::size(SizeStyles)); ++i) {
         SCOPED_TRACE(i);
         const TestRegistry registry;
         registry.SetString(Display, L"SizeStyle", SizeStyles[i].stored);

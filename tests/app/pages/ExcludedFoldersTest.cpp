@@ -35,7 +35,7 @@ protected:
 
     Folders Shown() const {
         Folders shown;
-        for (int i = 0; i < SendMessageW(list, LVM_GETITEMCOUNT, 0, 0); i++)
+        for (int i = 0; i < SendMessageW(list, LVM_GETITEMCOUNT, 0, 0); ++i)
             shown.push_back(Entry(i));
         return shown;
     }

@@ -34,7 +34,7 @@ const FilterRow Filters[] = {
 constexpr int Custom = 8;
 
 TEST(FilterPage, StoredFilterIsShownWithItsPattern) {
-    for (int i = 0; i <= Custom; i++) {
+    for (int i = 0; i <= Custom; ++i) {
         SCOPED_TRACE(i);
         const TestRegistry registry;
         registry.SetDword(Filter, L"PresetSearchPattern", static_cast<uint32_t>(i));

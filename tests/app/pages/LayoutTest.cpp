@@ -78,14 +78,12 @@ TEST(Layout, RowsStandBelowEachOther) {
             SCOPED_TRACE(testing::Message() << page.page.name << " " << row.id);
             const RECT place = open.Place(row.id);
             EXPECT_EQ(place.top, bottom + row.gapAbove);
-            if (row.fit == Fit::Right) {
+            if (row.fit == Fit::Right)
                 EXPECT_EQ(place.right, Width - row.left);
-            } else {
+            else
                 EXPECT_EQ(place.left, row.left);
-            }
-            if (row.fit == Fit::Wide) {
+            if (row.fit == Fit::Wide)
                 EXPECT_EQ(place.right, Width - 20);
-            }
             bottom = place.bottom;
         }
     }

@@ -64,7 +64,7 @@ void OpenPage::Resize(int width, int height) const {
 std::vector<std::wstring> OpenPage::Entries(int id) const {
     std::vector<std::wstring> entries;
     const LRESULT count = SendMessageW(Control(id), CB_GETCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; i++) {
+    for (LRESULT i = 0; i < count; ++i) {
         wchar_t text[256] = {};
         SendMessageW(Control(id), CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text));
         entries.push_back(text);
@@ -75,6 +75,6 @@ std::vector<std::wstring> OpenPage::Entries(int id) const {
 void OpenPage::Choose(int id, int entry) {
     Focus(id);
     Ui::TypeKeys(pump, {VK_HOME});
-    for (int i = 0; i < entry; i++)
+    for (int i = 0; i < entry; ++i)
         Ui::TypeKeys(pump, {VK_DOWN});
 }

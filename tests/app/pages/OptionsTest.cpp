@@ -213,7 +213,7 @@ TEST_F(OptionsTest, TabGoesFromTheTopPastTheHiddenSwitch) {
     Run([](HWND dialog) {
         std::vector<int> walked;
         HWND control = GetFocus();
-        for (int i = 0; i < 3; i++) {
+        for (int i = 0; i < 3; ++i) {
             walked.push_back(GetDlgCtrlID(control));
             control = GetNextDlgTabItem(dialog, control, FALSE);
         }

@@ -2,7 +2,7 @@
 
 HTREEITEM OrderPageTest::Child(HTREEITEM root, int index) const {
     HTREEITEM item = tree.Related(root, TVGN_CHILD);
-    for (int i = 0; i < index; i++)
+    for (int i = 0; i < index; ++i)
         item = tree.Related(item, TVGN_NEXT);
     return item;
 }

@@ -147,7 +147,7 @@ TEST(PageBase, TabWalksFromTopToBottomInTheOrderOfTheTemplate) {
     open.Click(IDC_SAVING_CUSTOM);
     open.Focus(IDC_SAVING_CUSTOM);
     std::vector<int> walked;
-    for (int i = 0; i < 3; i++) {
+    for (int i = 0; i < 3; ++i) {
         Ui::TypeKeys(open.pump, {VK_TAB});
         walked.push_back(GetDlgCtrlID(GetFocus()));
     }

@@ -208,7 +208,7 @@ TEST(OpeningPage, OffersProgramsAndAllFiles) {
     const Ui::DismissModal look([&](HWND dialog) {
         const HWND combo = GetDlgItem(dialog, cmb1);
         chosen = SendMessageW(combo, CB_GETCURSEL, 0, 0);
-        for (LRESULT i = 0; i < SendMessageW(combo, CB_GETCOUNT, 0, 0); i++) {
+        for (LRESULT i = 0; i < SendMessageW(combo, CB_GETCOUNT, 0, 0); ++i) {
             wchar_t text[128] = {};
             SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text));
             filters.push_back(text);

@@ -129,7 +129,7 @@ TEST_F(SortingPageTest, RootGivesAllItsKeysOneDirection) {
 TEST_F(SortingPageTest, KeyMovedToTheTopComesFirstAndTheOthersKeepTheirOrder) {
     Open();
     ClickLabel(Child(Files(), 4));
-    for (int i = 0; i < 4; i++)
+    for (int i = 0; i < 4; ++i)
         MoveUp();
     EXPECT_FALSE(CanMoveUp());
     EXPECT_EQ(Stored(L"Sorting\\FileSortKeys"), Words({L"TimeCreated", L"Path", L"Name", L"Extension",

@@ -55,7 +55,7 @@ TEST_F(DialogTemplates, HaveTheseControlsFromTheTopDown) {
     for (const DialogRow& row : Dialogs) {
         const Ui::DialogTemplate dialog = Read(row);
         ASSERT_EQ(dialog.items.size(), row.controls.size()) << row.id;
-        for (size_t i = 0; i < row.controls.size(); i++) {
+        for (size_t i = 0; i < row.controls.size(); ++i) {
             const ControlRow& control = row.controls[i];
             const Ui::TemplateItem& item = dialog.items[i];
             SCOPED_TRACE(testing::Message() << row.id << " " << control.id);
@@ -74,7 +74,7 @@ TEST_F(DialogTemplates, GiveTheControlsTheirPlaces) {
     for (const DialogRow& row : Dialogs) {
         const Ui::DialogTemplate dialog = Read(row);
         ASSERT_EQ(dialog.items.size(), row.controls.size()) << row.id;
-        for (size_t i = 0; i < row.controls.size(); i++) {
+        for (size_t i = 0; i < row.controls.size(); ++i) {
             const Place& place = row.controls[i].place;
             if (place.cx == 0)
                 continue;

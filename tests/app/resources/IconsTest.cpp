@@ -49,7 +49,7 @@ std::vector<Image> ImagesOfFile(const std::string& name) {
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     const auto bytes = std::as_bytes(std::span(text));
     std::vector<Image> images;
-    for (size_t i = 0; i < At<WORD>(bytes, 4); i++) {
+    for (size_t i = 0; i < At<WORD>(bytes, 4); ++i) {
         const auto entry = bytes.subspan(HeaderSize + i * FileEntrySize, FileEntrySize);
         const auto image = bytes.subspan(At<DWORD>(entry, 12), At<DWORD>(entry, 8));
         images.push_back({SizeOf(entry), {image.begin(), image.end()}});
@@ -60,7 +60,7 @@ std::vector<Image> ImagesOfFile(const std::string& name) {
 std::vector<Image> ImagesOfResource(const BuiltFile& program, int id) {
     const auto directory = program.Resource(ResourceType::IconGroup, id);
     std::vector<Image> images;
-    for (size_t i = 0; i < At<WORD>(directory, 4); i++) {
+    for (size_t i = 0; i < At<WORD>(directory, 4); ++i) {
         const auto entry = directory.subspan(HeaderSize + i * ResourceEntrySize, ResourceEntrySize);
         const auto image = program.Resource(ResourceType::Icon, At<WORD>(entry, 12));
         images.push_back({SizeOf(entry), {image.begin(), image.end()}});

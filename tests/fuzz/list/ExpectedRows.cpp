@@ -61,10 +61,9 @@ std::string AttributeText(DWORD attributes) {
 // neither does one directly after a dot that does.
 size_t PartingDot(const std::wstring& name) {
     size_t dot = std::wstring::npos;
-    for (size_t i = 1; i < name.size(); ++i) {
+    for (size_t i = 1; i < name.size(); ++i)
         if (name[i] == L'.')
             dot = i++;
-    }
     return dot;
 }
 
@@ -123,10 +122,9 @@ std::vector<Column> Shown(const Preset& preset,
                           MetaTypes::Field<Columns::Record, std::array<Column, Count>> columns,
                           MetaTypes::Field<Columns::Record, std::array<bool, Count>> enabled) {
     std::vector<Column> shown;
-    for (size_t i = 0; i < Count; ++i) {
+    for (size_t i = 0; i < Count; ++i)
         if (preset.Get(enabled, i))
             shown.push_back(preset.Get(columns, i));
-    }
     return shown;
 }
 
@@ -162,13 +160,12 @@ std::vector<std::string> ExpectedRows(const ExpectedScan& scan, const Preset& pr
     std::vector<std::string> rows;
     for (const ExpectedRecord& record : scan.records) {
         std::vector<std::string> cells;
-        if (record.entry->isFolder) {
+        if (record.entry->isFolder)
             for (const FolderColumn column : FolderColumns(preset))
                 cells.push_back(FolderCell(record, column, style));
-        } else {
+        else
             for (const FileColumn column : FileColumns(preset))
                 cells.push_back(FileCell(record, column, style));
-        }
         const std::string row = cells.empty() ? "" : Row(cells, record.depth * indent, html);
         if (!row.empty())
             rows.push_back(row);
@@ -184,10 +181,9 @@ size_t ExpectedRowCount(const ExpectedScan& scan, const Preset& preset) {
 
 std::vector<std::string> RowsOf(const std::vector<std::string>& lines, bool html) {
     std::vector<std::string> rows;
-    for (const std::string& line : lines) {
+    for (const std::string& line : lines)
         if (html ? line.starts_with("\t\t<td>") : !line.empty() && !line.starts_with('|'))
             rows.push_back(WithoutNumbers(line, html));
-    }
     std::ranges::sort(rows);
     return rows;
 }

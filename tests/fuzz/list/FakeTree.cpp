@@ -67,10 +67,9 @@ std::wstring MakeName(Input& input) {
     if (choice < std::size(Names))
         return Names[choice];
     std::wstring name = input.Text(10);
-    for (wchar_t& unit : name) {
+    for (wchar_t& unit : name)
         if (unit < 32 || std::wstring_view(L"<>:\"/\\|?*").find(unit) != std::wstring_view::npos)
             unit = L'_';
-    }
     return name;
 }
 

@@ -23,10 +23,9 @@ bool IsChosen(int use, int uses) {
 }
 
 std::wstring SubjectOf(Call call, int use) {
-    for (const FakeWin::LoggedCall& logged : FakeWin::Log()) {
+    for (const FakeWin::LoggedCall& logged : FakeWin::Log())
         if (logged.call == call && --use == 0)
             return logged.subject;
-    }
     return {};
 }
 

@@ -60,10 +60,9 @@ void FailEveryCall(const Situation& situation, const std::vector<Row>& table,
     for (const Row& row : table)
         calls.push_back(row.call);
     every.ExpectRowsFor(calls);
-    for (const Row& row : table) {
+    for (const Row& row : table)
         if (row.error != CannotFail)
             every.FailEachUse(row.call, row.error, [&](const Failure& failure) { check(row, failure); });
-    }
 }
 
 }  // namespace TestSupport

@@ -8,7 +8,7 @@
 
 namespace {
 
-thread_local std::size_t smallestToFail = SIZE_MAX;
+thread_local size_t smallestToFail = SIZE_MAX;
 thread_local int sparedAllocations = 0;
 thread_local int failingAllocations = 0;
 thread_local bool hasStruck = false;
@@ -24,7 +24,7 @@ void Free(void* memory) {
 
 }  // namespace
 
-ScarceMemory::ScarceMemory(std::size_t bytes, int spared, int failing) {
+ScarceMemory::ScarceMemory(size_t bytes, int spared, int failing) {
     smallestToFail = bytes;
     sparedAllocations = spared;
     failingAllocations = failing;
@@ -54,7 +54,7 @@ long ScarceMemory::Live() {
 
 // All forms, since under a sanitizer none of them calls another.
 
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+void* operator new(size_t size, const std::nothrow_t&) noexcept {
     if (FakeWin::AllocatesForTheSystem())
         return std::malloc(size);
     if (size >= smallestToFail && sparedAllocations-- <= 0 && failingAllocations-- > 0) {
@@ -66,14 +66,14 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return std::malloc(size);
 }
 
-void* operator new(std::size_t size) {
+void* operator new(size_t size) {
     if (void* const memory = operator new(size, std::nothrow))
         return memory;
     hasThrown = true;
     throw std::bad_alloc();
 }
 
-void* operator new[](std::size_t size) {
+void* operator new[](size_t size) {
     return operator new(size);
 }
 
@@ -81,7 +81,7 @@ void operator delete(void* memory) noexcept {
     Free(memory);
 }
 
-void operator delete(void* memory, std::size_t) noexcept {
+void operator delete(void* memory, size_t) noexcept {
     Free(memory);
 }
 
@@ -93,6 +93,6 @@ void operator delete[](void* memory) noexcept {
     Free(memory);
 }
 
-void operator delete[](void* memory, std::size_t) noexcept {
+void operator delete[](void* memory, size_t) noexcept {
     Free(memory);
 }

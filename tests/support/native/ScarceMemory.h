@@ -9,7 +9,7 @@
 // allocates never fails.
 class ScarceMemory {
 public:
-    explicit ScarceMemory(std::size_t bytes, int spared = 0, int failing = INT_MAX);
+    explicit ScarceMemory(size_t bytes, int spared = 0, int failing = INT_MAX);
     ~ScarceMemory();
     ScarceMemory(const ScarceMemory&) = delete;
     ScarceMemory& operator=(const ScarceMemory&) = delete;

@@ -98,10 +98,9 @@ std::string Differences(const Snapshot& actual, const Snapshot& expected) {
             text += "different: " + Utf8(path) + " = " + Shown(bytes) + "\ninstead of " +
                     Shown(found->second) + "\n";
     }
-    for (const auto& [path, bytes] : expected) {
+    for (const auto& [path, bytes] : expected)
         if (!actual.contains(path))
             text += "missing: " + Utf8(path) + " = " + Shown(bytes) + "\n";
-    }
     return text;
 }
 

@@ -31,10 +31,9 @@ SeenDialog Read(HWND dialog) {
     SeenDialog seen = {WinLib::GetWindowText(dialog), L"", GetWindow(dialog, GW_OWNER)};
     std::vector<HWND> children;
     EnumChildWindows(dialog, AppendWindow, reinterpret_cast<LPARAM>(&children));
-    for (const HWND child : children) {
+    for (const HWND child : children)
         if (ClassOf(child) == L"Static")
             seen.text += WinLib::GetWindowText(child);
-    }
     return seen;
 }
 

@@ -38,10 +38,9 @@ void PostKey(WORD key, bool isSystemKey) {
 bool TakesInput(HWND window) {
     if (!IsWindowVisible(window))
         return false;
-    for (; window != nullptr && window != GetDesktopWindow(); window = GetAncestor(window, GA_PARENT)) {
+    for (; window != nullptr && window != GetDesktopWindow(); window = GetAncestor(window, GA_PARENT))
         if (!IsWindowEnabled(window))
             return false;
-    }
     return true;
 }
 

@@ -41,7 +41,7 @@ public:
     Picture Read() const {
         GdiFlush();
         Picture picture = {width_, height_, {}};
-        for (int i = 0; i < width_ * height_; i++) {
+        for (int i = 0; i < width_ * height_; ++i) {
             const uint32_t pixel = bits_[i];
             picture.pixels.push_back(RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF));
         }

@@ -66,7 +66,7 @@ TEST(Arguments, AreSplitAtBlanksOutsideQuotesAndAtQuotes) {
 TEST(Arguments, OfAVeryLongLineAreAllKept) {
     const size_t count = 20000;
     std::wstring line;
-    for (size_t i = 0; i < count; i++)
+    for (size_t i = 0; i < count; ++i)
         line += L"ab \"c d\"\t";
     const std::vector<std::wstring> arguments = SplitArguments(line);
     ASSERT_EQ(arguments.size(), 2 * count);

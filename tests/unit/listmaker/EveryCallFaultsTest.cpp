@@ -108,7 +108,8 @@ TEST_F(EveryCallOfAJob, AloneHasTheOutcomeThatIsSettledForIt) {
         SCOPED_TRACE(static_cast<int>(method));
         std::vector<Row> rows = FailingJob::Rows();
         if (method == OpenMethod::Nothing)
-            std::erase_if(rows, [](const Row& row) { return row.call == Call::ShellExecuteExW; });
+            std::erase_if(
+                rows, [](const Row& row) { return row.call == Call::ShellExecuteExW; });
         const Situation situation{[this] { Prepare(); }, [&] { RunAlone(MakePreset(method)); }};
         TestSupport::FailEveryCall<Row>(situation, rows, [&](const Row& row, const Failure& failure) {
             Outcome outcome(method);

@@ -12,10 +12,9 @@ namespace {
 // The lines with a stamp, in the order in which they are written.
 std::vector<size_t> Stamps(const Outcome& outcome) {
     std::vector<size_t> stamps;
-    for (size_t i = 0; i < outcome.lines.size(); ++i) {
+    for (size_t i = 0; i < outcome.lines.size(); ++i)
         if (!outcome.lines[i].date.empty())
             stamps.push_back(i);
-    }
     return stamps;
 }
 
@@ -24,9 +23,11 @@ size_t Index(int use) {
 }
 
 void FolderStaysEmpty(Outcome& outcome, const Failure& failure) {
-    std::erase_if(outcome.lines, [&](const Line& line) {
-        return line.folder == failure.subject || line.folder.starts_with(failure.subject + L"\\");
-    });
+    std::erase_if(
+        outcome.lines,
+        [&](const Line& line) {
+            return line.folder == failure.subject || line.folder.starts_with(failure.subject + L"\\");
+        });
 }
 
 void NoListAndMessage(Outcome& outcome, const std::wstring& message) {

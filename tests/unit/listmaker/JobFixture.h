@@ -59,7 +59,8 @@ struct Fixture : testing::Test {
 
     // The user who presses this button as soon as the dialog shows.
     static void ClickWhenShown(int id) {
-        FakeWin::OnDialogShown(IDD_PROGRESS, [id](HWND dialog) { EXPECT_TRUE(FakeWin::Click(dialog, id)); });
+        FakeWin::OnDialogShown(
+            IDD_PROGRESS, [id](HWND dialog) { EXPECT_TRUE(FakeWin::Click(dialog, id)); });
     }
 
     // The dialog with its buttons, from the worker.

@@ -129,7 +129,7 @@ private:
     }
 
     void Pause() const {
-        for (uint32_t i = 0; i < plan_.pause; i++)
+        for (uint32_t i = 0; i < plan_.pause; ++i)
             std::this_thread::yield();
     }
 

@@ -176,7 +176,7 @@ struct EarlyErrors : ListMakerWithUIErrors {
         beforeTheDialog = [&] {
             while (!failed)
                 std::this_thread::yield();
-            for (int turn = 0; turn < 1000; turn++)
+            for (int turn = 0; turn < 1000; ++turn)
                 std::this_thread::yield();
             next();
         };
@@ -189,7 +189,7 @@ struct EarlyErrors : ListMakerWithUIErrors {
 TEST_F(EarlyErrors, WaitForTheDialog) {
     HWND shown = nullptr;
     FakeWin::OnDialogShown(IDD_PROGRESS, [&](HWND dialog) { shown = dialog; });
-    for (size_t i = 1; i <= 100 && !HasFailure(); i++) {
+    for (size_t i = 1; i <= 100 && !HasFailure(); ++i) {
         TestJob job(holding, MakePreset(), Missing);
         Start(job, [] {});
         EXPECT_TRUE(job.IsFinished());

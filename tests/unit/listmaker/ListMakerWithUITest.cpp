@@ -58,7 +58,7 @@ LRESULT CALLBACK AwaitingProcedure(HWND window, UINT message, WPARAM wParam, LPA
 TEST_F(ListMakerWithUITest, ClosesAThousandTimesIfItEndsBeforeItsDialogExists) {
     const HWND awaiting = FakeWin::CreatePlainWindow(AwaitingProcedure);
     FakeWin::AddFolder(L"C:\\Empty");
-    for (int i = 1; i <= 1000 && !HasFailure(); i++) {
+    for (int i = 1; i <= 1000 && !HasFailure(); ++i) {
         ListMakerWithUI job(awaiting, MakePreset(), L"C:\\Empty");
         watched = &job;
         EXPECT_TRUE(job.Start()) << i;
@@ -69,7 +69,7 @@ TEST_F(ListMakerWithUITest, ClosesAThousandTimesIfItEndsBeforeItsDialogExists) {
 
 TEST_F(ListMakerWithUITest, EndsAThousandTimesAtAnyMoment) {
     FakeWin::AddFolder(L"C:\\Empty");
-    for (int i = 1; i <= 1000 && !HasFailure(); i++) {
+    for (int i = 1; i <= 1000 && !HasFailure(); ++i) {
         ListMakerWithUI job(owner, MakePreset(), L"C:\\Empty");
         EXPECT_TRUE(job.Start()) << i;
         EXPECT_TRUE(job.IsFinished()) << i;

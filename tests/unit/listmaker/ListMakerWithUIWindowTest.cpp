@@ -82,7 +82,7 @@ TEST_F(ListMakerWithUIWindow, ClosesByItselfAtTheEnd) {
 
 TEST_F(ListMakerWithUIWindow, ClosesAThousandTimesIfItsJobEndsBeforeItExists) {
     folder.AddFolder(L"Empty");
-    for (int i = 0; i < 1000 && !HasFailure(); i++) {
+    for (int i = 0; i < 1000 && !HasFailure(); ++i) {
         {
             ListMakerWithUI job(owner, MakePreset(), folder.Path(L"Empty"));
             beforeTheDialog = [&] {
@@ -184,7 +184,7 @@ ShownError LookAt(HWND box) {
     const HWND dialog = GetWindow(box, GW_OWNER);
     ShownError shown;
     shown.onDialog = GetDlgItem(dialog, IDC_PROGRESS_CANCEL) != nullptr;
-    for (int i = 0; i < 2000 && !IsWindowVisible(dialog); i++)
+    for (int i = 0; i < 2000 && !IsWindowVisible(dialog); ++i)
         Sleep(1);
     shown.dialogTakesClicks = IsWindowEnabled(dialog) != FALSE;
     for (const HWND window : {dialog, box})
@@ -194,7 +194,7 @@ ShownError LookAt(HWND box) {
 }
 
 TEST_F(ListMakerWithUIWindow, ShowsAnErrorThatComesBeforeTheDialogOnTheDialog) {
-    for (int i = 0; i < 50 && !HasFailure(); i++) {
+    for (int i = 0; i < 50 && !HasFailure(); ++i) {
         SCOPED_TRACE(i);
         const HWND jobOwner = i % 2 == 0 ? owner : nullptr;
         ShownError shown;
@@ -218,7 +218,7 @@ TEST_F(ListMakerWithUIWindow, ShowsAnErrorThatComesBeforeTheDialogOnTheDialog) {
 
 // Without this thread's service neither the box nor the job would ever come to an end.
 TEST_F(ListMakerWithUIWindow, HasItsErrorAnsweredWhileTheOwnerWaits) {
-    for (int i = 0; i < 20 && !HasFailure(); i++) {
+    for (int i = 0; i < 20 && !HasFailure(); ++i) {
         const Ui::DismissModal user(IDC_PROGRESS_BACKGROUND);
         const Ui::DismissFromAside answer(IDOK);
         std::promise<void> go;

@@ -50,10 +50,9 @@ Preset PresetOf(const Place& place) {
 }
 
 void Prepare() {
-    for (const wchar_t* folder : {L"C:\\Temp\\", L"C:\\Data\\Photos\\", L"C:\\Lists\\", L"C:\\"}) {
+    for (const wchar_t* folder : {L"C:\\Temp\\", L"C:\\Data\\Photos\\", L"C:\\Lists\\", L"C:\\"})
         for (int n = 1; n <= Existing; ++n)
             FakeWin::AddFile(Name(folder, n), "old");
-    }
 }
 
 struct Row {

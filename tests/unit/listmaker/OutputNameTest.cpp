@@ -141,7 +141,7 @@ TEST(OutputName, CountsFromTwoWhileAFileExists) {
     EXPECT_EQ(name(), folder.Path(L"List of Photos (2).txt"));
     folder.AddFile(L"List of Photos (2).txt");
     EXPECT_EQ(name(), folder.Path(L"List of Photos (4).txt"));
-    for (int i = 4; i <= 11; i++)
+    for (int i = 4; i <= 11; ++i)
         folder.AddFile(L"List of Photos (" + std::to_wstring(i) + L").txt");
     EXPECT_EQ(name(), folder.Path(L"List of Photos (12).txt"));
 }

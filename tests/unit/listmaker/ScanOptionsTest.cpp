@@ -10,9 +10,9 @@ namespace {
 using Scanner::Comparison;
 
 void EnableNoColumn(Preset& preset) {
-    for (size_t i = 0; i < FolderColumnCount; i++)
+    for (size_t i = 0; i < FolderColumnCount; ++i)
         preset.Get(Columns::FolderEnabled, i) = false;
-    for (size_t i = 0; i < FileColumnCount; i++)
+    for (size_t i = 0; i < FileColumnCount; ++i)
         preset.Get(Columns::FileEnabled, i) = false;
 }
 
@@ -27,7 +27,7 @@ TEST(ScanOptions, CollectFoldersIfAnyFolderColumnIsOn) {
     Preset preset(L"test");
     EnableNoColumn(preset);
     EXPECT_FALSE(ScanOptions(preset, nullptr).collectFolders);
-    for (size_t i = 0; i < FolderColumnCount; i++) {
+    for (size_t i = 0; i < FolderColumnCount; ++i) {
         EnableNoColumn(preset);
         preset.Get(Columns::FolderEnabled, i) = true;
         EXPECT_TRUE(ScanOptions(preset, nullptr).collectFolders) << i;
@@ -39,7 +39,7 @@ TEST(ScanOptions, CollectFilesIfAnyFileColumnIsOn) {
     Preset preset(L"test");
     EnableNoColumn(preset);
     EXPECT_FALSE(ScanOptions(preset, nullptr).collectFiles);
-    for (size_t i = 0; i < FileColumnCount; i++) {
+    for (size_t i = 0; i < FileColumnCount; ++i) {
         EnableNoColumn(preset);
         preset.Get(Columns::FileEnabled, i) = true;
         EXPECT_TRUE(ScanOptions(preset, nullptr).collectFiles) << i;
@@ -165,16 +165,16 @@ TEST(ScanOptions, TranslateTheFileKeysInTheirOrder) {
 
 TEST(ScanOptions, SortAscendingOnlyWhereTheOrderSaysExactlyThat) {
     Preset preset(L"test");
-    for (size_t i = 0; i < FolderSortKeyCount; i++)
+    for (size_t i = 0; i < FolderSortKeyCount; ++i)
         preset.Get(Sorting::FolderSortOrder, i) = static_cast<SortOrder>(i % 3);
-    for (size_t i = 0; i < FileSortKeyCount; i++)
+    for (size_t i = 0; i < FileSortKeyCount; ++i)
         preset.Get(Sorting::FileSortOrder, i) = static_cast<SortOrder>(i % 3);
     const Scanner::Options options = ScanOptions(preset, nullptr);
     ASSERT_EQ(options.folderSortKeys.size(), FolderSortKeyCount);
-    for (size_t i = 0; i < FolderSortKeyCount; i++)
+    for (size_t i = 0; i < FolderSortKeyCount; ++i)
         EXPECT_EQ(options.folderSortKeys[i].ascending, i % 3 == 0) << i;
     ASSERT_EQ(options.fileSortKeys.size(), FileSortKeyCount);
-    for (size_t i = 0; i < FileSortKeyCount; i++)
+    for (size_t i = 0; i < FileSortKeyCount; ++i)
         EXPECT_EQ(options.fileSortKeys[i].ascending, i % 3 == 0) << i;
 }
 

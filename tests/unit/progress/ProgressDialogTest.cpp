@@ -66,20 +66,16 @@ TEST(ProgressTemplate, HasTheseControlsFromTheTopDown) {
 }
 
 TEST(ProgressTemplate, OnlyOneBarIsAMarquee) {
-    for (const Ui::TemplateItem& item : Ui::ReadDialogTemplate(150).items) {
-        if (item.className == L"MSCTLS_PROGRESS32") {
+    for (const Ui::TemplateItem& item : Ui::ReadDialogTemplate(150).items)
+        if (item.className == L"MSCTLS_PROGRESS32")
             EXPECT_EQ((item.style & PBS_MARQUEE) != 0, item.id == 1110);
-        }
-    }
 }
 
 // A push button is the default one by its style, from the template or later from the dialog manager.
 TEST(ProgressTemplate, HasNoDefaultButton) {
-    for (const Ui::TemplateItem& item : Ui::ReadDialogTemplate(150).items) {
-        if (item.className == L"BUTTON") {
+    for (const Ui::TemplateItem& item : Ui::ReadDialogTemplate(150).items)
+        if (item.className == L"BUTTON")
             EXPECT_EQ(item.style & BS_TYPEMASK, static_cast<DWORD>(BS_PUSHBUTTON)) << item.id;
-        }
-    }
 }
 
 class ProgressDialog : public testing::Test {

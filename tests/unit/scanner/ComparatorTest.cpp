@@ -70,10 +70,9 @@ TEST(Comparator, OrdersDigitsAsTheSystemDoesWhateverStandsAroundThem) {
         const DWORD flags = NORM_IGNORECASE | (natural ? SORT_DIGITSASNUMBERS : 0u);
         for (const std::wstring& beginning : beginnings) {
             texts.clear();
-            for (const std::wstring& end : ends) {
+            for (const std::wstring& end : ends)
                 for (wchar_t digit = L'0'; digit <= L'9'; ++digit)
                     texts.push_back(beginning + digit + end);
-            }
             for (const std::wstring& a : texts) {
                 for (const std::wstring& b : texts) {
                     const int order =

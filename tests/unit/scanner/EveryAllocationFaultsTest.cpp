@@ -89,9 +89,8 @@ Attempt ScanWith(Options options, CountingListener& listener, int spared, int fa
             attempt.struck = ScarceMemory::HasStruck();
             attempt.thrown = ScarceMemory::HasThrown();
         }
-        if (attempt.scanned) {
+        if (attempt.scanned)
             EXPECT_EQ(Lines(result.root), lines);
-        }
     }
     EXPECT_EQ(ScarceMemory::Live(), live) << "what was taken is given back";
     EXPECT_EQ(FakeWin::LeftOpen(), "");

@@ -17,7 +17,7 @@ using namespace Scanner;
 namespace {
 
 // A block of either arena takes more; nothing else in these scans does.
-constexpr std::size_t BlockBytes = RecordPool::BlockCapacity * sizeof(Record);
+constexpr size_t BlockBytes = RecordPool::BlockCapacity * sizeof(Record);
 
 }  // namespace
 
@@ -70,7 +70,7 @@ TEST(OutOfMemory, SortsAllTheSame) {
     const auto inOrder = [](const Record& a, const Record& b) {
         return a.size < b.size || (a.size == b.size && std::stoi(a.name) < std::stoi(b.name));
     };
-    for (std::size_t i = 1; i < 1000; ++i) {
+    for (size_t i = 1; i < 1000; ++i) {
         ASSERT_TRUE(inOrder(*tree.Root().files[i - 1], *tree.Root().files[i])) << i;
         ASSERT_TRUE(inOrder(*tree.Root().folders[i - 1].folder, *tree.Root().folders[i].folder)) << i;
     }

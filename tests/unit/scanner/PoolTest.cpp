@@ -19,14 +19,14 @@ TEST(RecordPool, HoldsTheAgreedNumberOfRecordsInABlock) {
 TEST(RecordPool, HandsOutTheRecordsOfABlockSideBySide) {
     RecordPool pool;
     Record* const first = pool.Allocate();
-    for (std::size_t i = 1; i < RecordPool::BlockCapacity; ++i)
+    for (size_t i = 1; i < RecordPool::BlockCapacity; ++i)
         ASSERT_EQ(pool.Allocate(), first + i);
 }
 
 TEST(RecordPool, StartsASecondBlockBehindTheFirstAndLeavesTheFirstWhereItIs) {
     RecordPool pool;
     std::vector<Record*> records;
-    for (std::size_t i = 0; i < RecordPool::BlockCapacity; ++i) {
+    for (size_t i = 0; i < RecordPool::BlockCapacity; ++i) {
         records.push_back(pool.Allocate());
         records.back()->size = i;
     }
@@ -34,7 +34,7 @@ TEST(RecordPool, StartsASecondBlockBehindTheFirstAndLeavesTheFirstWhereItIs) {
     EXPECT_NE(next, records.back() + 1);
     EXPECT_EQ(pool.Allocate(), next + 1);
     next->size = 0;
-    for (std::size_t i = 0; i < records.size(); ++i)
+    for (size_t i = 0; i < records.size(); ++i)
         ASSERT_EQ(records[i]->size, i);
 }
 
@@ -50,7 +50,7 @@ TEST(RecordPool, OutlivesItsReservedBlocks) {
     for (uint64_t block = 0; block < 130; ++block) {
         firstOfBlock.push_back(pool.Allocate());
         firstOfBlock.back()->size = block;
-        for (std::size_t i = 1; i < RecordPool::BlockCapacity; ++i)
+        for (size_t i = 1; i < RecordPool::BlockCapacity; ++i)
             pool.Allocate();
     }
     for (uint64_t block = 0; block < firstOfBlock.size(); ++block)

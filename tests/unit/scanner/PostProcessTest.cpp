@@ -141,7 +141,7 @@ TEST(PostProcess, LeavesTiesInTheirOrderInLongLists) {
     }
     TestTree tree(entries);
     PostProcess(tree.Root(), Folders(Comparison::Size, false), Files(Comparison::Size));
-    for (std::size_t i = 1; i < 5000; ++i) {
+    for (size_t i = 1; i < 5000; ++i) {
         const File& a = *tree.Root().files[i - 1];
         const File& b = *tree.Root().files[i];
         ASSERT_TRUE(a.size < b.size || (a.size == b.size && std::stoi(a.name) < std::stoi(b.name))) << i;
@@ -173,7 +173,7 @@ TEST(PostProcess, TakesNoCallStackForDepth) {
     std::vector<Record> records(Levels + 1, Record{});
     Node root(&records[0]);
     Node* node = &root;
-    for (std::size_t level = 1; level <= Levels; ++level)
+    for (size_t level = 1; level <= Levels; ++level)
         node = &node->folders.emplace_back(&records[level]);
     File file{};
     file.size = 5;

@@ -9,7 +9,7 @@
 using namespace Scanner;
 
 TEST(Record, KeepsTheOrderOfItsFields) {
-    const std::size_t offsets[] = {
+    const size_t offsets[] = {
         offsetof(Record, parent),          offsetof(Record, name),
         offsetof(Record, extension),       offsetof(Record, fullName),
         offsetof(Record, flags),           offsetof(Record, attributes),
@@ -19,8 +19,8 @@ TEST(Record, KeepsTheOrderOfItsFields) {
         offsetof(Record, timeCreated),     offsetof(Record, lastTimeAccessed),
         offsetof(Record, lastTimeWritten),
     };
-    const std::size_t expected[] = {0, 8, 16, 24, 32, 36, 40, 48, 56, 64, 72, 80, 88, 96, 104};
-    for (std::size_t i = 0; i < std::size(expected); ++i)
+    const size_t expected[] = {0, 8, 16, 24, 32, 36, 40, 48, 56, 64, 72, 80, 88, 96, 104};
+    for (size_t i = 0; i < std::size(expected); ++i)
         EXPECT_EQ(offsets[i], expected[i]) << "field " << i;
     EXPECT_EQ(sizeof(Record), 112u);
 }
@@ -54,7 +54,7 @@ TEST(Node, IsDestroyedWithoutRecursion) {
     Node* node = &root;
     for (int level = 0; level < Levels; ++level) {
         node->folders.resize(3);
-        node = &node->folders[static_cast<std::size_t>(level % 3)];
+        node = &node->folders[static_cast<size_t>(level % 3)];
     }
 }
 
@@ -72,7 +72,7 @@ TEST(Node, IsDestroyedWhateverItsShape) {
     for (unsigned shape = 0; shape < 1u << 12; ++shape) {
         Node root;
         Node* nodes[13] = {&root};
-        for (std::size_t i = 0; i < 12; ++i) {
+        for (size_t i = 0; i < 12; ++i) {
             Node& parent = *nodes[shape >> i & 1 ? i : i / 2];
             parent.folders.reserve(12);
             nodes[i + 1] = &parent.folders.emplace_back();

@@ -163,7 +163,7 @@ TEST_F(ScanOrder, ReadsADeepTree) {
     options.collectFiles = true;
     options.folderSortKeys = {{Comparison::Path, true}};
     EXPECT_TRUE(Run());
-    ASSERT_EQ(result.root.folders.size(), std::size_t{Levels});
+    ASSERT_EQ(result.root.folders.size(), size_t{Levels});
     EXPECT_EQ(result.root.folders.back().folder->depth, Levels - 1);
     EXPECT_EQ(result.root.folder->size, 5u);
 }
@@ -173,7 +173,7 @@ TEST_F(ScanOrder, NeedsMoreThanOneBlockForManyEntries) {
         FakeWin::AddFile(L"C:\\Data\\" + std::to_wstring(i) + L".some_extension", 1);
     EXPECT_TRUE(Run());
     ASSERT_EQ(result.root.files.size(), 10'000u);
-    for (std::size_t i = 0; i < 10'000; ++i)
+    for (size_t i = 0; i < 10'000; ++i)
         ASSERT_EQ(result.root.files[i]->name, std::to_wstring(i));
     EXPECT_EQ(result.root.folder->size, 10'000u);
 }

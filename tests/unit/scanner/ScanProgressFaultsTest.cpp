@@ -38,10 +38,9 @@ protected:
     // What was called before the stage after the walk.
     Names CallsOfTheWalk() const {
         Names calls = listener.calls;
-        for (std::size_t i = 0; i < calls.size(); ++i) {
+        for (size_t i = 0; i < calls.size(); ++i)
             if (calls[i].starts_with(L"progress: Post processing"))
                 return Names(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(i) - 1);
-        }
         return calls;
     }
 
@@ -122,12 +121,11 @@ TEST_F(ScanProgress, ReadsTheClockOnceForEachFolder) {
 TEST_F(ScanProgress, ClosesEachFolderBeforeTheNext) {
     EXPECT_TRUE(Run());
     std::vector<Call> calls;
-    for (const FakeWin::LoggedCall& logged : FakeWin::Log()) {
+    for (const FakeWin::LoggedCall& logged : FakeWin::Log())
         if (logged.call == Call::FindFirstFileExW || logged.call == Call::FindClose)
             calls.push_back(logged.call);
-    }
     ASSERT_EQ(calls.size(), 8u);
-    for (std::size_t i = 0; i < calls.size(); ++i)
+    for (size_t i = 0; i < calls.size(); ++i)
         EXPECT_EQ(calls[i], i % 2 == 0 ? Call::FindFirstFileExW : Call::FindClose) << i;
 }
 

@@ -28,10 +28,9 @@ void AddLines(const Node& node, std::vector<std::wstring>& lines) {
 }
 
 const Record* Search(const Node& node, const std::wstring& path) {
-    for (const File* file : node.files) {
+    for (const File* file : node.files)
         if (PathOf(*file) == path)
             return file;
-    }
     for (const Node& child : node.folders) {
         if (PathOf(*child.folder) == path)
             return child.folder;

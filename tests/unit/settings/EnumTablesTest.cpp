@@ -17,9 +17,8 @@ using Rows = std::vector<std::pair<std::string, uint32_t>>;
 
 Rows RowsOf(const EnumRow* table) {
     Rows rows;
-    for (; table->name; ++table) {
+    for (; table->name; ++table)
         rows.emplace_back(table->name, table->value);
-    }
     return rows;
 }
 

@@ -42,11 +42,13 @@ std::wstring PathOf(const Preset& preset) {
 }
 
 Save SaveOf(const Preset& preset) {
-    return MakeSave(PathOf(preset), [&] { EXPECT_TRUE(preset.Save()); });
+    return MakeSave(
+        PathOf(preset), [&] { EXPECT_TRUE(preset.Save()); });
 }
 
 Save SaveOf(const MainSettings& settings) {
-    return MakeSave(Root, [&] { EXPECT_TRUE(settings.SaveMain()); });
+    return MakeSave(
+        Root, [&] { EXPECT_TRUE(settings.SaveMain()); });
 }
 
 std::vector<Save> SavesOf(const MainSettings& settings) {
@@ -107,10 +109,9 @@ void ExpectStored(const Snapshot& before, const std::function<std::vector<Save>(
     std::vector<Save> saves = makeSaves();
     row.change(Struck(saves, failure), failure);
     Snapshot expected = before;
-    for (const Save& save : saves) {
+    for (const Save& save : saves)
         for (const auto& [path, value] : save.writes)
             expected[path] = value;
-    }
     EXPECT_EQ(TestSupport::Differences(actual, expected), "");
 }
 
@@ -253,10 +254,9 @@ void Delete(Snapshot& registry, const std::wstring& key, const Failure& failure,
     const auto strikes = [&](Call call) { return failure.call == call && failure.subject == key; };
     if (!strikes(Call::RegOpenKeyExW) && !strikes(Call::RegQueryInfoKeyW)) {
         std::vector<std::wstring> subkeys;
-        for (const std::wstring& subkey : SubkeysOf(registry, key)) {
+        for (const std::wstring& subkey : SubkeysOf(registry, key))
             if (failure.call != Call::RegEnumKeyExW || ++enumerated != failure.use)
                 subkeys.push_back(subkey);
-        }
         for (const std::wstring& subkey : subkeys)
             Delete(registry, subkey, failure, enumerated);
     }

@@ -13,11 +13,10 @@ struct LoneField {
 
 template <typename Member>
 constexpr LoneField LoneFieldOf() {
-    if constexpr (MetaTypes::MemberShape<Member>::Type == MetaTypes::TypeCode::Enumeration) {
+    if constexpr (MetaTypes::MemberShape<Member>::Type == MetaTypes::TypeCode::Enumeration)
         return {{MetaTypes::MakeRow<Member>("Value", 0, FruitNames), MetaTypes::EndOfTable}};
-    } else {
+    else
         return {{MetaTypes::MakeRow<Member>("Value", 0), MetaTypes::EndOfTable}};
-    }
 }
 
 // A 32-bit field of a code that names no type, or a section of 32-bit fields.

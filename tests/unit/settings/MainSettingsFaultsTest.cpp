@@ -76,9 +76,8 @@ TEST(MainSettingsFaults, AnEnumerationThatCannotBeginGivesAnEmptyList) {
 
 TEST(MainSettingsFaults, ASubkeyThatCannotBeEnumeratedIsSkipped) {
     TestRegistry registry;
-    for (const wchar_t* key : {L"a", L"b", L"c"}) {
+    for (const wchar_t* key : {L"a", L"b", L"c"})
         EXPECT_TRUE(Preset(key).Save());
-    }
     FakeWin::FailNth(Call::RegEnumKeyExW, 2, ERROR_MORE_DATA);
     MainSettings settings;
     settings.LoadAll();
@@ -107,17 +106,14 @@ TEST(MainSettingsFaults, KeysAreOpenedWithTheAccessTheyNeedAndClosed) {
     settings.LoadAll();
     for (const FakeWin::LoggedCall& logged : FakeWin::Log()) {
         EXPECT_NE(logged.call, Call::RegCreateKeyExW);
-        if (logged.call == Call::RegOpenKeyExW) {
+        if (logged.call == Call::RegOpenKeyExW)
             EXPECT_EQ(logged.detail, DWORD{0x20019});
-        }
     }
     FakeWin::ClearLog();
     settings.Presets.front()->DeleteKey();
-    for (const FakeWin::LoggedCall& logged : FakeWin::Log()) {
-        if (logged.call == Call::RegOpenKeyExW) {
+    for (const FakeWin::LoggedCall& logged : FakeWin::Log())
+        if (logged.call == Call::RegOpenKeyExW)
             EXPECT_EQ(logged.detail, DWORD{0xF003F});
-        }
-    }
     EXPECT_EQ(FakeWin::OpenKeys(), 0);
 }
 

@@ -17,9 +17,8 @@ const std::wstring Root = L"Software\\Tamblewick";
 
 std::vector<std::wstring> Keys(const MainSettings& settings) {
     std::vector<std::wstring> keys;
-    for (const auto& preset : settings.Presets) {
+    for (const auto& preset : settings.Presets)
         keys.push_back(preset->Key());
-    }
     return keys;
 }
 
@@ -163,9 +162,8 @@ TEST(MainSettings, TwoPresetsOfOneSecondShareTheirKey) {
     TestRegistry registry;
     // Twenty presets take a few milliseconds, so that at least two of them fall into one second.
     MainSettings settings;
-    for (int i = 0; i < 20; ++i) {
+    for (int i = 0; i < 20; ++i)
         settings.CreatePreset();
-    }
     EXPECT_EQ(settings.Presets.size(), 20u);
     std::vector<std::wstring> keys = Keys(settings);
     keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
@@ -233,9 +231,8 @@ TEST(MainSettings, FindPresetOfAnUnknownKeyIsNullAndChangesNothing) {
     registry.CreateKey(Root);
     EXPECT_EQ(settings.FindPreset(L"abc"), nullptr);
     EXPECT_TRUE(Preset(L"abc").Save());
-    for (const wchar_t* key : {L"ab", L"abcd", L"ABC", L"abd", L""}) {
+    for (const wchar_t* key : {L"ab", L"abcd", L"ABC", L"abd", L""})
         EXPECT_EQ(settings.FindPreset(key), nullptr) << std::string(key, key + wcslen(key));
-    }
     EXPECT_TRUE(settings.Presets.empty());
 }
 

@@ -18,12 +18,10 @@ using Contents = std::map<std::wstring, RegistryValue>;
 // All values below a key under their paths.
 void Collect(const TestRegistry& registry, const std::wstring& key, const std::wstring& prefix,
              Contents& contents) {
-    for (const std::wstring& name : registry.ValueNames(key)) {
+    for (const std::wstring& name : registry.ValueNames(key))
         contents.emplace(prefix + name, *registry.Get(key, name));
-    }
-    for (const std::wstring& subkey : registry.Subkeys(key)) {
+    for (const std::wstring& subkey : registry.Subkeys(key))
         Collect(registry, key + L"\\" + subkey, prefix + subkey + L"\\", contents);
-    }
 }
 
 // Compares the values under the key with the expected ones; there must be no others.
@@ -32,30 +30,26 @@ void ExpectContents(const TestRegistry& registry, const std::wstring& key, const
     Collect(registry, key, L"", actual);
     for (const auto& [path, value] : expected) {
         const auto found = actual.find(path);
-        if (found == actual.end()) {
+        if (found == actual.end())
             ADD_FAILURE() << Utf8(path) << " is missing";
-        } else {
+        else
             EXPECT_EQ(found->second, value) << Utf8(path);
-        }
     }
-    for (const auto& [path, value] : actual) {
+    for (const auto& [path, value] : actual)
         EXPECT_TRUE(expected.contains(path)) << Utf8(path) << " is too much";
-    }
 }
 
 Contents Texts(const std::wstring& path, const std::vector<std::wstring>& words) {
     Contents contents;
-    for (size_t i = 0; i < words.size(); ++i) {
+    for (size_t i = 0; i < words.size(); ++i)
         contents.emplace(path + std::to_wstring(i), StringValue(words[i]));
-    }
     return contents;
 }
 
 Contents Flags(const std::wstring& path, const std::vector<uint32_t>& flags) {
     Contents contents;
-    for (size_t i = 0; i < flags.size(); ++i) {
+    for (size_t i = 0; i < flags.size(); ++i)
         contents.emplace(path + std::to_wstring(i), DwordValue(flags[i]));
-    }
     return contents;
 }
 

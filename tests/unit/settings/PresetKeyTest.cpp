@@ -14,9 +14,8 @@ std::wstring ExpectedKey(unsigned seed) {
     std::wstring key;
     for (int draw = 0; draw < 8; ++draw) {
         const int index = std::rand() % 37;
-        if (index == 36) {
+        if (index == 36)
             break;
-        }
         key += static_cast<wchar_t>(index < 10 ? L'0' + index : L'a' + index - 10);
     }
     return key;
@@ -41,9 +40,8 @@ TEST(PresetKey, EightDrawsMakeAKeyThatEndsAtTheFirstZero) {
 TEST(PresetKey, ADrawnZeroTakesItsPlaceAmongTheEight) {
     for (unsigned seed = 0; seed < 500; ++seed) {
         std::srand(seed);
-        for (int draw = 0; draw < 8; ++draw) {
+        for (int draw = 0; draw < 8; ++draw)
             std::rand();
-        }
         const int next = std::rand();
         DrawnKey(seed);
         ASSERT_EQ(std::rand(), next) << "seed " << seed;

@@ -17,18 +17,16 @@ using Order = std::vector<std::pair<std::wstring, int32_t>>;
 
 Order OrderOf(const MainSettings& settings) {
     Order order;
-    for (const auto& preset : settings.Presets) {
+    for (const auto& preset : settings.Presets)
         order.emplace_back(preset->Key(), preset->Get(Preset::Position));
-    }
     return order;
 }
 
 class PresetOrder : public testing::Test {
 protected:
     void Store(const Order& order) const {
-        for (const auto& [key, position] : order) {
+        for (const auto& [key, position] : order)
             registry_.SetDword(Root + L"\\" + key, L"Position", static_cast<uint32_t>(position));
-        }
     }
 
     void ExpectStored(const Order& order) const {

@@ -33,12 +33,10 @@ void ExpectTable(const FieldRow* table, const std::vector<ExpectedRow>& expected
         EXPECT_EQ(table->name, row.name);
         EXPECT_EQ(static_cast<uint32_t>(table->type), row.code) << row.name;
         EXPECT_EQ(table->count, row.count) << row.name;
-        if (row.size != 0) {
+        if (row.size != 0)
             EXPECT_EQ(table->size, row.size) << row.name;
-        }
-        if (table->type != TypeCode::Section) {
+        if (table->type != TypeCode::Section)
             EXPECT_EQ(table->subTable, row.names) << row.name;
-        }
         ++table;
     }
     EXPECT_EQ(table->name, nullptr);
@@ -151,9 +149,8 @@ void ExpectSound(const FieldRow* table, size_t recordSize) {
         EXPECT_GE(table->offset, end) << table->name;
         end = table->offset + size_t{table->size} * table->count;
         EXPECT_LE(end, recordSize) << table->name;
-        if (table->type == TypeCode::Section) {
+        if (table->type == TypeCode::Section)
             ExpectSound(static_cast<const FieldRow*>(table->subTable), table->size);
-        }
     }
 }
 

@@ -19,9 +19,8 @@ TEST(Preset, EnumeratedDefaultsAreInRange) {
     const auto expectPermutation = [](std::vector<int> numbers, int count) {
         std::ranges::sort(numbers);
         ASSERT_EQ(numbers.size(), static_cast<size_t>(count));
-        for (int i = 0; i < count; ++i) {
+        for (int i = 0; i < count; ++i)
             EXPECT_EQ(numbers[static_cast<size_t>(i)], i);
-        }
     };
     expectPermutation(values.folderColumns, 12);
     expectPermutation(values.fileColumns, 11);

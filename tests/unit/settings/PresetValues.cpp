@@ -9,17 +9,15 @@ namespace {
 template <typename T>
 std::vector<int> Numbers(const Settings& section, uint32_t row, size_t count) {
     std::vector<int> numbers;
-    for (size_t i = 0; i < count; ++i) {
+    for (size_t i = 0; i < count; ++i)
         numbers.push_back(static_cast<int>(section.Get<T>(row, i)));
-    }
     return numbers;
 }
 
 template <typename T>
 void SetNumbers(Settings section, uint32_t row, const std::vector<int>& numbers) {
-    for (size_t i = 0; i < numbers.size(); ++i) {
+    for (size_t i = 0; i < numbers.size(); ++i)
         section.Get<T>(row, i) = static_cast<T>(numbers[i]);
-    }
 }
 
 }  // namespace

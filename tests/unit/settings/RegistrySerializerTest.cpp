@@ -159,9 +159,8 @@ TEST_F(RegistrySerializerTest, ListsEndWithOneMoreTerminator) {
 
 TEST_F(RegistrySerializerTest, TheReservedCodesFailAndStoreNothing) {
     std::vector<uint32_t> codes{0, 35};
-    for (uint32_t code = 19; code <= 32; ++code) {
+    for (uint32_t code = 19; code <= 32; ++code)
         codes.push_back(code);
-    }
     const uint32_t record = 1;
     for (const uint32_t code : codes) {
         const LoneField field = LoneFieldOf(static_cast<TypeCode>(code), 1);

@@ -18,11 +18,9 @@ const std::wstring Subject = L"HKCU\\Software\\Tamblewick\\Test";
 // The uses of one call, as subject and detail.
 std::vector<std::pair<std::wstring, DWORD>> UsesOf(Call call) {
     std::vector<std::pair<std::wstring, DWORD>> uses;
-    for (const FakeWin::LoggedCall& logged : FakeWin::Log()) {
-        if (logged.call == call) {
+    for (const FakeWin::LoggedCall& logged : FakeWin::Log())
+        if (logged.call == call)
             uses.emplace_back(logged.subject, logged.detail);
-        }
-    }
     return uses;
 }
 

@@ -23,14 +23,14 @@ TEST(SearchFilters, HasTheNineRowsInOrder) {
         {L"Custom filter...", L""},
     };
     ASSERT_EQ(SearchFilters.size(), std::size(rows));
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
+    for (size_t i = 0; i < std::size(rows); ++i) {
         EXPECT_STREQ(SearchFilters[i].label, rows[i].label);
         EXPECT_STREQ(SearchFilters[i].pattern, rows[i].pattern);
     }
 }
 
 TEST(SearchFilters, ArePatternsInLowerCase) {
-    for (std::size_t i = 0; i + 1 < SearchFilters.size(); ++i) {
+    for (size_t i = 0; i + 1 < SearchFilters.size(); ++i) {
         const wchar_t* const pattern = SearchFilters[i].pattern;
         EXPECT_EQ(CompileSearchPatterns(pattern), SplitPatterns(pattern)) << TestSupport::Utf8(pattern);
     }

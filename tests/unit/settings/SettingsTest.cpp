@@ -86,13 +86,11 @@ protected:
 // Asks each row but its own for a value of this type.
 template <typename T>
 void ExpectOnlyRow(Settings& settings, uint32_t ownRow, const T* field) {
-    for (uint32_t row = 0; EveryTypeTable[row].name; ++row) {
-        if (row == ownRow) {
+    for (uint32_t row = 0; EveryTypeTable[row].name; ++row)
+        if (row == ownRow)
             EXPECT_EQ(&settings.Get<T>(row), field) << EveryTypeTable[row].name;
-        } else {
+        else
             EXPECT_THROW(settings.Get<T>(row), std::bad_cast) << EveryTypeTable[row].name;
-        }
-    }
 }
 
 TEST_F(SettingsOfEveryType, EachTypeIsReachableInItsOwnRowAlone) {
@@ -117,9 +115,8 @@ TEST_F(SettingsOfEveryType, EachTypeIsReachableInItsOwnRowAlone) {
 
 TEST_F(SettingsOfEveryType, TheRowsCarryTheCodesOfTheirTypes) {
     constexpr uint32_t Codes[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 33, 34, 7};
-    for (uint32_t row = 0; row < std::size(Codes); ++row) {
+    for (uint32_t row = 0; row < std::size(Codes); ++row)
         EXPECT_EQ(static_cast<uint32_t>(EveryTypeTable[row].type), Codes[row]) << EveryTypeTable[row].name;
-    }
 }
 
 TEST_F(SettingsOfEveryType, ATextBufferCountsItsCharacters) {
@@ -130,9 +127,8 @@ TEST_F(SettingsOfEveryType, ATextBufferCountsItsCharacters) {
 }
 
 TEST_F(SettingsOfEveryType, AnElementIsReachableBelowTheCount) {
-    for (size_t index = 0; index < 4; ++index) {
+    for (size_t index = 0; index < 4; ++index)
         EXPECT_EQ(&settings_.Get<uint16_t>(NumbersRow, index), &record_.numbers[index]) << index;
-    }
     EXPECT_THROW(settings_.Get<uint16_t>(NumbersRow, 4), std::bad_cast);
     EXPECT_THROW(settings_.Get<uint16_t>(NumbersRow, static_cast<size_t>(-1)), std::bad_cast);
 }
@@ -159,11 +155,9 @@ TEST_F(SettingsOfEveryType, ASectionIsAViewOfTheRecord) {
 }
 
 TEST_F(SettingsOfEveryType, OnlyASectionCanBeViewed) {
-    for (uint32_t row = 0; EveryTypeTable[row].name; ++row) {
-        if (row != SectionRow) {
+    for (uint32_t row = 0; EveryTypeTable[row].name; ++row)
+        if (row != SectionRow)
             EXPECT_THROW(settings_.Section(row), std::bad_cast) << EveryTypeTable[row].name;
-        }
-    }
 }
 
 TEST_F(SettingsOfEveryType, SeveralSectionsInOneRowCannotBeViewed) {

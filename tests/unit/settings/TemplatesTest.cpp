@@ -18,9 +18,8 @@ using FileSorts = std::vector<std::pair<FileSortKey, SortOrder>>;
 template <typename T, size_t N>
 std::vector<int> Numbers(const std::array<T, N>& values) {
     std::vector<int> numbers;
-    for (const T value : values) {
+    for (const T value : values)
         numbers.push_back(static_cast<int>(value));
-    }
     return numbers;
 }
 
@@ -66,9 +65,8 @@ TEST(FillSortKeys, ACompleteListIsTakenAsItIs) {
     std::array<FileSortKey, 7> keys;
     std::array<SortOrder, 7> orders;
     FileSorts all;
-    for (int number = 6; number >= 0; --number) {
+    for (int number = 6; number >= 0; --number)
         all.emplace_back(static_cast<FileSortKey>(number), SortOrder::Descending);
-    }
     FillSortKeys(all, keys, orders);
     EXPECT_EQ(Numbers(keys), (std::vector<int>{6, 5, 4, 3, 2, 1, 0}));
     EXPECT_EQ(Numbers(orders), std::vector<int>(7, 1));

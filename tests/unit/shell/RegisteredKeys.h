@@ -49,8 +49,7 @@ public:
 
 private:
     void Clear() const {
-        for (const std::wstring& key : {Directory, Drive, Server, Class}) {
+        for (const std::wstring& key : {Directory, Drive, Server, Class})
             Delete(key);
-        }
     }
 };

@@ -31,9 +31,8 @@ TEST_F(ShellExtensionFaults, TheModulePathComesFromTheLongForm) {
 TEST_F(ShellExtensionFaults, MakingOneTouchesNoRegistry) {
     FakeWin::ClearLog();
     const ShellExtension extension = Extension();
-    for (const FakeWin::LoggedCall& logged : FakeWin::Log()) {
+    for (const FakeWin::LoggedCall& logged : FakeWin::Log())
         EXPECT_NE(logged.call, Call::RegOpenKeyExW);
-    }
 }
 
 // The opened keys and the access to each, whatever the tests before gave.
@@ -44,9 +43,8 @@ void ExpectThreeOpens(const ShellExtension& extension, DWORD classAccess) {
     for (const FakeWin::LoggedCall& logged : FakeWin::Log()) {
         EXPECT_NE(logged.call, Call::RegCreateKeyExW);
         EXPECT_NE(logged.call, Call::RegSetValueExW);
-        if (logged.call == Call::RegOpenKeyExW) {
+        if (logged.call == Call::RegOpenKeyExW)
             opens.emplace_back(logged.subject, logged.detail);
-        }
     }
     const std::wstring name = RegisteredKeys::Name;
     const std::vector<std::pair<std::wstring, DWORD>> expected = {

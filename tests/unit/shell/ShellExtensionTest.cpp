@@ -34,9 +34,8 @@ TEST(ModulePath, IsTheProgramsPathUpToItsLastDot) {
         {L"C:\\Tools\\prog", L"C:\\Tools\\prog.dll"},
         {L"C:\\Tools\\prog.", L"C:\\Tools\\prog.dll"},
     };
-    for (const auto& [program, module] : rows) {
+    for (const auto& [program, module] : rows)
         EXPECT_EQ(ModulePathOf(program), module) << Utf8(program);
-    }
 }
 
 TEST_F(ShellExtensionTest, TheModuleStandsBesideTheProgram) {

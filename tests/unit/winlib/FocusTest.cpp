@@ -43,7 +43,7 @@ TEST_F(Focus, StaysWithAnyOtherControl) {
 }
 
 TEST_F(Focus, StaysWhereItIsWhenAControlIsEnabled) {
-    for (int i = 0; i < 2; i++) {
+    for (int i = 0; i < 2; ++i) {
         WinLib::EnableControl(Button(IDOK), true, Button(IDCANCEL));
         EXPECT_TRUE(IsWindowEnabled(Button(IDOK)));
         EXPECT_EQ(GetFocus(), Button(IDOK));

@@ -15,9 +15,8 @@ const std::wstring Subject = L"HKCU\\Software\\Tamblewick\\Test";
 class RegistryKeyFaults : public testing::Test {
 protected:
     RegistryKeyFaults() {
-        for (const wchar_t* name : {L"\\a\\b\\c", L"\\a\\d", L"\\e"}) {
+        for (const wchar_t* name : {L"\\a\\b\\c", L"\\a\\d", L"\\e"})
             registry_.CreateKey(Path + name);
-        }
         EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, Path.c_str(), 0, KEY_ALL_ACCESS, key_.Receive()),
                   ERROR_SUCCESS);
     }

@@ -177,9 +177,8 @@ TEST_F(RegistryKeyTest, ANullHolderFailsInEverything) {
 TEST_F(RegistryKeyTest, EnumerateSubkeysNamesTheDirectOnes) {
     EXPECT_TRUE(key_.EnumerateSubkeys().empty());
     const std::wstring longest(255, L'x');
-    for (const std::wstring& name : {std::wstring(L"b"), std::wstring(L"a\\deep"), longest}) {
+    for (const std::wstring& name : {std::wstring(L"b"), std::wstring(L"a\\deep"), longest})
         registry_.CreateKey(Path + L"\\" + name);
-    }
     EXPECT_EQ(key_.EnumerateSubkeys(), (std::vector<std::wstring>{L"a", L"b", longest}));
 }
 

@@ -46,17 +46,21 @@ struct Cells : testing::Test {
     }
 
     std::string FolderCell(FolderColumn column, bool flat, const Scanner::Folder& record) const {
-        return Written(ListPreset().Folders({column}).Flat(flat), [&](Writer& writer) {
-            ASSERT_EQ(writer.folderColumns.size(), 1u);
-            writer.folderColumns[0](writer, state, record);
-        });
+        return Written(
+            ListPreset().Folders({column}).Flat(flat),
+            [&](Writer& writer) {
+                ASSERT_EQ(writer.folderColumns.size(), 1u);
+                writer.folderColumns[0](writer, state, record);
+            });
     }
 
     std::string FileCell(FileColumn column, bool flat, const Scanner::File& record) const {
-        return Written(ListPreset().Files({column}).Flat(flat), [&](Writer& writer) {
-            ASSERT_EQ(writer.fileColumns.size(), 1u);
-            writer.fileColumns[0](writer, state, record);
-        });
+        return Written(
+            ListPreset().Files({column}).Flat(flat),
+            [&](Writer& writer) {
+                ASSERT_EQ(writer.fileColumns.size(), 1u);
+                writer.fileColumns[0](writer, state, record);
+            });
     }
 
     ScanTree tree;

@@ -51,10 +51,9 @@ Scanner::File& ScanTree::AddFile(Scanner::Node& parent, const std::wstring& full
 void ScanTree::Flatten() {
     root.folders.clear();
     root.files.clear();
-    for (Scanner::Folder& folder : folders_) {
+    for (Scanner::Folder& folder : folders_)
         if (folder.parent != nullptr)
             root.folders.emplace_back(&folder);
-    }
     for (Scanner::File& file : files_)
         root.files.push_back(&file);
 }

@@ -9,7 +9,8 @@
 namespace {
 
 std::string Shown(SizeStyle style, uint64_t size) {
-    return Written(ListPreset().Sizes(style), [size](Writer& writer) { writer.sizeWriter(writer, size); });
+    return Written(
+        ListPreset().Sizes(style), [size](Writer& writer) { writer.sizeWriter(writer, size); });
 }
 
 constexpr uint64_t Kibi = uint64_t{1} << 10;

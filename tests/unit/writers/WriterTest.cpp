@@ -22,14 +22,15 @@ TEST(Writer, BeginsWithTheMarkIfThePresetAsksForIt) {
 }
 
 TEST(Writer, TextIsUtf8AndCountsArePlainDigits) {
-    EXPECT_EQ(Written(ListPreset(),
-                      [](Writer& writer) {
-                          writer.WriteText(L"\x00E4 ");
-                          writer.stream << UINT64_MAX;
-                          writer.WriteText({L"xyz", 2});
-                          writer.EndLine();
-                          writer.WriteLine(L"end");
-                      }),
+    EXPECT_EQ(Written(
+                  ListPreset(),
+                  [](Writer& writer) {
+                      writer.WriteText(L"\x00E4 ");
+                      writer.stream << UINT64_MAX;
+                      writer.WriteText({L"xyz", 2});
+                      writer.EndLine();
+                      writer.WriteLine(L"end");
+                  }),
               "\xC3\xA4 18446744073709551615xy\r\nend\r\n");
 }
 
