@@ -72,6 +72,8 @@ use_wine() {
         mkdir -p "$WINEPREFIX"
         quietly "build/logs/$1.log" env -u DISPLAY wineboot -i
         wine winecfg -v win10 >/dev/null 2>&1
+        # A program that crashes ends at once instead of waiting for a debugger.
+        wine reg add 'HKCU\Software\Wine\DllOverrides' /v winedbg.exe /d '' /f >/dev/null 2>&1
         wineserver -w
         touch "$WINEPREFIX/.complete"
     fi
