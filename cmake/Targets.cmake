@@ -55,14 +55,17 @@ function(tamblewick_program name)
 endfunction()
 
 # tamblewick_resources(target file.rc)
-# Adds a resource script. Ninja does not track what a script includes, so that is said here for all of them.
+# Adds a resource script of this folder or of src/resources. Ninja does not track what a script includes, so all
+# scripts depend on all files of src/resources.
 function(tamblewick_resources target script)
   file(GLOB included CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/src/resources/*.h
     ${PROJECT_BINARY_DIR}/generated/resources/*
     ${PROJECT_SOURCE_DIR}/src/resources/*.rc
     ${PROJECT_SOURCE_DIR}/src/resources/icons/*.ico)
-  get_filename_component(script ${script} ABSOLUTE)
+  find_file(path ${script} REQUIRED NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH
+    PATHS ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src/resources)
+  set(script ${path})
   list(REMOVE_ITEM included ${script})
   set_source_files_properties(${script} TARGET_DIRECTORY ${target} PROPERTIES OBJECT_DEPENDS "${included}")
   target_sources(${target} PRIVATE ${script})

@@ -7,9 +7,9 @@
 #include "contextmenu/FakePrograms.h"
 #include "contextmenu/HeapUse.h"
 #include "contextmenu/LoadedModule.h"
-#include "races/Resources.h"
 #include "support/TempFolder.h"
 #include "support/TestRegistry.h"
+#include "support/windows/Resources.h"
 
 namespace {
 

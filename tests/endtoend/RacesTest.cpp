@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "endtoend/Program.h"
-#include "properties/Random.h"
 #include "resources/resource.h"
+#include "support/Random.h"
 #include "support/TempFolder.h"
 
 #include <tlhelp32.h>

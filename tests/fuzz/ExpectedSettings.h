@@ -6,8 +6,8 @@
 #include <set>
 #include <string>
 
-#include "properties/RecordFields.h"
 #include "support/TestRegistry.h"
+#include "support/settings/RecordFields.h"
 
 namespace Fuzz {
 

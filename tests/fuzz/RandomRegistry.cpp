@@ -2,8 +2,8 @@
 
 #include <cstring>
 
-#include "properties/RecordFields.h"
 #include "settings/MainSettings.h"
+#include "support/settings/RecordFields.h"
 
 namespace Fuzz {
 

@@ -2,8 +2,8 @@
 
 #include <set>
 
-#include "properties/Random.h"
 #include "settings/OrderedArrays.h"
+#include "support/Random.h"
 
 namespace {
 

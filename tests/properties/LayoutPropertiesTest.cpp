@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "properties/Random.h"
+#include "support/Random.h"
 #include "unit/winlib/layout/FixedSizer.h"
 #include "winlib/layout/Spacer.h"
 

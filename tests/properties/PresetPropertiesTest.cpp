@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "properties/Random.h"
-#include "properties/RecordFields.h"
 #include "settings/MainSettings.h"
 #include "settings/metatypes/Memory.h"
+#include "support/Random.h"
 #include "support/TestRegistry.h"
+#include "support/settings/RecordFields.h"
 
 using MetaTypes::EnumRow;
 using MetaTypes::StoreAs;

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "properties/Random.h"
 #include "scanner/Result.h"
+#include "support/Random.h"
 
 class RandomTree {
 public:

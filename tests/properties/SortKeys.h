@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "properties/Random.h"
 #include "scanner/Options.h"
+#include "support/Random.h"
 
 // A few keys in any order and direction, each at most once. Extensions are for files, counts for folders.
 inline std::vector<Scanner::SortKey> RandomKeys(Random& random, bool folderMode) {

@@ -4,7 +4,7 @@
 #include <iostream>
 #include <thread>
 
-#include "Resources.h"
+#include "support/windows/Resources.h"
 #include "winlib/SentMessages.h"
 #include "winlib/Windows.h"
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "properties/Random.h"
+#include "support/Random.h"
 
 constexpr int DeskCount = 16;
 

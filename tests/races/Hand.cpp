@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "unit/listmaker/RacingJob.h"
+#include "support/jobs/RacingJob.h"
 
 Manner::Manner(Random& random, int usual)
     : byMessages(random.Bool()),

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "MessageWatch.h"
-#include "properties/Random.h"
+#include "support/Random.h"
 
 // The moment and the manner of what a hand does, drawn at random.
 struct Manner {

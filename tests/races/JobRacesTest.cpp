@@ -6,8 +6,8 @@
 #include "MessageWatch.h"
 #include "resources/resource.h"
 #include "support/TempFolder.h"
+#include "support/jobs/RacingJob.h"
 #include "support/ui/DismissModal.h"
-#include "unit/listmaker/RacingJob.h"
 #include "unit/listmaker/TestJob.h"
 #include "winlib/SentMessages.h"
 

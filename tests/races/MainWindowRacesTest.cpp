@@ -12,9 +12,9 @@
 #include "resources/resource.h"
 #include "support/TempFolder.h"
 #include "support/TestRegistry.h"
+#include "support/jobs/RacingJob.h"
 #include "support/ui/DismissModal.h"
 #include "support/ui/MessagePump.h"
-#include "unit/listmaker/RacingJob.h"
 #include "winlib/Application.h"
 
 namespace {

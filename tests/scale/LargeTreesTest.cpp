@@ -10,7 +10,7 @@
 #include "FakeWin.h"
 #include "listmaker/ListMaker.h"
 #include "support/Text.h"
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 
 namespace {
 

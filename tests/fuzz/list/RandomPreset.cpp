@@ -1,8 +1,8 @@
 #include "fuzz/list/RandomPreset.h"
 
-#include "properties/RecordFields.h"
 #include "settings/SearchFilters.h"
 #include "settings/metatypes/Memory.h"
+#include "support/settings/RecordFields.h"
 
 namespace Fuzz {
 

@@ -6,9 +6,9 @@
 
 #include "FailingJob.h"
 #include "FakeWindows.h"
-#include "ProgressDialog.h"
 #include "listmaker/ListMakerWithUI.h"
 #include "settings/MainSettings.h"
+#include "support/ProgressDialog.h"
 #include "winlib/Exception.h"
 
 using FailingJob::Before;

@@ -7,9 +7,9 @@
 
 #include "FailingJob.h"
 #include "FakeWindows.h"
-#include "ProgressDialog.h"
 #include "TestJob.h"
 #include "resources/resource.h"
+#include "support/ProgressDialog.h"
 #include "winlib/Exception.h"
 
 using FailingJob::Before;

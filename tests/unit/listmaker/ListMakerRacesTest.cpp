@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "JobFixture.h"
-#include "RacingJob.h"
-#include "properties/Random.h"
+#include "support/Random.h"
+#include "support/jobs/RacingJob.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "DrivenProgress.h"
 
-#include "ProgressDialog.h"
 #include "resources/resource.h"
+#include "support/ProgressDialog.h"
 
 namespace {
 

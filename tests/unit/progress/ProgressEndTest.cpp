@@ -5,8 +5,8 @@
 #include <thread>
 
 #include "DrivenProgress.h"
-#include "ProgressDialog.h"
 #include "Worker.h"
+#include "support/ProgressDialog.h"
 
 namespace {
 

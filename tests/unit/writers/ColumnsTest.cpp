@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "support/Text.h"
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 #include "writers/PathState.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "support/Text.h"
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 
 namespace {
 

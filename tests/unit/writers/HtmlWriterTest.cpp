@@ -5,7 +5,7 @@
 #include <string>
 
 #include "support/TempFolder.h"
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 
 namespace {
 

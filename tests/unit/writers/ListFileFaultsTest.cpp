@@ -3,7 +3,7 @@
 #include <string>
 
 #include "FakeWin.h"
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 #include "writers/ListFile.h"
 #include "writers/WriteList.h"
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <typeinfo>
 
 #include "support/TempFolder.h"
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/TempFolder.h"
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "unit/writers/ListSupport.h"
+#include "support/lists/ListSupport.h"
 
 #include <gtest/gtest.h>
 

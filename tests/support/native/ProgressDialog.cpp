@@ -1,5 +1,5 @@
+#include "support/ProgressDialog.h"
 #include "FakeWindows.h"
-#include "ProgressDialog.h"
 #include "resources/resource.h"
 #include "winlib/Windows.h"
 

@@ -1,4 +1,4 @@
-#include "Resources.h"
+#include "support/windows/Resources.h"
 
 #include <cstddef>
 #include <cstdint>

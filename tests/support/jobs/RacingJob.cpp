@@ -1,4 +1,4 @@
-#include "RacingJob.h"
+#include "support/jobs/RacingJob.h"
 
 #include <cstdlib>
 

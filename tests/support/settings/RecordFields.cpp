@@ -1,4 +1,4 @@
-#include "properties/RecordFields.h"
+#include "support/settings/RecordFields.h"
 
 #include <cstdint>
 #include <cstring>

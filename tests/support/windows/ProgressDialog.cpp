@@ -1,4 +1,4 @@
-#include "ProgressDialog.h"
+#include "support/ProgressDialog.h"
 
 void DefineProgressDialog() {}
 

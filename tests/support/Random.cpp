@@ -1,4 +1,4 @@
-#include "properties/Random.h"
+#include "support/Random.h"
 
 #include <cstdlib>
 
