@@ -1,9 +1,9 @@
 // A job with its dialog: without an owner, as from the command line, and with one.
 #include <gtest/gtest.h>
 
-#include "Desks.h"
-#include "Hand.h"
 #include "MessageWatch.h"
+#include "RaceThreads.h"
+#include "SimulatedUser.h"
 #include "resources/resource.h"
 #include "support/TempFolder.h"
 #include "support/jobs/RacingJob.h"
@@ -48,11 +48,11 @@ private:
 // By which clock the user presses; when the scan fails, by either.
 enum class Kind { ByMessages, BySteps, FailingScan };
 
-class JobDesk final : public Desk {
+class JobRace final : public RaceThread {
 public:
-    JobDesk(const TestSupport::TempFolder& folder, int number, bool hasOwner, Kind kind)
+    JobRace(const TestSupport::TempFolder& folder, int number, bool hasOwner, Kind kind)
         : folder_(folder),
-          name_(L"Desk " + std::to_wstring(number)),
+          name_(L"Thread " + std::to_wstring(number)),
           list_(L"Lists\\List of " + name_ + L".txt"),
           kind_(kind),
           owner_(hasOwner ? CreateWindowExW(0, L"STATIC", L"Owner", WS_POPUP | WS_VISIBLE, 0, 0, 200, 100,
@@ -61,32 +61,32 @@ public:
         folder.AddFile(name_ + L"\\first.txt", 1);
         folder.AddFile(name_ + L"\\last.txt", 1);
     }
-    ~JobDesk() override {
+    ~JobRace() override {
         if (owner_ != nullptr)
             DestroyWindow(owner_);
     }
 
     std::string Race(Random& random) override {
-        Manner manner(random, usualMessages_);
+        InterferencePlan plan(random, usualMessages_);
         if (kind_ != Kind::FailingScan)
-            manner.byMessages = kind_ == Kind::ByMessages;
+            plan.byMessages = kind_ == Kind::ByMessages;
         const std::vector<int>& presses = random.Choose(Presses);
         const int holdUntil = random.Below(3) == 0 ? random.Between(1, RaceRecord::UsualSteps) : 0;
         const bool deletedAtOnce = random.Bool();
         RaceRecord record;
 
-        std::vector<Hand::Act> acts;
+        std::vector<SimulatedUser::Act> acts;
         for (const int button : presses)
-            acts.push_back([&record, manner, button](HWND dialog) {
-                record.Press(button, [&] { return manner.Press(dialog, button); });
+            acts.push_back([&record, plan, button](HWND dialog) {
+                record.Press(button, [&] { return plan.Press(dialog, button); });
             });
-        Hand hand(manner, acts, true);
+        SimulatedUser user(plan, acts, true);
         boxes_ = 0;
         endMessages_ = 0;
-        const bool ended = StartAndDelete(hand, record, holdUntil, deletedAtOnce);
+        const bool ended = StartAndDelete(user, record, holdUntil, deletedAtOnce);
 
         if (presses.empty() && holdUntil == 0)
-            usualMessages_ = hand.Messages();
+            usualMessages_ = user.Messages();
         record.Judge({ended, folder_.Exists(list_), IsComplete(), boxes_, endMessages_, owner_ != nullptr},
                      kind_ == Kind::FailingScan);
         if (owner_ != nullptr && !IsWindowEnabled(owner_))
@@ -100,7 +100,7 @@ public:
     }
 
 private:
-    bool StartAndDelete(Hand& hand, RaceRecord& record, int holdUntil, bool deletedAtOnce) {
+    bool StartAndDelete(SimulatedUser& user, RaceRecord& record, int holdUntil, bool deletedAtOnce) {
         const std::wstring path = folder_.Path(kind_ == Kind::FailingScan ? name_ + L" missing" : name_);
         const Event released;
         bool held = holdUntil == 0;
@@ -111,7 +111,7 @@ private:
             // until the worker has made its steps.
             if (!std::exchange(held, true))
                 released.Take();
-            hand.OnMessage(watch);
+            user.OnMessage(watch);
         });
         if (owner_ != nullptr)
             watch.Include(owner_);
@@ -119,15 +119,15 @@ private:
         {
             RacingJob job(owner_, MakeJobPreset(folder_.Path(L"Lists"), OpenMethod::Nothing), path, record);
             record.AtStep = [&](int step) {
-                hand.OnStep(watch, step);
+                user.OnStep(watch, step);
                 // An error waits for the dialog.
                 if (step == holdUntil || record.Errors > 0 || record.Ended)
                     released.Set();
             };
             job.AroundError = [this](const std::function<void()>& show) {
-                const Ui::DismissModal user(IDOK);
+                const Ui::DismissModal answer(IDOK);
                 show();
-                boxes_ += static_cast<int>(user.Seen().size());
+                boxes_ += static_cast<int>(answer.Seen().size());
             };
             ended = job.Start();
             if (!deletedAtOnce)
@@ -168,9 +168,9 @@ struct JobRaces : testing::Test {
     }
 
     void Race(int starts, bool hasOwner, Kind kind) {
-        RaceOnDesks(
+        RaceOnThreads(
             StartsToMake(starts),
-            [&](int number) { return std::make_unique<JobDesk>(folder, number, hasOwner, kind); });
+            [&](int number) { return std::make_unique<JobRace>(folder, number, hasOwner, kind); });
     }
 
     const TestSupport::TempFolder folder;

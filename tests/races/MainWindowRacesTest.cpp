@@ -4,9 +4,9 @@
 #include <mutex>
 
 #include "BoxUser.h"
-#include "Desks.h"
-#include "Hand.h"
 #include "MessageWatch.h"
+#include "RaceThreads.h"
+#include "SimulatedUser.h"
 #include "app/MainController.h"
 #include "app/MessageLoop.h"
 #include "resources/resource.h"
@@ -29,16 +29,16 @@ const std::vector<int> Presses[] = {
     {IDC_PROGRESS_BACKGROUND, IDC_PROGRESS_CANCEL},
 };
 
-// The windows of all desks belong to one program, whose record of them knows one thread: so they are made one
-// after the other, and each desk has a record of its own for its loop.
+// The windows of all threads belong to one program, whose record of them knows one thread: so they are made
+// one after the other, and each thread has a record of its own for its loop.
 std::mutex opening;
 
-class MainWindowDesk final : public Desk {
+class MainWindowRace final : public RaceThread {
 public:
-    MainWindowDesk(const TestSupport::TempFolder& folder, BoxUser& boxes, int number, Kind kind)
+    MainWindowRace(const TestSupport::TempFolder& folder, BoxUser& boxes, int number, Kind kind)
         : folder_(folder),
           boxes_(boxes),
-          name_(L"Desk " + std::to_wstring(number)),
+          name_(L"Thread " + std::to_wstring(number)),
           list_(L"Lists\\List of " + name_ + L".txt"),
           kind_(kind) {
         folder.AddFile(name_ + L"\\first.txt", 1);
@@ -46,7 +46,7 @@ public:
         if (!Closes())
             Open();
     }
-    ~MainWindowDesk() override {
+    ~MainWindowRace() override {
         if (IsWindow(window_))
             DestroyWindow(window_);
     }
@@ -58,19 +58,19 @@ public:
         closeSeen_ = false;
         answer_ = random.Bool() ? IDYES : IDNO;
         presses_ = random.Choose(Presses);
-        Manner manner(random, usualMessages_);
-        manner.byMessages = true;
-        Hand hand(manner, Acts(random, manner), !Closes());
+        InterferencePlan plan(random, usualMessages_);
+        plan.byMessages = true;
+        SimulatedUser user(plan, Acts(random, plan), !Closes());
         {
             MessageWatch watch([&](HWND window, UINT message) {
                 closeSeen_ |= window == window_ && message == WM_CLOSE;
-                hand.OnMessage(watch);
+                user.OnMessage(watch);
             });
             watch.Include(window_);
             StartAndEnd();
         }
         if (presses_.empty() && !Closes())
-            usualMessages_ = hand.Messages();
+            usualMessages_ = user.Messages();
         if (Closes())
             Discard();
         JudgeList();
@@ -110,12 +110,12 @@ private:
     }
 
     // A closing window is closed once, before or after the presses.
-    std::vector<Hand::Act> Acts(Random& random, const Manner& manner) const {
-        std::vector<Hand::Act> acts;
+    std::vector<SimulatedUser::Act> Acts(Random& random, const InterferencePlan& plan) const {
+        std::vector<SimulatedUser::Act> acts;
         for (const int button : presses_)
-            acts.push_back([manner, button](HWND dialog) {
+            acts.push_back([plan, button](HWND dialog) {
                 if (dialog != nullptr)
-                    manner.Press(dialog, button);
+                    plan.Press(dialog, button);
             });
         if (Closes())
             acts.insert(acts.begin() + random.Between(0, static_cast<int>(acts.size())),
@@ -207,8 +207,8 @@ struct MainWindowRaces : testing::Test {
     void Race(int starts, Kind kind) {
         registry.SetDword(MainSettings::RootKey, L"ConfirmExit", kind == Kind::AskedClosing ? 1 : 0);
         BoxUser boxes;
-        RaceOnDesks(StartsToMake(starts), [&](int number) {
-            return std::make_unique<MainWindowDesk>(folder, boxes, number, kind);
+        RaceOnThreads(StartsToMake(starts), [&](int number) {
+            return std::make_unique<MainWindowRace>(folder, boxes, number, kind);
         });
     }
 

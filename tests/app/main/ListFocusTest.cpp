@@ -2,7 +2,7 @@
 
 #include <thread>
 
-#include "HeldList.h"
+#include "BlockedListFile.h"
 #include "ListsTest.h"
 #include "OtherWindow.h"
 #include "support/ui/FocusWatch.h"
@@ -21,7 +21,7 @@ protected:
         RunLoop();
     }
 
-    void Finish(HeldList& list) {
+    void Finish(BlockedListFile& list) {
         list.Read();
         RunLoopUntil([this] { return !IsBusy(); }, "the end message");
         RunLoop();
@@ -69,8 +69,8 @@ TEST_F(ListFocusTest, AfterAnErrorTheButtonHasItAgain) {
 }
 
 TEST_F(ListFocusTest, AfterACancelledListTheButtonHasItAgain) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     std::thread reader;
     const Ui::DismissModal cancel([&](HWND dialog) {
         WinLib::WaitServingSentMessages([&] { return list.IsOpen(); });
@@ -95,8 +95,8 @@ TEST_F(ListFocusTest, AListFromTheTreeLeavesItThere) {
 }
 
 TEST_F(ListFocusTest, InTheBackgroundTheTreeHasItAndThenTheButton) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     StartFromTheButton();
     EXPECT_EQ(GetFocus(), tree.Window());
     Finish(list);
@@ -141,11 +141,11 @@ const Choice Choices[] = {
 };
 
 TEST_F(ListFocusTest, WhatTheUserChoosesMeanwhileKeepsIt) {
-    OpenSavingIn(HeldList::Folder());
+    OpenSavingIn(BlockedListFile::Folder());
     for (const Choice& choice : Choices) {
         SCOPED_TRACE(choice.what);
         tree.Select(tree.Item(L"Preset"));
-        HeldList list(L"List of Listed.txt");
+        BlockedListFile list(L"List of Listed.txt");
         StartFromTheButton();
         choice.make(window, tree);
         Finish(list);
@@ -154,8 +154,8 @@ TEST_F(ListFocusTest, WhatTheUserChoosesMeanwhileKeepsIt) {
 }
 
 TEST_F(ListFocusTest, AnotherProgramMeanwhileIsNoChoice) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     StartFromTheButton();
     { const OtherWindow other(window); }
     RunLoop();
@@ -165,8 +165,8 @@ TEST_F(ListFocusTest, AnotherProgramMeanwhileIsNoChoice) {
 }
 
 TEST_F(ListFocusTest, TheButtonHasItWhenTheWindowIsActiveAgain) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     StartFromTheButton();
     {
         const OtherWindow other(window);

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <thread>
 
-#include "HeldList.h"
+#include "BlockedListFile.h"
 #include "ListsTest.h"
 #include "app/MessageLoop.h"
 #include "support/ui/DismissModal.h"
@@ -40,8 +40,8 @@ TEST_F(ListsTest, ManyListsInARow) {
 }
 
 TEST_F(ListsTest, TheDialogStandsInFrontOfTheDisabledWindow) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     std::thread reader;
     const Ui::DismissModal look([&](HWND dialog) {
         EXPECT_EQ(GetWindow(dialog, GW_OWNER), window);
@@ -58,9 +58,9 @@ TEST_F(ListsTest, TheDialogStandsInFrontOfTheDisabledWindow) {
 
 // The dialog is destroyed and not ended, since Wine's EndDialog enables an owner whatever it was before.
 TEST_F(ListsTest, TheWindowIsAfterTheDialogAsItWasBefore) {
-    OpenSavingIn(HeldList::Folder());
+    OpenSavingIn(BlockedListFile::Folder());
     for (const BOOL enabled : {TRUE, FALSE}) {
-        HeldList list(L"List of Listed.txt");
+        BlockedListFile list(L"List of Listed.txt");
         const Ui::DismissModal destroy([](HWND dialog) { DestroyWindow(dialog); });
         EnableWindow(window, enabled);
         controller->StartList(PresetId(), Listed());
@@ -73,8 +73,8 @@ TEST_F(ListsTest, TheWindowIsAfterTheDialogAsItWasBefore) {
 }
 
 TEST_F(ListsTest, TheEndMessageInsideStartLeavesTheJobAlive) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     std::string text;
     std::thread reader;
     const Ui::DismissModal interfere([&](HWND) {
@@ -107,8 +107,8 @@ TEST_F(ListsTest, AnErrorIsShownAndTheJobCollected) {
 }
 
 TEST_F(ListsTest, InTheBackgroundTheBarShowsAndTheWindowIsFree) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     StartInBackground();
     EXPECT_TRUE(IsBusy());
     EXPECT_FALSE(CanCreateList());
@@ -130,8 +130,8 @@ TEST_F(ListsTest, InTheBackgroundTheBarShowsAndTheWindowIsFree) {
 }
 
 TEST_F(ListsTest, ACancelledListLeavesNothingBehind) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     std::thread reader;
     const Ui::DismissModal cancel([&](HWND dialog) {
         WinLib::WaitServingSentMessages([&] { return list.IsOpen(); });
@@ -146,8 +146,8 @@ TEST_F(ListsTest, ACancelledListLeavesNothingBehind) {
 }
 
 TEST_F(ListsTest, BackgroundAfterCancelShowsTheBarUntilTheEnd) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     const Ui::DismissModal both([&](HWND dialog) {
         WinLib::WaitServingSentMessages([&] { return list.IsOpen(); });
         Push(dialog, IDC_PROGRESS_CANCEL);
@@ -162,8 +162,8 @@ TEST_F(ListsTest, BackgroundAfterCancelShowsTheBarUntilTheEnd) {
 }
 
 TEST_F(ListsTest, ClosingHidesTheWindowAndWaitsForTheList) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     StartInBackground();
     std::string text;
     bool existed = false;
@@ -182,8 +182,8 @@ TEST_F(ListsTest, ClosingHidesTheWindowAndWaitsForTheList) {
 }
 
 TEST_F(ListsTest, ClosingBehindTheDialogWaitsForStart) {
-    OpenSavingIn(HeldList::Folder());
-    HeldList list(L"List of Listed.txt");
+    OpenSavingIn(BlockedListFile::Folder());
+    BlockedListFile list(L"List of Listed.txt");
     std::string text;
     std::thread reader;
     const Ui::DismissModal interfere([&](HWND) {

@@ -23,16 +23,17 @@ const std::vector<int> Presses[] = {
     {IDC_PROGRESS_BACKGROUND, IDC_PROGRESS_CANCEL},
 };
 
-// Who presses: the dialog's thread as soon as it shows, another one, or the worker itself between two steps.
-enum class Hand { AtOnce, FromAside, BetweenSteps };
-constexpr Hand Hands[] = {Hand::AtOnce, Hand::FromAside, Hand::BetweenSteps};
+// Which thread presses: the dialog's thread as soon as it shows, another one, or the worker itself between
+// two steps.
+enum class Presser { AtOnce, OtherThread, BetweenSteps };
+constexpr Presser Pressers[] = {Presser::AtOnce, Presser::OtherThread, Presser::BetweenSteps};
 
 struct Plan {
     explicit Plan(Random& random)
         : hasOwner(random.Bool()),
           fails(random.Below(4) == 0),
           presses(random.Choose(Presses)),
-          hand(random.Choose(Hands)),
+          presser(random.Choose(Pressers)),
           step(random.Between(0, RaceRecord::UsualSteps)),
           pause(random.Below(2) * random.Below(50)),
           holdUntil(random.Below(3) == 0 ? random.Between(1, RaceRecord::UsualSteps) : 0),
@@ -41,9 +42,9 @@ struct Plan {
     bool hasOwner;
     bool fails;  // the folder is missing
     std::vector<int> presses;
-    Hand hand;
+    Presser presser;
     int step;        // of the worker, at which it is pressed
-    uint32_t pause;  // so many turns of the other threads before each press
+    uint32_t pause;  // how often other threads may run before each press
     int holdUntil;   // the step before which no dialog comes into being
     bool deletedAtOnce;
 };
@@ -60,7 +61,7 @@ public:
         FakeWin::OnShellExecute([&](const FakeWin::ShellExecution&) { ++opened; });
         FakeWin::OnDialogShown(IDD_PROGRESS, [this](HWND dialog) {
             dialog_ = dialog;
-            if (plan_.hand == Hand::AtOnce)
+            if (plan_.presser == Presser::AtOnce)
                 PressAll();
         });
         std::atomic<int> boxes = 0;
@@ -96,12 +97,12 @@ private:
     bool StartAndDelete(HWND owner) {
         RacingJob job(owner, JobTest::MakePreset(), plan_.fails ? L"C:\\missing" : JobTest::Folder, record_);
         record_.AtStep = [this](int step) {
-            if (plan_.hand == Hand::BetweenSteps && step >= plan_.step && dialog_.load() != nullptr)
+            if (plan_.presser == Presser::BetweenSteps && step >= plan_.step && dialog_.load() != nullptr)
                 PressAll();
         };
         std::thread user;
-        if (plan_.hand == Hand::FromAside)
-            user = std::thread([this] { PressFromAside(); });
+        if (plan_.presser == Presser::OtherThread)
+            user = std::thread([this] { PressOtherThread(); });
         const bool ended = job.Start();
         while (!plan_.deletedAtOnce && !job.IsFinished()) {
             MSG message;
@@ -113,7 +114,7 @@ private:
         return ended;
     }
 
-    void PressFromAside() {
+    void PressOtherThread() {
         while ((dialog_.load() == nullptr || record_.Steps < plan_.step) && !record_.StartReturned)
             std::this_thread::yield();
         PressAll();

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "LoneFieldReader.h"
+#include "SingleFieldReader.h"
 #include "settings/metatypes/RegistrySerializer.h"
 
 using namespace MetaTypes;
@@ -12,7 +12,7 @@ using namespace TestSupport;
 
 namespace {
 
-using RegistryDeserializerTest = LoneFieldReader;
+using RegistryDeserializerTest = SingleFieldReader;
 
 // Bytes of a number as the registry has them.
 template <typename T>
@@ -40,7 +40,7 @@ TEST_F(RegistryDeserializerTest, AnyNumberButZeroIsTrue) {
 }
 
 TEST_F(RegistryDeserializerTest, ABoolReadAsSevenIsSavedAsOne) {
-    static constexpr LoneField Field = LoneFieldOf<bool>();
+    static constexpr SingleField Field = SingleFieldOf<bool>();
     StoreDword(7);
     bool flag = false;
     EXPECT_TRUE(Read(flag));
@@ -166,8 +166,8 @@ TEST_F(RegistryDeserializerTest, TheReservedCodesFail) {
     for (const uint32_t code :
          std::initializer_list<uint32_t>{0, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 35}) {
         uint32_t record = 1;
-        EXPECT_FALSE(
-            RegistryDeserializer(Key).Deserialize(LoneFieldOf(static_cast<TypeCode>(code), 1).rows, &record))
+        EXPECT_FALSE(RegistryDeserializer(Key).Deserialize(SingleFieldOf(static_cast<TypeCode>(code), 1).rows,
+                                                           &record))
             << code;
         EXPECT_EQ(record, 1u) << code;
     }
@@ -196,13 +196,13 @@ TEST_F(RegistryDeserializerTest, AnArrayWithoutItsSubkeyIsKept) {
 TEST_F(RegistryDeserializerTest, ACountOfZeroIsASingleValue) {
     StoreDword(12);
     uint32_t record = 0;
-    EXPECT_TRUE(RegistryDeserializer(Key).Deserialize(LoneFieldOf(TypeCode::UInt32, 0).rows, &record));
+    EXPECT_TRUE(RegistryDeserializer(Key).Deserialize(SingleFieldOf(TypeCode::UInt32, 0).rows, &record));
     EXPECT_EQ(record, 12u);
 }
 
 TEST_F(RegistryDeserializerTest, ASectionIsASubkey) {
-    static constexpr LoneField Inner = LoneFieldOf<uint32_t>();
-    static constexpr LoneField Outer = LoneFieldOf(TypeCode::Section, 1, Inner.rows);
+    static constexpr SingleField Inner = SingleFieldOf<uint32_t>();
+    static constexpr SingleField Outer = SingleFieldOf(TypeCode::Section, 1, Inner.rows);
     uint32_t record = 1;
     registry_.CreateKey(Key);
     EXPECT_FALSE(RegistryDeserializer(Key).Deserialize(Outer.rows, &record));
@@ -212,8 +212,8 @@ TEST_F(RegistryDeserializerTest, ASectionIsASubkey) {
 }
 
 TEST_F(RegistryDeserializerTest, SeveralSectionsInOneRowAreAllReadFromTheOneSubkey) {
-    static constexpr LoneField Inner = LoneFieldOf<uint32_t>();
-    static constexpr LoneField Outer = LoneFieldOf(TypeCode::Section, 2, Inner.rows);
+    static constexpr SingleField Inner = SingleFieldOf<uint32_t>();
+    static constexpr SingleField Outer = SingleFieldOf(TypeCode::Section, 2, Inner.rows);
     registry_.SetDword(Key + L"\\Value", L"Value", 77);
     uint32_t record[2] = {1, 2};
     EXPECT_TRUE(RegistryDeserializer(Key).Deserialize(Outer.rows, record));

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <limits>
 
-#include "LoneField.h"
+#include "SingleField.h"
 #include "support/TestRegistry.h"
 
 using namespace MetaTypes;
@@ -28,7 +28,7 @@ class RegistrySerializerTest : public testing::Test {
 protected:
     template <typename Member>
     bool Write(const Member& member) {
-        static constexpr LoneField Field = LoneFieldOf<Member>();
+        static constexpr SingleField Field = SingleFieldOf<Member>();
         return RegistrySerializer(Key).Serialize(Field.rows, &member);
     }
 
@@ -163,7 +163,7 @@ TEST_F(RegistrySerializerTest, TheReservedCodesFailAndStoreNothing) {
         codes.push_back(code);
     const uint32_t record = 1;
     for (const uint32_t code : codes) {
-        const LoneField field = LoneFieldOf(static_cast<TypeCode>(code), 1);
+        const SingleField field = SingleFieldOf(static_cast<TypeCode>(code), 1);
         EXPECT_FALSE(RegistrySerializer(Key).Serialize(field.rows, &record)) << code;
         EXPECT_TRUE(registry_.ValueNames(Key).empty()) << code;
     }
@@ -197,24 +197,24 @@ TEST_F(RegistrySerializerTest, AFailedElementFailsTheArrayButNotTheOthers) {
 
 TEST_F(RegistrySerializerTest, ACountOfZeroIsASingleValue) {
     const uint32_t record = 12;
-    EXPECT_TRUE(RegistrySerializer(Key).Serialize(LoneFieldOf(TypeCode::UInt32, 0).rows, &record));
+    EXPECT_TRUE(RegistrySerializer(Key).Serialize(SingleFieldOf(TypeCode::UInt32, 0).rows, &record));
     EXPECT_EQ(registry_.Get(Key, L"Value"), DwordValue(12));
 }
 
 TEST_F(RegistrySerializerTest, ASectionIsASubkey) {
-    static constexpr LoneField Inner = LoneFieldOf<uint32_t>();
-    static constexpr LoneField Outer = LoneFieldOf(TypeCode::Section, 1, Inner.rows);
-    static constexpr LoneField Outermost = LoneFieldOf(TypeCode::Section, 1, Outer.rows);
+    static constexpr SingleField Inner = SingleFieldOf<uint32_t>();
+    static constexpr SingleField Outer = SingleFieldOf(TypeCode::Section, 1, Inner.rows);
+    static constexpr SingleField Outermost = SingleFieldOf(TypeCode::Section, 1, Outer.rows);
     const uint32_t record = 77;
     EXPECT_TRUE(RegistrySerializer(Key).Serialize(Outermost.rows, &record));
     EXPECT_EQ(registry_.Get(Key + L"\\Value\\Value", L"Value"), DwordValue(77));
 }
 
 TEST_F(RegistrySerializerTest, SeveralSectionsInOneRowStoreNothingAndSucceed) {
-    static constexpr LoneField Inner = LoneFieldOf<uint32_t>();
+    static constexpr SingleField Inner = SingleFieldOf<uint32_t>();
     const uint32_t record[2] = {77, 78};
     EXPECT_TRUE(
-        RegistrySerializer(Key).Serialize(LoneFieldOf(TypeCode::Section, 2, Inner.rows).rows, record));
+        RegistrySerializer(Key).Serialize(SingleFieldOf(TypeCode::Section, 2, Inner.rows).rows, record));
     EXPECT_TRUE(registry_.KeyExists(Key));
     EXPECT_TRUE(registry_.Subkeys(Key).empty());
     EXPECT_TRUE(registry_.ValueNames(Key).empty());
@@ -229,7 +229,7 @@ TEST_F(RegistrySerializerTest, AnEmptyTableMakesTheKeyAndSucceeds) {
 
 TEST_F(RegistrySerializerTest, MissingParentsAreMade) {
     const uint32_t record = 1;
-    static constexpr LoneField Field = LoneFieldOf<uint32_t>();
+    static constexpr SingleField Field = SingleFieldOf<uint32_t>();
     EXPECT_TRUE(RegistrySerializer(Key + L"\\a\\b\\c").Serialize(Field.rows, &record));
     EXPECT_EQ(registry_.Get(Key + L"\\a\\b\\c", L"Value"), DwordValue(1));
 }

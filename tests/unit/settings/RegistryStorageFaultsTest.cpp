@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "FakeWin.h"
-#include "LoneField.h"
+#include "SingleField.h"
 #include "settings/metatypes/RegistryDeserializer.h"
 #include "settings/metatypes/RegistrySerializer.h"
 #include "support/TestRegistry.h"
@@ -78,19 +78,19 @@ TEST(RegistryStorageFaults, ReadingOpensEveryKeyForReadingAndClosesIt) {
 
 TEST(RegistryStorageFaults, ANumberTakesOneQueryAndAllOthersTwo) {
     TestRegistry registry;
-    const auto queries = [](const LoneField& field, auto member) {
+    const auto queries = [](const SingleField& field, auto member) {
         EXPECT_TRUE(RegistrySerializer(Key).Serialize(field.rows, &member));
         FakeWin::ClearLog();
         EXPECT_TRUE(RegistryDeserializer(Key).Deserialize(field.rows, &member));
         return UsesOf(Call::RegQueryValueExW).size();
     };
-    EXPECT_EQ(queries(LoneFieldOf<uint32_t>(), 1u), 1u);
-    EXPECT_EQ(queries(LoneFieldOf<bool>(), true), 1u);
-    EXPECT_EQ(queries(LoneFieldOf<float>(), 1.0f), 2u);
-    EXPECT_EQ(queries(LoneFieldOf<double>(), 1.0), 2u);
-    EXPECT_EQ(queries(LoneFieldOf<std::wstring>(), std::wstring(L"x")), 2u);
-    EXPECT_EQ(queries(LoneFieldOf<Fruit>(), Fruit::Pear), 2u);
-    EXPECT_EQ(queries(LoneFieldOf<std::vector<std::wstring>>(), std::vector<std::wstring>{L"x"}), 2u);
+    EXPECT_EQ(queries(SingleFieldOf<uint32_t>(), 1u), 1u);
+    EXPECT_EQ(queries(SingleFieldOf<bool>(), true), 1u);
+    EXPECT_EQ(queries(SingleFieldOf<float>(), 1.0f), 2u);
+    EXPECT_EQ(queries(SingleFieldOf<double>(), 1.0), 2u);
+    EXPECT_EQ(queries(SingleFieldOf<std::wstring>(), std::wstring(L"x")), 2u);
+    EXPECT_EQ(queries(SingleFieldOf<Fruit>(), Fruit::Pear), 2u);
+    EXPECT_EQ(queries(SingleFieldOf<std::vector<std::wstring>>(), std::vector<std::wstring>{L"x"}), 2u);
 }
 
 TEST(RegistryStorageFaults, WithoutTheTopKeyNothingIsWritten) {
@@ -137,16 +137,16 @@ TEST(RegistryStorageFaults, AValueThatCannotBeWrittenFailsAlone) {
 TEST(RegistryStorageFaults, EveryKindOfValueTellsThatItWasNotWritten) {
     TestRegistry registry;
     FakeWin::Fail(Call::RegSetValueExW, ERROR_ACCESS_DENIED);
-    const auto write = [](const LoneField& field, auto member) {
+    const auto write = [](const SingleField& field, auto member) {
         return RegistrySerializer(Key).Serialize(field.rows, &member);
     };
-    EXPECT_FALSE(write(LoneFieldOf<bool>(), true));
-    EXPECT_FALSE(write(LoneFieldOf<float>(), 1.0f));
-    EXPECT_FALSE(write(LoneFieldOf<std::string>(), std::string("x")));
-    EXPECT_FALSE(write(LoneFieldOf<std::wstring>(), std::wstring(L"x")));
-    EXPECT_FALSE(write(LoneFieldOf<Fruit>(), Fruit::Pear));
-    EXPECT_FALSE(write(LoneFieldOf<std::vector<std::string>>(), std::vector<std::string>{"x"}));
-    EXPECT_FALSE(write(LoneFieldOf<std::vector<std::wstring>>(), std::vector<std::wstring>{L"x"}));
+    EXPECT_FALSE(write(SingleFieldOf<bool>(), true));
+    EXPECT_FALSE(write(SingleFieldOf<float>(), 1.0f));
+    EXPECT_FALSE(write(SingleFieldOf<std::string>(), std::string("x")));
+    EXPECT_FALSE(write(SingleFieldOf<std::wstring>(), std::wstring(L"x")));
+    EXPECT_FALSE(write(SingleFieldOf<Fruit>(), Fruit::Pear));
+    EXPECT_FALSE(write(SingleFieldOf<std::vector<std::string>>(), std::vector<std::string>{"x"}));
+    EXPECT_FALSE(write(SingleFieldOf<std::vector<std::wstring>>(), std::vector<std::wstring>{L"x"}));
 }
 
 TEST(RegistryStorageFaults, ASectionThatCannotBeOpenedKeepsItsFields) {
@@ -165,23 +165,23 @@ TEST(RegistryStorageFaults, ASectionThatCannotBeOpenedKeepsItsFields) {
 
 TEST(RegistryStorageFaults, AValueWhoseSecondQueryFailsIsKept) {
     TestRegistry registry;
-    const auto read = [](const LoneField& field, auto stored, auto member) {
+    const auto read = [](const SingleField& field, auto stored, auto member) {
         EXPECT_TRUE(RegistrySerializer(Key).Serialize(field.rows, &stored));
         FakeWin::FailNth(Call::RegQueryValueExW, 2, ERROR_ACCESS_DENIED);
         EXPECT_FALSE(RegistryDeserializer(Key).Deserialize(field.rows, &member));
         return member;
     };
-    EXPECT_EQ(read(LoneFieldOf<float>(), 1.0f, 9.0f), 9.0f);
-    EXPECT_EQ(read(LoneFieldOf<std::wstring>(), std::wstring(L"x"), std::wstring(L"old")), L"old");
-    EXPECT_EQ(read(LoneFieldOf<Fruit>(), Fruit::Pear, Fruit::Plum), Fruit::Plum);
-    EXPECT_TRUE(read(LoneFieldOf<std::vector<std::wstring>>(), std::vector<std::wstring>{L"x"},
+    EXPECT_EQ(read(SingleFieldOf<float>(), 1.0f, 9.0f), 9.0f);
+    EXPECT_EQ(read(SingleFieldOf<std::wstring>(), std::wstring(L"x"), std::wstring(L"old")), L"old");
+    EXPECT_EQ(read(SingleFieldOf<Fruit>(), Fruit::Pear, Fruit::Plum), Fruit::Plum);
+    EXPECT_TRUE(read(SingleFieldOf<std::vector<std::wstring>>(), std::vector<std::wstring>{L"x"},
                      std::vector<std::wstring>{L"old"})
                     .empty());
 }
 
 TEST(RegistryStorageFaults, AnExceptionOnTheWayClosesTheKeys) {
     TestRegistry registry;
-    static constexpr LoneField Inner = LoneFieldOf<std::string>();
+    static constexpr SingleField Inner = SingleFieldOf<std::string>();
     constexpr FieldRow Table[] = {MakeRow<std::string>("Section", 0, Inner.rows), EndOfTable};
     registry.SetString(Key + L"\\Section", L"Value", std::wstring(1, wchar_t{0xDC00}));
     std::string text;

@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 #include <utf8.h>
 
-#include "LoneFieldReader.h"
+#include "SingleFieldReader.h"
 
 using namespace MetaTypes;
 using namespace TestSupport;
 
 namespace {
 
-using RegistryTexts = LoneFieldReader;
+using RegistryTexts = SingleFieldReader;
 
 TEST_F(RegistryTexts, ATextBufferTakesWhatFits) {
     struct Text {

@@ -1,5 +1,5 @@
-// The one who interferes with a start: does its acts one after the other as soon as they are due and the
-// progress dialog is there, from within whatever message then comes to the thread of the dialog.
+// Simulates a user who presses buttons while a job starts: performs queued actions when they are due and the
+// progress dialog exists, from within the next message to the dialog's thread.
 #pragma once
 
 #include <atomic>
@@ -9,12 +9,13 @@
 #include "MessageWatch.h"
 #include "support/Random.h"
 
-// The moment and the manner of what a hand does, drawn at random.
-struct Manner {
+// When and how a simulated user acts, chosen at random.
+struct InterferencePlan {
     // usual is how many messages an undisturbed start takes.
-    Manner(Random& random, int usual);
+    InterferencePlan(Random& random, int usual);
 
-    // Presses a button of a dialog of this thread; true if that was taken before the call returns.
+    // Presses a button of a dialog of this thread. Returns whether the dialog handled it before the call
+    // returns.
     bool Press(HWND dialog, int id) const;
 
     // Two clocks, of which one counts: messages of the dialog's thread, or steps of the worker.
@@ -23,16 +24,16 @@ struct Manner {
     int step;
 
     int gap;         // messages between two acts
-    bool posted;     // by way of the queue, as a click comes, or at once, as a sent message does
-    uint32_t turns;  // of other threads before each act
+    bool posted;     // posted like a click, or else sent
+    uint32_t turns;  // how often other threads may run before each act
 };
 
-class Hand {
+class SimulatedUser {
 public:
-    // An act gets the dialog, or null if it needs none.
+    // Called with the dialog, or with null if needsDialog is false.
     using Act = std::function<void(HWND dialog)>;
 
-    Hand(const Manner& manner, std::vector<Act> acts, bool needsDialog);
+    SimulatedUser(const InterferencePlan& plan, std::vector<Act> acts, bool needsDialog);
 
     // At each message of the dialog's thread, on that thread.
     void OnMessage(const MessageWatch& watch);
@@ -43,7 +44,7 @@ public:
     int Messages() const { return messages_; }
 
 private:
-    const Manner manner_;
+    const InterferencePlan plan_;
     std::vector<Act> acts_;  // the next one last
     const bool needsDialog_;
     std::atomic<bool> due_ = false;

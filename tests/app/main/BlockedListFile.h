@@ -6,13 +6,13 @@
 
 #include "winlib/Windows.h"
 
-class HeldList {
+class BlockedListFile {
 public:
     // fileName is that of the list, without a folder.
-    explicit HeldList(const std::wstring& fileName);
-    HeldList(const HeldList&) = delete;
-    HeldList& operator=(const HeldList&) = delete;
-    ~HeldList();
+    explicit BlockedListFile(const std::wstring& fileName);
+    BlockedListFile(const BlockedListFile&) = delete;
+    BlockedListFile& operator=(const BlockedListFile&) = delete;
+    ~BlockedListFile();
 
     // The folder for the preset to save in.
     static std::wstring Folder();

@@ -6,18 +6,18 @@
 #include <string>
 #include <string_view>
 
-#include "LoneField.h"
+#include "SingleField.h"
 #include "settings/metatypes/RegistryDeserializer.h"
 #include "support/TestRegistry.h"
 
-class LoneFieldReader : public testing::Test {
+class SingleFieldReader : public testing::Test {
 protected:
     const std::wstring Key = L"Software\\Tamblewick\\Test";
 
     // Reads what is stored as "Value" into a lone field.
     template <typename Member>
     bool Read(Member& member) {
-        static constexpr LoneField Field = LoneFieldOf<Member>();
+        static constexpr SingleField Field = SingleFieldOf<Member>();
         return MetaTypes::RegistryDeserializer(Key).Deserialize(Field.rows, &member);
     }
 

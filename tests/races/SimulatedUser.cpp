@@ -1,10 +1,10 @@
-#include "Hand.h"
+#include "SimulatedUser.h"
 
 #include <algorithm>
 
 #include "support/jobs/RacingJob.h"
 
-Manner::Manner(Random& random, int usual)
+InterferencePlan::InterferencePlan(Random& random, int usual)
     : byMessages(random.Bool()),
       message(random.Between(0, usual + usual / 10)),
       step(random.Between(1, RaceRecord::UsualSteps)),
@@ -12,13 +12,13 @@ Manner::Manner(Random& random, int usual)
       posted(random.Bool()),
       turns(random.Bool() ? random.Below(20) : 0) {}
 
-Hand::Hand(const Manner& manner, std::vector<Act> acts, bool needsDialog)
-    : manner_(manner), acts_(std::move(acts)), needsDialog_(needsDialog) {
+SimulatedUser::SimulatedUser(const InterferencePlan& plan, std::vector<Act> acts, bool needsDialog)
+    : plan_(plan), acts_(std::move(acts)), needsDialog_(needsDialog) {
     std::reverse(acts_.begin(), acts_.end());
 }
 
-void Hand::OnMessage(const MessageWatch& watch) {
-    if (++messages_ >= manner_.message && manner_.byMessages)
+void SimulatedUser::OnMessage(const MessageWatch& watch) {
+    if (++messages_ >= plan_.message && plan_.byMessages)
         due_ = true;
     // Another message may come from within an act.
     if (!due_ || acting_ || acts_.empty() || --wait_ > 0)
@@ -27,18 +27,18 @@ void Hand::OnMessage(const MessageWatch& watch) {
     if (needsDialog_ && dialog == nullptr)
         return;
     acting_ = true;
-    for (uint32_t i = 0; i < manner_.turns; ++i)
+    for (uint32_t i = 0; i < plan_.turns; ++i)
         SwitchToThread();
     acts_.back()(dialog);
     acts_.pop_back();
-    wait_ = manner_.gap;
+    wait_ = plan_.gap;
     acting_ = false;
     if (!acts_.empty() && wait_ == 0)
         OnMessage(watch);
 }
 
-void Hand::OnStep(const MessageWatch& watch, int step) {
-    if (manner_.byMessages || step < manner_.step)
+void SimulatedUser::OnStep(const MessageWatch& watch, int step) {
+    if (plan_.byMessages || step < plan_.step)
         return;
     due_ = true;
     // Any message will do.
@@ -46,7 +46,7 @@ void Hand::OnStep(const MessageWatch& watch, int step) {
         PostMessageW(dialog, WM_NULL, 0, 0);
 }
 
-bool Manner::Press(HWND dialog, int id) const {
+bool InterferencePlan::Press(HWND dialog, int id) const {
     const HWND button = GetDlgItem(dialog, id);
     if (posted) {
         PostMessageW(button, BM_CLICK, 0, 0);

@@ -1,4 +1,4 @@
-#include "Desks.h"
+#include "RaceThreads.h"
 
 #include <atomic>
 #include <iostream>
@@ -12,14 +12,14 @@ namespace {
 
 class Races {
 public:
-    Races(int starts, const std::function<std::unique_ptr<Desk>(int)>& open)
-        : starts_(starts), warmUp_(starts / 10 + 2 * DeskCount), firstSeed_(FirstSeed()), open_(open) {}
+    Races(int starts, const std::function<std::unique_ptr<RaceThread>(int)>& open)
+        : starts_(starts), warmUp_(starts / 10 + 2 * RaceThreadCount), firstSeed_(FirstSeed()), open_(open) {}
 
     void Run() {
         // Wine does not bear that several threads make the first dialog of a process.
         RaceOnce(*open_(0), firstSeed_);
         std::vector<std::thread> threads;
-        for (int number = 0; number < DeskCount; ++number)
+        for (int number = 0; number < RaceThreadCount; ++number)
             threads.emplace_back([this, number] { WorkAt(number); });
         for (std::thread& thread : threads)
             thread.join();
@@ -31,36 +31,36 @@ public:
 
 private:
     void WorkAt(int number) {
-        const std::unique_ptr<Desk> desk = open_(number);
-        RaceUntil(*desk, warmUp_);
+        const std::unique_ptr<RaceThread> thread = open_(number);
+        RaceUntil(*thread, warmUp_);
         Meet(before_);
-        RaceUntil(*desk, starts_);
+        RaceUntil(*thread, starts_);
         Meet(after_);
     }
 
-    void RaceUntil(Desk& desk, int end) {
+    void RaceUntil(RaceThread& thread, int end) {
         while (!failed_) {
             int start = next_;
             while (start < end && !next_.compare_exchange_weak(start, start + 1)) {
             }
             if (start >= end)
                 return;
-            RaceOnce(desk, firstSeed_ + static_cast<uint32_t>(start));
+            RaceOnce(thread, firstSeed_ + static_cast<uint32_t>(start));
         }
     }
 
-    void RaceOnce(Desk& desk, uint32_t seed) {
+    void RaceOnce(RaceThread& thread, uint32_t seed) {
         Random random(seed);
-        const std::string complaints = desk.Race(random);
+        const std::string complaints = thread.Race(random);
         if (!complaints.empty() && !failed_.exchange(true))
             failure_ = "TAMBLEWICK_SEED=" + std::to_string(seed) + "\n" + complaints;
     }
 
-    // All desks meet, the last one counts, and all go on. Meanwhile each serves what others may send to it.
+    // All threads meet, the last one counts, and all go on. Meanwhile each serves what others may send to it.
     void Meet(Resources& count) {
         const int arrived = ++arrived_;
-        const int meeting = (arrived - 1) / DeskCount + 1;
-        if (arrived == meeting * DeskCount) {
+        const int meeting = (arrived - 1) / RaceThreadCount + 1;
+        if (arrived == meeting * RaceThreadCount) {
             count = Resources::Now();
             counted_ = meeting;
         }
@@ -70,7 +70,7 @@ private:
     const int starts_;
     const int warmUp_;
     const uint32_t firstSeed_;
-    const std::function<std::unique_ptr<Desk>(int)>& open_;
+    const std::function<std::unique_ptr<RaceThread>(int)>& open_;
     std::atomic<int> next_ = 0;
     std::atomic<bool> failed_ = false;
     std::string failure_;
@@ -82,7 +82,7 @@ private:
 
 }  // namespace
 
-void RaceOnDesks(int starts, const std::function<std::unique_ptr<Desk>(int)>& open) {
+void RaceOnThreads(int starts, const std::function<std::unique_ptr<RaceThread>(int)>& open) {
     Races(starts, open).Run();
 }
 

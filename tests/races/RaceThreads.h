@@ -8,21 +8,21 @@
 
 #include "support/Random.h"
 
-constexpr int DeskCount = 16;
+constexpr int RaceThreadCount = 16;
 
-// One of the threads. Made, used and destroyed on it.
-class Desk {
+// What one of the threads does. Created, used and destroyed on it.
+class RaceThread {
 public:
-    virtual ~Desk() = default;
+    virtual ~RaceThread() = default;
 
     // One start. Returns what was wrong, or nothing.
     virtual std::string Race(Random& random) = 0;
 };
 
-// Makes so many starts, each with a seed of its own. Fails the test with the seed and the complaints of the
+// Makes this many starts, each with a seed of its own. Fails the test with the seed and the complaints of the
 // first start that has any, and if the process holds more handles after all starts than after the
 // first tenth of them.
-void RaceOnDesks(int starts, const std::function<std::unique_ptr<Desk>(int number)>& open);
+void RaceOnThreads(int starts, const std::function<std::unique_ptr<RaceThread>(int number)>& open);
 
 // How many top-level windows this thread has, visible or not.
 int WindowsOfThisThread();
