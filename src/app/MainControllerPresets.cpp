@@ -118,17 +118,7 @@ void MainController::DuplicatePreset(HTREEITEM item) {
 }
 
 void MainController::RemovePreset(HTREEITEM item) {
-    std::vector<uint32_t> ids;
-    const auto take = [&](HTREEITEM taken) {
-        if (const std::optional<ItemInfo> info = TreeController.TakeItem(taken))
-            ids.push_back(info->id);
-    };
-    take(item);
-    for (HTREEITEM child = TreeController.Neighbour(item, TVGN_CHILD); child != nullptr;
-         child = TreeController.Neighbour(child, TVGN_NEXT))
-        take(child);
-    SendMessageW(TreeWindow, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(item));
-
+    const std::vector<uint32_t> ids = TreeController.RemoveItems(item);
     const Preset* preset = ids.empty() ? nullptr : PresetOf(ids.front());
     if (preset == nullptr)
         return;

@@ -57,7 +57,7 @@ void MainController::FindControls() {
     CloseButton = GetDlgItem(Handle, IDC_MAIN_CLOSE);
     CreateListButton = GetDlgItem(Handle, IDC_MAIN_CREATE_LIST);
     BusyBar = GetDlgItem(Handle, IDC_MAIN_BUSY_BAR);
-    SendMessageW(TreeWindow, CCM_SETUNICODEFORMAT, TRUE, 0);
+    WinLib::Controls::Tree(TreeWindow).UseUnicode();
 }
 
 void MainController::BuildLayout() {

@@ -3,6 +3,7 @@
 #include "app/Menus.h"
 #include "resources/resource.h"
 #include "winlib/Application.h"
+#include "winlib/WindowStyle.h"
 
 namespace {
 
@@ -22,10 +23,6 @@ WinLib::UniqueHandle<HIMAGELIST> MakeDragImages() {
     return images;
 }
 
-void ChangeStyle(HWND window, LONG_PTR added, LONG_PTR removed) {
-    SetWindowLongPtrW(window, GWL_STYLE, (GetWindowLongPtrW(window, GWL_STYLE) | added) & ~removed);
-}
-
 }  // namespace
 
 MainTreeController::MainTreeController(ICommand& command)
@@ -38,9 +35,9 @@ MainTreeController::~MainTreeController() {
 }
 
 void MainTreeController::OnAttach() {
-    TreeWindow = Handle;
-    ChangeStyle(TreeWindow, TVS_HASBUTTONS, 0);
-    SendMessageW(TreeWindow, TVM_SETITEMHEIGHT, ItemHeight, 0);
+    TreeWindow = WinLib::Controls::Tree(Handle);
+    WinLib::AddStyle(TreeWindow, TVS_HASBUTTONS);
+    TreeWindow.SetItemHeight(ItemHeight);
 }
 
 bool MainTreeController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -67,33 +64,25 @@ bool MainTreeController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, L
 
 void MainTreeController::AddItems(HTREEITEM& itemOut, const std::wstring& name,
                                   std::vector<uint32_t>& idsOut) {
-    itemOut = InsertItem(TVI_ROOT, name, ItemKind::Preset, idsOut);
+    itemOut = InsertItem(TVI_ROOT, name.c_str(), ItemKind::Preset, idsOut);
     for (const wchar_t* page : PageNames)
         InsertItem(itemOut, page, ItemKind::Page, idsOut);
 }
 
-HTREEITEM MainTreeController::InsertItem(HTREEITEM parent, std::wstring text, ItemKind kind,
+HTREEITEM MainTreeController::InsertItem(HTREEITEM parent, const wchar_t* text, ItemKind kind,
                                          std::vector<uint32_t>& idsOut) {
     const uint32_t id = ++NextItemId;
-    TVINSERTSTRUCTW insertion = {};
-    insertion.hParent = parent;
-    insertion.hInsertAfter = TVI_LAST;
-    insertion.item.mask = TVIF_TEXT | TVIF_PARAM;
-    insertion.item.pszText = text.data();
-    insertion.item.lParam = id;
-    const LRESULT item = SendMessageW(TreeWindow, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion));
+    const HTREEITEM item = TreeWindow.Insert(parent, text, id);
     idsOut.push_back(id);
     Items[id] = {kind, id};
-    return reinterpret_cast<HTREEITEM>(item);
+    return item;
 }
 
 std::optional<ItemInfo> MainTreeController::InfoOf(HTREEITEM item) const {
-    TVITEMW data = {};
-    data.mask = TVIF_HANDLE | TVIF_PARAM;
-    data.hItem = item;
-    if (item == nullptr || !SendMessageW(TreeWindow, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&data)))
+    const std::optional<LPARAM> id = TreeWindow.Parameter(item);
+    if (!id)
         return std::nullopt;
-    const auto entry = Items.find(static_cast<uint32_t>(data.lParam));
+    const auto entry = Items.find(static_cast<uint32_t>(*id));
     if (entry == Items.end())
         return std::nullopt;
     return entry->second;
@@ -118,45 +107,51 @@ std::optional<ItemInfo> MainTreeController::TakeItem(HTREEITEM item) {
     return info;
 }
 
+std::vector<uint32_t> MainTreeController::RemoveItems(HTREEITEM item) {
+    std::vector<HTREEITEM> branch = TreeWindow.Children(item);
+    branch.insert(branch.begin(), item);
+    std::vector<uint32_t> ids;
+    for (const HTREEITEM taken : branch)
+        if (const std::optional<ItemInfo> info = TakeItem(taken))
+            ids.push_back(info->id);
+    TreeWindow.Remove(item);
+    return ids;
+}
+
 HTREEITEM MainTreeController::PresetItemOf(HTREEITEM item) const {
     const std::optional<ItemKind> kind = ItemKindOf(item);
     if (kind == ItemKind::Preset)
         return item;
-    return kind == ItemKind::Page ? Neighbour(item, TVGN_PARENT) : nullptr;
-}
-
-HTREEITEM MainTreeController::Neighbour(HTREEITEM item, UINT relation) const {
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageW(TreeWindow, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+    return kind == ItemKind::Page ? TreeWindow.Parent(item) : nullptr;
 }
 
 HTREEITEM MainTreeController::SelectedItem() const {
-    return Neighbour(nullptr, TVGN_CARET);
+    return TreeWindow.Caret();
 }
 
 HTREEITEM MainTreeController::FirstItem() const {
-    return Neighbour(nullptr, TVGN_ROOT);
+    return TreeWindow.Next(TVGN_ROOT, nullptr);
 }
 
 void MainTreeController::Select(HTREEITEM item) const {
-    SendMessageW(TreeWindow, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+    TreeWindow.Select(item);
 }
 
 void MainTreeController::BeginRename(HTREEITEM item) {
     if (ItemKindOf(item) != ItemKind::Preset)
         return;
     // The end of an edit takes the style away.
-    SendMessageW(TreeWindow, TVM_ENDEDITLABELNOW, FALSE, 0);
+    TreeWindow.EndLabelEdit();
     // On for this one edit only, so that a click on a selected label never begins one.
-    ChangeStyle(TreeWindow, TVS_EDITLABELS, 0);
+    WinLib::AddStyle(TreeWindow, TVS_EDITLABELS);
     Select(item);
     // Windows edits labels only in a tree that has the focus.
     SetFocus(TreeWindow);
-    SendMessageW(TreeWindow, TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(item));
+    TreeWindow.EditLabel(item);
 }
 
 void MainTreeController::AttachLabelEdit() {
-    WinLib::Attach(LabelEdit, reinterpret_cast<HWND>(SendMessageW(TreeWindow, TVM_GETEDITCONTROL, 0, 0)));
+    WinLib::Attach(LabelEdit, TreeWindow.LabelEdit());
 }
 
 bool MainTreeController::EndRename(const NMTVDISPINFOW& notification, LRESULT& result) {
@@ -165,22 +160,18 @@ bool MainTreeController::EndRename(const NMTVDISPINFOW& notification, LRESULT& r
         return true;
     WinLib::Detach(LabelEdit);
     Command->EnableAccelerators();
-    ChangeStyle(TreeWindow, 0, TVS_EDITLABELS);
+    WinLib::RemoveStyle(TreeWindow, TVS_EDITLABELS);
     const TVITEMW& edited = notification.item;
     if (edited.pszText == nullptr)
         return true;
-    TVITEMW data = {};
-    data.mask = TVIF_TEXT;
-    data.hItem = edited.hItem;
-    data.pszText = edited.pszText;
-    SendMessageW(TreeWindow, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&data));
+    TreeWindow.SetText(edited.hItem, edited.pszText);
     Command->RenamePreset(edited.hItem, edited.pszText);
     result = 1;
     return true;
 }
 
 bool MainTreeController::HandleRButtonDown(int x, int y, WPARAM) {
-    const TVHITTESTINFO hit = HitTest(x, y);
+    const TVHITTESTINFO hit = TreeWindow.HitTest(x, y);
     if (hit.flags & (TVHT_ONITEMICON | TVHT_ONITEMLABEL | TVHT_ONITEMBUTTON | TVHT_ONITEMSTATEICON)) {
         Select(hit.hItem);
         Command->ShowPage(hit.hItem);

@@ -13,6 +13,7 @@
 #include "winlib/Controller.h"
 #include "winlib/Handles.h"
 #include "winlib/controls/EditLabelCtrl.h"
+#include "winlib/controls/Tree.h"
 
 enum class ItemKind : uint32_t {
     Preset = 1,
@@ -49,15 +50,15 @@ public:
     // Forgets what the item stands for and returns it. The item stays in the tree; a drag of it ends.
     std::optional<ItemInfo> TakeItem(HTREEITEM item);
 
+    // Takes an item with its children and removes them from the tree. Returns their ids in tree order.
+    std::vector<uint32_t> RemoveItems(HTREEITEM item);
+
     // The preset item that this item is or lies below; null if there is none.
     HTREEITEM PresetItemOf(HTREEITEM item) const;
 
     // Items or null: the selected one, the topmost preset.
     HTREEITEM SelectedItem() const;
     HTREEITEM FirstItem() const;
-
-    // The neighbour of an item in one of the TVGN_ relations, or null.
-    HTREEITEM Neighbour(HTREEITEM item, UINT relation) const;
 
     void Select(HTREEITEM item) const;
 
@@ -79,8 +80,7 @@ private:
     bool HandleMouseMove(int x, int y, WPARAM keys) override;
 
     std::optional<ItemInfo> InfoOf(HTREEITEM item) const;
-    HTREEITEM InsertItem(HTREEITEM parent, std::wstring text, ItemKind kind, std::vector<uint32_t>& idsOut);
-    TVHITTESTINFO HitTest(int x, int y) const;
+    HTREEITEM InsertItem(HTREEITEM parent, const wchar_t* text, ItemKind kind, std::vector<uint32_t>& idsOut);
     void RunContextCommand(UINT command, HTREEITEM selected);
 
     // Drag and drop, in MainTreeControllerDrag.cpp.
@@ -88,8 +88,6 @@ private:
     void EndDrag();  // or the wait for one
     void MoveDragImage(int x, int y) const;
     void MarkDropTarget(int x, int y) const;
-    void MarkBehind(HTREEITEM item) const;
-    void ClearMark() const;
     HTREEITEM DropTarget(int x, int y) const;
     HTREEITEM LastVisibleOf(HTREEITEM presetItem) const;
     void Drop(HTREEITEM dragged, int x, int y);
@@ -103,6 +101,6 @@ private:
     POINT HotSpot = {};
     DragStates DragState = DragStates::Idle;
     ICommand* Command;
-    HWND TreeWindow = nullptr;
+    WinLib::Controls::Tree TreeWindow;
     WinLib::EditLabelCtrl LabelEdit;
 };

@@ -3,7 +3,6 @@
 // the way out of Pending by a move without the button.
 
 #include <cstdlib>
-#include <cstring>
 #include <utility>
 
 #include "app/MainTreeController.h"
@@ -12,16 +11,12 @@
 bool MainTreeController::HandleLButtonDown(int x, int y, WPARAM) {
     if (DragState != DragStates::Idle)
         return false;
-    const HTREEITEM item = HitTest(x, y).hItem;
+    const HTREEITEM item = TreeWindow.HitTest(x, y).hItem;
     if (ItemKindOf(item) != ItemKind::Preset)
         return false;
-    // The message takes the item in the rectangle's own memory.
-    RECT label = {};
-    std::memcpy(&label, &item, sizeof(HTREEITEM));
-    SendMessageW(TreeWindow, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&label));
     DragItem = item;
     DragStart = {x, y};
-    HotSpot = {x - label.left, 0};
+    HotSpot = {x - TreeWindow.LabelRect(item).left, 0};
     SetCapture(TreeWindow);
     DragState = DragStates::Pending;
     return false;
@@ -85,7 +80,7 @@ void MainTreeController::EndDrag() {
     if (TreeWindow != nullptr && GetCapture() == TreeWindow)
         ReleaseCapture();
     if (wasDragging)
-        ClearMark();
+        TreeWindow.ClearMark();
 }
 
 void MainTreeController::MoveDragImage(int x, int y) const {
@@ -102,42 +97,22 @@ void MainTreeController::MoveDragImage(int x, int y) const {
 void MainTreeController::MarkDropTarget(int x, int y) const {
     const HTREEITEM target = DropTarget(x, y);
     const bool changesNothing =
-        target != nullptr && (target == DragItem || Neighbour(target, TVGN_NEXT) == DragItem);
+        target != nullptr && (target == DragItem || TreeWindow.Next(TVGN_NEXT, target) == DragItem);
     if (changesNothing)
-        ClearMark();
+        TreeWindow.ClearMark();
     else
-        MarkBehind(LastVisibleOf(target));
+        TreeWindow.MarkBelow(LastVisibleOf(target));
 }
 
 HTREEITEM MainTreeController::DropTarget(int x, int y) const {
-    return PresetItemOf(HitTest(x, y).hItem);
+    return PresetItemOf(TreeWindow.HitTest(x, y).hItem);
 }
 
 HTREEITEM MainTreeController::LastVisibleOf(HTREEITEM presetItem) const {
-    const LRESULT state =
-        SendMessageW(TreeWindow, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(presetItem), TVIS_EXPANDED);
-    if (presetItem == nullptr || !(state & TVIS_EXPANDED))
+    if (!TreeWindow.IsExpanded(presetItem))
         return presetItem;
-    HTREEITEM last = presetItem;
-    for (HTREEITEM child = Neighbour(presetItem, TVGN_CHILD); child != nullptr;
-         child = Neighbour(child, TVGN_NEXT))
-        last = child;
-    return last;
-}
-
-void MainTreeController::MarkBehind(HTREEITEM item) const {
-    SendMessageW(TreeWindow, TVM_SETINSERTMARK, TRUE, reinterpret_cast<LPARAM>(item));
-}
-
-void MainTreeController::ClearMark() const {
-    SendMessageW(TreeWindow, TVM_SETINSERTMARK, 0, 0);
-}
-
-TVHITTESTINFO MainTreeController::HitTest(int x, int y) const {
-    TVHITTESTINFO hit = {};
-    hit.pt = {x, y};
-    SendMessageW(TreeWindow, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-    return hit;
+    const std::vector<HTREEITEM> children = TreeWindow.Children(presetItem);
+    return children.empty() ? presetItem : children.back();
 }
 
 void MainTreeController::Drop(HTREEITEM dragged, int x, int y) {
@@ -146,7 +121,7 @@ void MainTreeController::Drop(HTREEITEM dragged, int x, int y) {
         return;
     MoveBehind(dragged, target);
     std::vector<uint32_t> ids;
-    for (HTREEITEM item = FirstItem(); item != nullptr; item = Neighbour(item, TVGN_NEXT))
+    for (const HTREEITEM item : TreeWindow.Children(TVI_ROOT))
         ids.push_back(ItemId(item));
     Command->ReorderPresets(ids);
 }
@@ -155,7 +130,7 @@ void MainTreeController::Drop(HTREEITEM dragged, int x, int y) {
 // when it meets the bottom and not the target, the target lies above, and the walk turns.
 void MainTreeController::MoveBehind(HTREEITEM dragged, HTREEITEM target) const {
     UINT direction = TVGN_NEXT;
-    HTREEITEM next = Neighbour(dragged, direction);
+    HTREEITEM next = TreeWindow.Next(direction, dragged);
     while (next != target) {
         if (next != nullptr) {
             WinLib::Controls::TreeView::SwapItems(TreeWindow, dragged, next);
@@ -165,7 +140,7 @@ void MainTreeController::MoveBehind(HTREEITEM dragged, HTREEITEM target) const {
         } else {
             return;
         }
-        next = Neighbour(dragged, direction);
+        next = TreeWindow.Next(direction, dragged);
     }
     if (direction == TVGN_NEXT)
         WinLib::Controls::TreeView::SwapItems(TreeWindow, dragged, target);

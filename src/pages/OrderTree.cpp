@@ -2,11 +2,11 @@
 
 #include "resources/resource.h"
 #include "winlib/Focus.h"
+#include "winlib/WindowStyle.h"
 #include "winlib/controls/TreeView.h"
 
 using WinLib::Controls::TreeView::GetItemState;
 using WinLib::Controls::TreeView::ItemState;
-using WinLib::Controls::TreeView::NextItem;
 using WinLib::Layout::Alignment;
 using WinLib::Layout::HStack;
 using WinLib::Layout::VStack;
@@ -27,39 +27,14 @@ WinLib::UniqueHandle<HIMAGELIST> MakeStateImages(const std::array<WORD, 3>& icon
     return images;
 }
 
-HTREEITEM Insert(HWND tree, HTREEITEM parent, const wchar_t* text, LPARAM parameter, bool checked) {
-    TVINSERTSTRUCTW insert = {};
-    insert.hParent = parent;
-    insert.hInsertAfter = TVI_LAST;
-    insert.item.mask = TVIF_TEXT | TVIF_PARAM;
-    insert.item.pszText = const_cast<wchar_t*>(text);
-    insert.item.lParam = parameter;
-    if (checked) {
-        insert.item.mask |= TVIF_STATE;
-        insert.item.state = INDEXTOSTATEIMAGEMASK(static_cast<UINT>(ItemState::Checked));
-        insert.item.stateMask = TVIS_STATEIMAGEMASK;
-    }
-    return reinterpret_cast<HTREEITEM>(
-        SendMessageW(tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
-}
-
-LPARAM ParameterOf(HWND tree, HTREEITEM item) {
-    TVITEMW query = {};
-    query.mask = TVIF_PARAM | TVIF_HANDLE;
-    query.hItem = item;
-    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&query));
-    return query.lParam;
-}
-
 }  // namespace
 
 void OrderTree::Attach(HWND tree, HWND upButton, HWND downButton, const std::array<WORD, 3>& stateIcons) {
-    tree_ = tree;
+    tree_ = WinLib::Controls::Tree(tree);
     upButton_ = upButton;
     downButton_ = downButton;
-    SendMessageW(tree_, CCM_SETUNICODEFORMAT, TRUE, 0);
-    SetWindowLongPtrW(tree_, GWL_STYLE,
-                      GetWindowLongPtrW(tree_, GWL_STYLE) | TVS_CHECKBOXES | TVS_LINESATROOT);
+    tree_.UseUnicode();
+    WinLib::AddStyle(tree_, TVS_CHECKBOXES | TVS_LINESATROOT);
     states_.StateImages = MakeStateImages(stateIcons);
     WinLib::Attach(states_, tree_);
     upIcon_ = LoadSmallIcon(IDI_MOVE_UP);
@@ -84,20 +59,22 @@ void OrderTree::AddTo(VStack& page, HWND caption) {
 }
 
 void OrderTree::Fill(std::span<const Child> folders, std::span<const Child> files) {
-    SendMessageW(tree_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+    tree_.Remove(TVI_ROOT);
     const HTREEITEM folderRoot = AddRoot(L"Folders", Root::Folders, folders);
     const HTREEITEM fileRoot = AddRoot(L"Files", Root::Files, files);
     for (const HTREEITEM root : {folderRoot, fileRoot})
         states_.UpdateParent(root);
     for (const HTREEITEM root : {folderRoot, fileRoot})
-        SendMessageW(tree_, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(root));
-    SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(folderRoot));
+        tree_.Expand(root, true);
+    tree_.Select(folderRoot);
 }
 
 HTREEITEM OrderTree::AddRoot(const wchar_t* text, Root root, std::span<const Child> children) {
-    const HTREEITEM item = Insert(tree_, TVI_ROOT, text, static_cast<LPARAM>(root), false);
+    const HTREEITEM item = tree_.Insert(TVI_ROOT, text, static_cast<LPARAM>(root));
     for (const Child& child : children)
-        Insert(tree_, item, child.label, static_cast<LPARAM>(child.value), child.checked);
+        tree_.Insert(item, child.label, static_cast<LPARAM>(child.value),
+                     INDEXTOSTATEIMAGEMASK(static_cast<UINT>(ItemState::Checked)),
+                     child.checked ? TVIS_STATEIMAGEMASK : 0);
     return item;
 }
 
@@ -109,18 +86,18 @@ void OrderTree::MoveDown() {
     Exchange(TVGN_NEXT);
 }
 
-void OrderTree::Exchange(WPARAM neighbour) {
-    const HTREEITEM selected = NextItem(tree_, TVGN_CARET, nullptr);
-    const HTREEITEM other = NextItem(tree_, neighbour, selected);
+void OrderTree::Exchange(UINT neighbour) {
+    const HTREEITEM selected = tree_.Caret();
+    const HTREEITEM other = tree_.Next(neighbour, selected);
     if (selected != nullptr && other != nullptr)
         WinLib::Controls::TreeView::SwapItems(tree_, selected, other);
 }
 
 void OrderTree::UpdateButtons() {
-    const HTREEITEM selected = NextItem(tree_, TVGN_CARET, nullptr);
-    const bool isChild = selected != nullptr && NextItem(tree_, TVGN_PARENT, selected) != nullptr;
-    const bool canGoUp = isChild && NextItem(tree_, TVGN_PREVIOUS, selected) != nullptr;
-    const bool canGoDown = isChild && NextItem(tree_, TVGN_NEXT, selected) != nullptr;
+    const HTREEITEM selected = tree_.Caret();
+    const bool isChild = selected != nullptr && tree_.Parent(selected) != nullptr;
+    const bool canGoUp = isChild && tree_.Next(TVGN_PREVIOUS, selected) != nullptr;
+    const bool canGoDown = isChild && tree_.Next(TVGN_NEXT, selected) != nullptr;
     // Where an item cannot go on, the button for the way back gets the focus.
     WinLib::EnableControl(upButton_, canGoUp, canGoDown ? downButton_ : tree_);
     WinLib::EnableControl(downButton_, canGoDown, canGoUp ? upButton_ : tree_);
@@ -128,13 +105,11 @@ void OrderTree::UpdateButtons() {
 
 std::vector<OrderTree::Child> OrderTree::Children(Root root) const {
     std::vector<Child> children;
-    for (HTREEITEM parent = NextItem(tree_, TVGN_ROOT, nullptr); parent != nullptr;
-         parent = NextItem(tree_, TVGN_NEXT, parent)) {
-        if (ParameterOf(tree_, parent) != static_cast<LPARAM>(root))
+    for (const HTREEITEM parent : tree_.Children(TVI_ROOT)) {
+        if (tree_.Parameter(parent) != static_cast<LPARAM>(root))
             continue;
-        for (HTREEITEM item = NextItem(tree_, TVGN_CHILD, parent); item != nullptr;
-             item = NextItem(tree_, TVGN_NEXT, item))
-            children.push_back({nullptr, static_cast<uint32_t>(ParameterOf(tree_, item)),
+        for (const HTREEITEM item : tree_.Children(parent))
+            children.push_back({nullptr, static_cast<uint32_t>(tree_.Parameter(item).value_or(0)),
                                 GetItemState(tree_, item) == ItemState::Checked});
     }
     return children;

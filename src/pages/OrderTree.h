@@ -45,9 +45,9 @@ public:
 
 private:
     HTREEITEM AddRoot(const wchar_t* text, Root root, std::span<const Child> children);
-    void Exchange(WPARAM neighbour);
+    void Exchange(UINT neighbour);
 
-    HWND tree_ = nullptr;
+    WinLib::Controls::Tree tree_;
     HWND upButton_ = nullptr;
     HWND downButton_ = nullptr;
     WinLib::UniqueHandle<HICON> upIcon_;  // the buttons do not own them

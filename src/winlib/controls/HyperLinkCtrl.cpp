@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "winlib/WindowStyle.h"
 #include "winlib/WindowText.h"
 
 namespace WinLib {
@@ -22,7 +23,7 @@ HyperLinkCtrl::HyperLinkCtrl() : HandCursor(LoadHandCursor()) {}
 
 void HyperLinkCtrl::OnAttach() {
     // Without this style a static reports no clicks and is transparent to hit testing.
-    SetWindowLongPtrW(Handle, GWL_STYLE, GetWindowLongPtrW(Handle, GWL_STYLE) | SS_NOTIFY);
+    AddStyle(Handle, SS_NOTIFY);
     NormalFont = reinterpret_cast<HFONT>(SendMessageW(Handle, WM_GETFONT, 0, 0));
     LOGFONTW font = {};
     GetObjectW(NormalFont, sizeof(font), &font);

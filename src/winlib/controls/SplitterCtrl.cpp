@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "winlib/ParentCoordinates.h"
+#include "winlib/WindowStyle.h"
 
 namespace WinLib {
 namespace {
@@ -25,7 +26,7 @@ LONG Slack(const RECT& rect, const Layout::Sizer& sizer) {
 
 void SplitterCtrl::OnAttach() {
     // Without this style a static gets no mouse input.
-    SetWindowLongPtrW(Handle, GWL_STYLE, GetWindowLongPtrW(Handle, GWL_STYLE) | SS_NOTIFY);
+    AddStyle(Handle, SS_NOTIFY);
 }
 
 bool SplitterCtrl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {

@@ -1,46 +1,24 @@
 #include "winlib/controls/ThreeStateCtrl.h"
 
-#include "winlib/controls/TreeView.h"
+#include <algorithm>
 
 namespace WinLib::Controls::TreeView {
 namespace {
 
-void SetItemState(HWND tree, HTREEITEM item, ItemState state) {
-    TVITEMW change = {};
-    change.mask = TVIF_STATE | TVIF_HANDLE;
-    change.hItem = item;
-    change.stateMask = TVIS_STATEIMAGEMASK;
-    change.state = INDEXTOSTATEIMAGEMASK(static_cast<UINT>(state));
-    SendMessageW(tree, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&change));
-}
-
-TVHITTESTINFO HitTest(HWND tree, int x, int y) {
-    TVHITTESTINFO hit = {};
-    hit.pt = {x, y};
-    SendMessageW(tree, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-    return hit;
-}
-
-UINT StateOf(HWND tree, HTREEITEM item, UINT mask) {
-    TVITEMW query = {};
-    query.mask = TVIF_STATE | TVIF_HANDLE;
-    query.hItem = item;
-    query.stateMask = mask;
-    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&query));
-    return query.state & mask;
+void SetItemState(const Tree& tree, HTREEITEM item, ItemState state) {
+    tree.SetState(item, INDEXTOSTATEIMAGEMASK(static_cast<UINT>(state)), TVIS_STATEIMAGEMASK);
 }
 
 }  // namespace
 
 ItemState GetItemState(HWND tree, HTREEITEM item) {
-    return static_cast<ItemState>(StateOf(tree, item, TVIS_STATEIMAGEMASK) >> 12);
+    return static_cast<ItemState>(Tree(tree).State(item, TVIS_STATEIMAGEMASK) >> 12);
 }
 
 void ThreeStateCtrl::OnAttach() {
-    tree_ = Handle;
+    tree_ = Tree(Handle);
     // A tree with TVS_CHECKBOXES has created an image list of its own, which it never destroys.
-    const UniqueHandle<HIMAGELIST> replaced(reinterpret_cast<HIMAGELIST>(
-        SendMessageW(tree_, TVM_SETIMAGELIST, TVSIL_STATE, reinterpret_cast<LPARAM>(StateImages.get()))));
+    const UniqueHandle<HIMAGELIST> replaced = tree_.SetStateImages(StateImages.get());
 }
 
 void ThreeStateCtrl::Toggle(HTREEITEM item) {
@@ -48,26 +26,22 @@ void ThreeStateCtrl::Toggle(HTREEITEM item) {
         return;
     const bool checked = GetItemState(tree_, item) == ItemState::Checked;
     SetBranch(item, checked ? ItemState::Unchecked : ItemState::Checked);
-    UpdateParent(NextItem(tree_, TVGN_PARENT, item));
+    UpdateParent(tree_.Parent(item));
 }
 
 void ThreeStateCtrl::SetBranch(HTREEITEM item, ItemState state) {
     SetItemState(tree_, item, state);
-    for (HTREEITEM child = NextItem(tree_, TVGN_CHILD, item); child != nullptr;
-         child = NextItem(tree_, TVGN_NEXT, child))
+    for (const HTREEITEM child : tree_.Children(item))
         SetBranch(child, state);
 }
 
 void ThreeStateCtrl::UpdateParent(HTREEITEM item) {
-    for (; item != nullptr; item = NextItem(tree_, TVGN_PARENT, item)) {
-        HTREEITEM child = NextItem(tree_, TVGN_CHILD, item);
-        ItemState common = GetItemState(tree_, child);
-        while ((child = NextItem(tree_, TVGN_NEXT, child)) != nullptr) {
-            if (GetItemState(tree_, child) != common) {
-                common = ItemState::Mixed;
-                break;
-            }
-        }
+    for (; item != nullptr; item = tree_.Parent(item)) {
+        const std::vector<HTREEITEM> children = tree_.Children(item);
+        const ItemState first = GetItemState(tree_, children.front());
+        const bool alike = std::all_of(children.begin(), children.end(),
+                                       [&](HTREEITEM child) { return GetItemState(tree_, child) == first; });
+        const ItemState common = alike ? first : ItemState::Mixed;
         if (GetItemState(tree_, item) == common)
             return;
         SetItemState(tree_, item, common);
@@ -102,12 +76,12 @@ bool ThreeStateCtrl::HandleRButtonDown(int x, int y, WPARAM) {
 bool ThreeStateCtrl::HandleKeyDown(WPARAM virtualKey) {
     if (virtualKey != VK_SPACE)
         return false;
-    Toggle(NextItem(tree_, TVGN_CARET, nullptr));
+    Toggle(tree_.Caret());
     return true;
 }
 
 bool ThreeStateCtrl::HandleLButtonDoubleClick(int x, int y, WPARAM) {
-    const TVHITTESTINFO hit = HitTest(tree_, x, y);
+    const TVHITTESTINFO hit = tree_.HitTest(x, y);
     if (hit.flags & TVHT_ONITEMLABEL)
         Toggle(hit.hItem);
     return (hit.flags & (TVHT_ONITEMLABEL | TVHT_ONITEMSTATEICON)) != 0;
@@ -116,14 +90,11 @@ bool ThreeStateCtrl::HandleLButtonDoubleClick(int x, int y, WPARAM) {
 void ThreeStateCtrl::Press(int x, int y) {
     if (GetFocus() != tree_)
         SetFocus(tree_);
-    const TVHITTESTINFO hit = HitTest(tree_, x, y);
-    const auto item = reinterpret_cast<LPARAM>(hit.hItem);
+    const TVHITTESTINFO hit = tree_.HitTest(x, y);
     if (hit.flags & TVHT_ONITEM)
-        SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, item);
-    if (hit.flags & TVHT_ONITEMBUTTON) {
-        const bool expanded = StateOf(tree_, hit.hItem, TVIS_EXPANDED) != 0;
-        SendMessageW(tree_, TVM_EXPAND, expanded ? TVE_COLLAPSE : TVE_EXPAND, item);
-    }
+        tree_.Select(hit.hItem);
+    if (hit.flags & TVHT_ONITEMBUTTON)
+        tree_.Expand(hit.hItem, !tree_.IsExpanded(hit.hItem));
     if (hit.flags & TVHT_ONITEMSTATEICON)
         Toggle(hit.hItem);
 }

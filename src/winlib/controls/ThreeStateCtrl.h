@@ -5,8 +5,7 @@
 
 #include "winlib/Controller.h"
 #include "winlib/Handles.h"
-
-#include <commctrl.h>
+#include "winlib/controls/Tree.h"
 
 namespace WinLib::Controls::TreeView {
 
@@ -43,7 +42,7 @@ private:
     void SetBranch(HTREEITEM item, ItemState state);
     void Press(int x, int y);
 
-    HWND tree_ = nullptr;
+    Tree tree_;
 };
 
 }  // namespace WinLib::Controls::TreeView

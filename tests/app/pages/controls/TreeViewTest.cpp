@@ -5,7 +5,6 @@
 #include "TreeFixture.h"
 
 using WinLib::Controls::TreeView::MoveItem;
-using WinLib::Controls::TreeView::NextItem;
 using WinLib::Controls::TreeView::SwapItems;
 
 namespace {
@@ -171,18 +170,6 @@ TEST_F(TreeViewTest, LongTextsAreCutAt1023Characters) {
     EXPECT_EQ(tree.Text(b), longest);
     MoveItem(window, Add(TVI_ROOT, longest + L"yz"), a);
     EXPECT_EQ(tree.Text(tree.Related(a, TVGN_CHILD)), longest);
-}
-
-TEST_F(TreeViewTest, NextItemWalksTheRelations) {
-    const HTREEITEM a = Add(TVI_ROOT, L"a");
-    const HTREEITEM b = Add(TVI_ROOT, L"b");
-    const HTREEITEM child = Add(a, L"child");
-    EXPECT_EQ(NextItem(window, TVGN_ROOT, nullptr), a);
-    EXPECT_EQ(NextItem(window, TVGN_NEXT, a), b);
-    EXPECT_EQ(NextItem(window, TVGN_PREVIOUS, b), a);
-    EXPECT_EQ(NextItem(window, TVGN_CHILD, a), child);
-    EXPECT_EQ(NextItem(window, TVGN_PARENT, child), a);
-    EXPECT_EQ(NextItem(window, TVGN_NEXT, b), nullptr);
 }
 
 }  // namespace
