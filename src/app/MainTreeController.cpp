@@ -13,29 +13,13 @@ constexpr const wchar_t* PageNames[] = {L"Display", L"Filter", L"Columns", L"Sor
 // Increased before each use. Main thread only.
 uint32_t NextItemId = 0;
 
-// A thin bar follows the cursor, not a picture of the item: the icon is cut down to the list's height.
-WinLib::UniqueHandle<HIMAGELIST> MakeDragImages() {
-    WinLib::UniqueHandle<HIMAGELIST> images(ImageList_Create(64, 2, ILC_MASK, 1, 4));
-    const WinLib::UniqueHandle<HICON> icon(static_cast<HICON>(
-        LoadImageW(WinLib::Application::Current()->Instance, MAKEINTRESOURCEW(IDI_DRAG), IMAGE_ICON,
-                   GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0)));
-    ImageList_ReplaceIcon(images.get(), -1, icon.get());
-    return images;
-}
-
 }  // namespace
 
-MainTreeController::MainTreeController(ICommand& command)
-    : DragImages(MakeDragImages()),
-      DragThreshold{GetSystemMetrics(SM_CXDRAG), GetSystemMetrics(SM_CYDRAG)},
-      Command(&command) {}
-
-MainTreeController::~MainTreeController() {
-    EndDrag();
-}
+MainTreeController::MainTreeController(ICommand& command) : Command(&command) {}
 
 void MainTreeController::OnAttach() {
     TreeWindow = WinLib::Controls::Tree(Handle);
+    Drag.Attach(TreeWindow);
     WinLib::AddStyle(TreeWindow, TVS_HASBUTTONS);
     TreeWindow.SetItemHeight(ItemHeight);
 }
@@ -53,9 +37,7 @@ bool MainTreeController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, L
         case WM_MOUSEMOVE:
             return Handler<WM_MOUSEMOVE>::Dispatch(wParam, lParam, result);
         case WM_CAPTURECHANGED:
-            // The tree itself lets go of the mouse while a press is pending.
-            if (DragState == DragStates::Dragging)
-                EndDrag();
+            Drag.CaptureLost();
             return false;
         default:
             return WinLib::Window::Controller::OnMessage(message, wParam, lParam, result);
@@ -99,8 +81,7 @@ std::optional<ItemKind> MainTreeController::ItemKindOf(HTREEITEM item) const {
 }
 
 std::optional<ItemInfo> MainTreeController::TakeItem(HTREEITEM item) {
-    if (item != nullptr && item == DragItem)
-        EndDrag();
+    Drag.EndOf(item);
     const std::optional<ItemInfo> info = InfoOf(item);
     if (info)
         Items.erase(info->id);
@@ -191,6 +172,40 @@ bool MainTreeController::HandleRButtonUp(int x, int y, WPARAM) {
     menu.reset();
     RunContextCommand(command, selected);
     return true;
+}
+
+// The handlers of the left button and of moves leave their messages to the tree, too.
+bool MainTreeController::HandleLButtonDown(int x, int y, WPARAM) {
+    const HTREEITEM item = TreeWindow.HitTest(x, y).hItem;
+    if (ItemKindOf(item) == ItemKind::Preset)
+        Drag.Press(item, x, y);
+    return false;
+}
+
+bool MainTreeController::HandleMouseMove(int x, int y, WPARAM keys) {
+    if (Drag.Move(x, y, keys))
+        Drag.Mark(DropTarget(x, y));
+    return false;
+}
+
+bool MainTreeController::HandleLButtonUp(int x, int y, WPARAM) {
+    if (const HTREEITEM dragged = Drag.Release())
+        Drop(dragged, DropTarget(x, y));
+    return false;
+}
+
+void MainTreeController::Drop(HTREEITEM dragged, HTREEITEM target) {
+    if (target == nullptr || target == dragged)
+        return;
+    Drag.Drop(dragged, target);
+    std::vector<uint32_t> ids;
+    for (const HTREEITEM item : TreeWindow.Children(TVI_ROOT))
+        ids.push_back(ItemId(item));
+    Command->ReorderPresets(ids);
+}
+
+HTREEITEM MainTreeController::DropTarget(int x, int y) const {
+    return PresetItemOf(TreeWindow.HitTest(x, y).hItem);
 }
 
 void MainTreeController::RunContextCommand(UINT command, HTREEITEM selected) {

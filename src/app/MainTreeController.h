@@ -1,6 +1,6 @@
 // The tree of presets at the left of the main window: each preset is a top-level item with six children, one
-// for each further page. It keeps what each item stands for, edits labels, shows the context menu and moves
-// presets by drag and drop; what an action does to presets and pages it asks of ICommand.
+// for each further page. It maps items to ids, edits labels, shows the context menu and moves presets by drag
+// and drop. Knows neither presets nor pages: it calls ICommand for what an action does to them.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "app/ICommand.h"
+#include "app/PresetDrag.h"
 #include "winlib/Controller.h"
-#include "winlib/Handles.h"
 #include "winlib/controls/EditLabelCtrl.h"
 #include "winlib/controls/Tree.h"
 
@@ -34,7 +34,6 @@ class MainTreeController : public WinLib::Window::Controller,
 public:
     // command must outlive this object. REQUIRES: the process's Application, whose module holds the icons.
     explicit MainTreeController(ICommand& command);
-    ~MainTreeController() override;
 
     void OnAttach() override;
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
@@ -71,8 +70,6 @@ public:
     bool EndRename(const NMTVDISPINFOW& notification, LRESULT& result);
 
 private:
-    enum class DragStates { Idle = 0, Pending = 1, Dragging = 2 };
-
     bool HandleRButtonDown(int x, int y, WPARAM keys) override;
     bool HandleRButtonUp(int x, int y, WPARAM keys) override;
     bool HandleLButtonDown(int x, int y, WPARAM keys) override;
@@ -83,24 +80,13 @@ private:
     HTREEITEM InsertItem(HTREEITEM parent, const wchar_t* text, ItemKind kind, std::vector<uint32_t>& idsOut);
     void RunContextCommand(UINT command, HTREEITEM selected);
 
-    // Drag and drop, in MainTreeControllerDrag.cpp.
-    void BeginDrag(int x, int y);
-    void EndDrag();  // or the wait for one
-    void MoveDragImage(int x, int y) const;
-    void MarkDropTarget(int x, int y) const;
+    // The preset that lies under the mouse, or null.
     HTREEITEM DropTarget(int x, int y) const;
-    HTREEITEM LastVisibleOf(HTREEITEM presetItem) const;
-    void Drop(HTREEITEM dragged, int x, int y);
-    void MoveBehind(HTREEITEM dragged, HTREEITEM target) const;
+    void Drop(HTREEITEM dragged, HTREEITEM target);
 
     std::map<uint32_t, ItemInfo> Items;
-    HTREEITEM DragItem = nullptr;  // pressed or dragged
-    WinLib::UniqueHandle<HIMAGELIST> DragImages;
-    POINT DragThreshold;
-    POINT DragStart = {};
-    POINT HotSpot = {};
-    DragStates DragState = DragStates::Idle;
     ICommand* Command;
     WinLib::Controls::Tree TreeWindow;
+    PresetDrag Drag;
     WinLib::EditLabelCtrl LabelEdit;
 };
