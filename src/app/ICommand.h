@@ -1,5 +1,5 @@
-// What the preset tree asks of the main window. The tree knows neither presets nor pages: it names items, and
-// whoever implements this finds what they stand for.
+// What the preset tree calls of the main window. The tree knows neither presets nor pages: it passes items,
+// and the implementer maps them to presets and pages.
 #pragma once
 
 #include <cstdint>

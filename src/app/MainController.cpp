@@ -1,5 +1,6 @@
 #include "app/MainController.h"
 
+#include "app/Commands.h"
 #include "app/WorkArea.h"
 #include "listmaker/ListMakerWithUI.h"
 #include "pages/AboutController.h"
@@ -67,35 +68,12 @@ bool MainController::OnMenuCommand(WORD id) {
         NewFromTemplate(id & (TemplateBit - 1));
         return true;
     }
+    const CommandRow* command = FindMenuCommand(id);
     const HTREEITEM selected = TreeController.SelectedItem();
-    switch (id) {
-        case IDM_ABOUT:
-            ShowAbout();
-            return true;
-        case IDM_NEW:
-            NewPreset();
-            return true;
-        case IDM_EXIT:
-            SendMessageW(Handle, WM_CLOSE, 0, 0);
-            return true;
-        case IDM_DUPLICATE:
-            if (selected != nullptr)
-                DuplicatePreset(selected);
-            return selected != nullptr;
-        case IDM_RENAME:
-            if (selected != nullptr)
-                TreeController.BeginRename(selected);
-            return selected != nullptr;
-        case IDM_REMOVE:
-            if (selected != nullptr)
-                RemovePreset(selected);
-            return selected != nullptr;
-        case IDM_OPTIONS:
-            ShowOptions();
-            return true;
-        default:
-            return false;
-    }
+    if (command == nullptr || (command->needsPreset && selected == nullptr))
+        return false;
+    command->run({Handle, *this, TreeController, selected});
+    return true;
 }
 
 bool MainController::OnAccelerator(WORD id) {
@@ -105,35 +83,13 @@ bool MainController::OnAccelerator(WORD id) {
 }
 
 bool MainController::RunAccelerator(WORD id) {
-    switch (id) {
-        case VK_F1:
-            ShowAbout();
-            return true;
-        case VK_F5:
-            NewPreset();
-            return true;
-        case VK_F7:
-            ShowOptions();
-            return true;
-        default:
-            break;
-    }
+    const CommandRow* command = FindKeyCommand(id);
     const HTREEITEM selected = TreeController.SelectedItem();
-    if (TreeController.ItemKindOf(selected) != ItemKind::Preset)
+    if (command == nullptr ||
+        (command->needsPreset && TreeController.ItemKindOf(selected) != ItemKind::Preset))
         return false;
-    switch (id) {
-        case VK_F2:
-            TreeController.BeginRename(selected);
-            return true;
-        case VK_F6:
-            DuplicatePreset(selected);
-            return true;
-        case VK_DELETE:
-            RemovePreset(selected);
-            return true;
-        default:
-            return false;
-    }
+    command->run({Handle, *this, TreeController, selected});
+    return true;
 }
 
 // Nothing is left to the dialog's own handling, which destroys the window for IDOK and IDCANCEL.

@@ -76,7 +76,6 @@ private:
     void BuildLayout();
     void MakeManagePage();
     void SetMainMenu();
-    void MakeAccelerators();
 
     // Whether an accelerator's command was carried out.
     bool RunAccelerator(WORD id);

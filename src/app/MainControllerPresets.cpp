@@ -3,11 +3,11 @@
 #include <typeinfo>
 
 #include "app/MainController.h"
+#include "app/Menus.h"
 #include "app/PresetPages.h"
 #include "listmaker/ListMakerWithUI.h"
 #include "pages/ManageController.h"
 #include "pages/PropertyController.h"
-#include "resources/resource.h"
 #include "settings/Templates.h"
 #include "winlib/Application.h"
 
@@ -62,10 +62,7 @@ void MainController::UpdateControls() {
         TakeFocusFrom(CreateListButton);
     EnableWindow(CreateListButton, CanCreateList());
 
-    const std::optional<ItemKind> kind = SelectedKind();
-    const UINT state = kind == ItemKind::Preset ? MF_ENABLED : MF_GRAYED | MF_DISABLED;
-    for (const UINT command : {IDM_DUPLICATE, IDM_RENAME, IDM_REMOVE})
-        EnableMenuItem(MenuBar.get(), command, MF_BYCOMMAND | state);
+    EnablePresetCommands(MenuBar.get(), SelectedKind() == ItemKind::Preset);
 }
 
 void MainController::ShowPage(HTREEITEM item) {

@@ -1,5 +1,6 @@
 // How the main window comes to be, inside WM_INITDIALOG.
 
+#include "app/Commands.h"
 #include "app/MainController.h"
 #include "app/Menus.h"
 #include "listmaker/ListMakerWithUI.h"
@@ -40,7 +41,8 @@ bool MainController::HandleInitDialog(HWND, LPARAM, bool& focusSet) {
     SetMainMenu();
     // Once more, for the menu's entries.
     UpdateControls();
-    MakeAccelerators();
+    Accelerators = MakeAccelerators();
+    EnableAccelerators();
     PlaceWindow(Settings.Get(MainSettings::WindowPosX), Settings.Get(MainSettings::WindowPosY),
                 static_cast<int>(Settings.Get(MainSettings::WindowWidth)),
                 static_cast<int>(Settings.Get(MainSettings::WindowHeight)));
@@ -94,13 +96,4 @@ void MainController::SetMainMenu() {
     TemplateMenu = MakeTemplateMenu(IDM_TEMPLATE_FIRST);
     MenuBar = MakeMenuBar(WinLib::Application::Current()->Instance, TemplateMenu.get());
     SetMenu(Handle, MenuBar.get());
-}
-
-void MainController::MakeAccelerators() {
-    ACCEL keys[] = {
-        {FVIRTKEY, VK_F1, VK_F1}, {FVIRTKEY, VK_F2, VK_F2}, {FVIRTKEY, VK_F5, VK_F5},
-        {FVIRTKEY, VK_F6, VK_F6}, {FVIRTKEY, VK_F7, VK_F7}, {FVIRTKEY, VK_DELETE, VK_DELETE},
-    };
-    Accelerators.reset(CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys))));
-    EnableAccelerators();
 }

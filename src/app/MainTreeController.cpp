@@ -1,5 +1,6 @@
 #include "app/MainTreeController.h"
 
+#include "app/Commands.h"
 #include "app/Menus.h"
 #include "resources/resource.h"
 #include "winlib/Application.h"
@@ -167,10 +168,10 @@ bool MainTreeController::HandleRButtonUp(int x, int y, WPARAM) {
         return true;
     const HTREEITEM selected = SelectedItem();
     WinLib::UniqueHandle<HMENU> menu = MakeContextMenu(ItemKindOf(selected) == ItemKind::Preset);
-    const auto command = static_cast<UINT>(
+    const auto bits = static_cast<UINT>(
         TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY, point.x, point.y, 0, TreeWindow, nullptr));
     menu.reset();
-    RunContextCommand(command, selected);
+    RunContextCommand(bits, selected);
     return true;
 }
 
@@ -208,15 +209,9 @@ HTREEITEM MainTreeController::DropTarget(int x, int y) const {
     return PresetItemOf(TreeWindow.HitTest(x, y).hItem);
 }
 
-void MainTreeController::RunContextCommand(UINT command, HTREEITEM selected) {
-    if (command & ContextCommand::Template)
-        Command->NewFromTemplate(command & (ContextCommand::Template - 1));
-    else if (command & ContextCommand::New)
-        Command->NewPreset();
-    else if (command & ContextCommand::Duplicate)
-        Command->DuplicatePreset(selected);
-    else if (command & ContextCommand::Rename)
-        BeginRename(selected);
-    else if (command & ContextCommand::Remove)
-        Command->RemovePreset(selected);
+void MainTreeController::RunContextCommand(UINT bits, HTREEITEM selected) {
+    if (bits & ContextTemplateBit)
+        Command->NewFromTemplate(bits & (ContextTemplateBit - 1));
+    else if (const CommandRow* command = FindContextCommand(bits))
+        command->run({GetParent(TreeWindow), *Command, *this, selected});
 }

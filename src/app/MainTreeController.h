@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "app/Commands.h"
 #include "app/ICommand.h"
 #include "app/PresetDrag.h"
 #include "winlib/Controller.h"
@@ -26,6 +27,7 @@ struct ItemInfo {
 };
 
 class MainTreeController : public WinLib::Window::Controller,
+                           public ILabelEditor,
                            private WinLib::Handlers::Handler<WM_RBUTTONDOWN>,
                            private WinLib::Handlers::Handler<WM_RBUTTONUP>,
                            private WinLib::Handlers::Handler<WM_LBUTTONDOWN>,
@@ -62,7 +64,7 @@ public:
     void Select(HTREEITEM item) const;
 
     // Selects a preset item and opens its label for editing. Does nothing with any other item.
-    void BeginRename(HTREEITEM item);
+    void BeginRename(HTREEITEM item) override;
 
     // Takes over the edit box when a label edit begins, and finishes the edit: result becomes 1 if the new
     // name was taken.
@@ -78,7 +80,7 @@ private:
 
     std::optional<ItemInfo> InfoOf(HTREEITEM item) const;
     HTREEITEM InsertItem(HTREEITEM parent, const wchar_t* text, ItemKind kind, std::vector<uint32_t>& idsOut);
-    void RunContextCommand(UINT command, HTREEITEM selected);
+    void RunContextCommand(UINT bits, HTREEITEM selected);
 
     // The preset that lies under the mouse, or null.
     HTREEITEM DropTarget(int x, int y) const;

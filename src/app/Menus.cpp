@@ -1,5 +1,6 @@
 #include "app/Menus.h"
 
+#include "app/Commands.h"
 #include "resources/resource.h"
 #include "settings/Templates.h"
 
@@ -7,8 +8,13 @@ namespace {
 
 constexpr wchar_t TemplateEntry[] = L"New from Template";
 
-UINT EnabledIf(bool enabled) {
-    return enabled ? MF_ENABLED : MF_GRAYED | MF_DISABLED;
+UINT StateOf(const CommandRow& command, bool presetSelected) {
+    return presetSelected || !command.needsPreset ? MF_ENABLED : MF_GRAYED | MF_DISABLED;
+}
+
+void AppendContextCommand(HMENU menu, WORD menuId, bool presetSelected) {
+    const CommandRow& command = *FindMenuCommand(menuId);
+    AppendMenuW(menu, MF_STRING | StateOf(command, presetSelected), command.contextId, command.contextText);
 }
 
 }  // namespace
@@ -35,17 +41,21 @@ WinLib::UniqueHandle<HMENU> MakeMenuBar(HINSTANCE instance, HMENU templateMenu) 
 }
 
 WinLib::UniqueHandle<HMENU> MakeContextMenu(bool presetSelected) {
-    const UINT itemState = EnabledIf(presetSelected);
     WinLib::UniqueHandle<HMENU> menu(CreatePopupMenu());
-    AppendMenuW(menu.get(), MF_STRING, ContextCommand::New, L"New\tF5");
+    AppendContextCommand(menu.get(), IDM_NEW, presetSelected);
     // The menu takes over its submenu.
     AppendMenuW(menu.get(), MF_STRING | MF_POPUP,
-                reinterpret_cast<UINT_PTR>(MakeTemplateMenu(ContextCommand::Template).release()),
-                TemplateEntry);
+                reinterpret_cast<UINT_PTR>(MakeTemplateMenu(ContextTemplateBit).release()), TemplateEntry);
     AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(menu.get(), MF_STRING | itemState, ContextCommand::Duplicate, L"Duplicate\tF6");
-    AppendMenuW(menu.get(), MF_STRING | itemState, ContextCommand::Rename, L"Rename\tF2");
+    AppendContextCommand(menu.get(), IDM_DUPLICATE, presetSelected);
+    AppendContextCommand(menu.get(), IDM_RENAME, presetSelected);
     AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(menu.get(), MF_STRING | itemState, ContextCommand::Remove, L"Remove\tDEL");
+    AppendContextCommand(menu.get(), IDM_REMOVE, presetSelected);
     return menu;
+}
+
+void EnablePresetCommands(HMENU menuBar, bool presetSelected) {
+    for (const CommandRow& command : Commands)
+        if (command.needsPreset)
+            EnableMenuItem(menuBar, command.menuId, MF_BYCOMMAND | StateOf(command, presetSelected));
 }

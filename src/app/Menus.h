@@ -1,13 +1,11 @@
-// The menus of the main window and its tree, as far as they are not resources as they stand.
+// The menus of the main window and its tree that are built at run time.
 #pragma once
 
 #include "winlib/Handles.h"
 #include "winlib/Windows.h"
 
-// The commands of the tree's context menu, one bit each. A template's command is Template plus its number.
-struct ContextCommand {
-    enum : UINT { New = 1, Duplicate = 2, Rename = 4, Remove = 8, Template = 0x80 };
-};
+// Marks the command of a template in the tree's context menu; the bits below are the template's number.
+constexpr UINT ContextTemplateBit = 0x80;
 
 // A popup with the name of each template; the commands count up from firstId.
 WinLib::UniqueHandle<HMENU> MakeTemplateMenu(UINT firstId);
@@ -16,5 +14,8 @@ WinLib::UniqueHandle<HMENU> MakeTemplateMenu(UINT firstId);
 // the template menu until it is set on a window.
 WinLib::UniqueHandle<HMENU> MakeMenuBar(HINSTANCE instance, HMENU templateMenu);
 
-// The tree's context menu; presetSelected says whether there is a preset for the item commands.
+// The tree's context menu. presetSelected says whether a preset's own item is selected, as below.
 WinLib::UniqueHandle<HMENU> MakeContextMenu(bool presetSelected);
+
+// Enables or grays the entries of the menu bar that need a preset.
+void EnablePresetCommands(HMENU menuBar, bool presetSelected);
