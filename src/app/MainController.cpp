@@ -1,19 +1,25 @@
 #include "app/MainController.h"
 
 #include "app/Commands.h"
+#include "app/Menus.h"
 #include "app/WorkArea.h"
-#include "listmaker/ListMakerWithUI.h"
 #include "pages/AboutController.h"
 #include "pages/DialogLayout.h"
-#include "pages/ManageController.h"
 #include "pages/OptionsController.h"
-#include "pages/PropertyController.h"
 #include "resources/resource.h"
+#include "settings/Templates.h"
 #include "winlib/Application.h"
+#include "winlib/Focus.h"
+#include "winlib/FolderPicker.h"
+#include "winlib/TabOrder.h"
+#include "winlib/layout/Stack.h"
+#include "winlib/layout/Window.h"
+
+using WinLib::Layout::Alignment;
 
 namespace {
 
-// Marks the menu command of a template; its number stands in the bits below.
+// Marks the menu command of a template; the bits below are its number.
 constexpr WORD TemplateBit = IDM_TEMPLATE_FIRST;
 
 void SetAccelerators(HWND window, HACCEL table) {
@@ -24,16 +30,89 @@ void SetAccelerators(HWND window, HACCEL table) {
 
 }  // namespace
 
-MainController::MainController() : TreeController(*this) {
+MainController::MainController() : pages_(focus_), TreeController(*this) {
     Splitter.Cursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_SIZEWE));
 }
 
 MainController::~MainController() {
-    for (auto& [id, page] : Pages) {
-        page->OnCancel();
-        page.reset();
+    pages_.RemoveAll();
+}
+
+bool MainController::HandleInitDialog(HWND, LPARAM, bool& focusSet) {
+    FindControls();
+    focus_.Attach(Handle, TreeWindow, CreateListButton);
+    WinLib::Layout::Overlapped* const pageSizer = BuildLayout();
+    // The marquee runs all the time; only the bar's visibility changes.
+    SendMessageW(BusyBar, PBM_SETMARQUEE, TRUE, 0);
+    Settings.LoadAll();
+    pages_.Attach(Handle, *pageSizer);
+    OrderControls();
+
+    // The window's minimum is the layout as the resource drew it, with the page of instructions.
+    RootSizer.Measure();
+    RootSizer.CurrentRect = RootSizer.MinimumRect;
+    RootSizer.Arrange(RootSizer.MinimumRect);
+
+    for (const auto& preset : Settings.Presets) {
+        HTREEITEM item = nullptr;
+        AddPreset(item, *preset);
     }
-    // Members go in the reverse of their order: the list that may still run first, the settings last.
+    if (const HTREEITEM first = TreeController.FirstItem())
+        TreeController.Select(first);
+    UpdateControls();
+    Settings.Get(MainSettings::FirstRun) = false;
+
+    SetMainMenu();
+    // Once more, for the menu's entries.
+    UpdateControls();
+    Accelerators = MakeAccelerators();
+    EnableAccelerators();
+    PlaceWindow(Settings.Get(MainSettings::WindowPosX), Settings.Get(MainSettings::WindowPosY),
+                static_cast<int>(Settings.Get(MainSettings::WindowWidth)),
+                static_cast<int>(Settings.Get(MainSettings::WindowHeight)));
+    ShowWindow(Handle, WinLib::Application::Current()->ShowCommand);
+    UpdateWindow(Handle);
+    WinLib::MoveFocus(IsWindowEnabled(CreateListButton) ? CreateListButton : TreeWindow);
+    focusSet = true;
+    return true;
+}
+
+void MainController::FindControls() {
+    TreeWindow = GetDlgItem(Handle, IDC_MAIN_TREE);
+    SplitterWindow = GetDlgItem(Handle, IDC_MAIN_SPLITTER);
+    CloseButton = GetDlgItem(Handle, IDC_MAIN_CLOSE);
+    CreateListButton = GetDlgItem(Handle, IDC_MAIN_CREATE_LIST);
+    BusyBar = GetDlgItem(Handle, IDC_MAIN_BUSY_BAR);
+    WinLib::Controls::Tree(TreeWindow).UseUnicode();
+}
+
+// Returns the sizer of the pages, which the sizer tree owns.
+WinLib::Layout::Overlapped* MainController::BuildLayout() {
+    WinLib::Layout::HStack* columns = RootSizer.AddHStack(10, 10, 10, 10, 2);
+    WinLib::Layout::Sizer* left = columns->AddWindow(0, TreeWindow, Alignment::Fill, Alignment::Fill);
+    columns->AddWindow(0, SplitterWindow, Alignment::Fill, Alignment::Fill);
+    WinLib::Layout::VStack* right = columns->AddVStack(1, 0, 0, 0, 0, 10);
+    WinLib::Layout::Overlapped* const pageSizer = right->AddOverlapped(1);
+    WinLib::Layout::HStack* buttons = right->AddHStack(0, 0, 0, 0, 0, 10);
+    buttons->AddWindow(0, CloseButton, Alignment::Near, Alignment::Far);
+    buttons->AddWindow(1, BusyBar, Alignment::Fill, Alignment::Center);
+    buttons->AddWindow(0, CreateListButton, Alignment::Far, Alignment::Far);
+
+    WinLib::Attach(TreeController, TreeWindow);
+    WinLib::Attach(Splitter, SplitterWindow);
+    Splitter.LeftSizer = left;
+    Splitter.RightSizer = right;
+    return pageSizer;
+}
+
+void MainController::OrderControls() {
+    WinLib::PutLast(Handle, {IDC_MAIN_CLOSE, IDC_MAIN_CREATE_LIST});
+}
+
+void MainController::SetMainMenu() {
+    TemplateMenu = MakeTemplateMenu(IDM_TEMPLATE_FIRST);
+    MenuBar = MakeMenuBar(WinLib::Application::Current()->Instance, TemplateMenu.get());
+    SetMenu(Handle, MenuBar.get());
 }
 
 bool MainController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -53,11 +132,14 @@ bool MainController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESU
         case WM_DISPLAYCHANGE:
             return Handler<WM_DISPLAYCHANGE>::Dispatch(wParam, lParam, result);
         case WM_APP:
-            return HandleJobEnded();
+            CollectJob();
+            return true;
         case WM_ACTIVATE:
-            return HandleActivate(LOWORD(wParam));
-        case FocusRestored:
-            return HandleFocusRestored();
+            focus_.Activated(LOWORD(wParam));
+            return false;
+        case FocusKeeper::RestoredMessage:
+            focus_.Restored();
+            return true;
         default:
             return WinLib::Dialog::Controller::OnMessage(message, wParam, lParam, result);
     }
@@ -121,12 +203,12 @@ bool MainController::HandleNotify(NMHDR& header, LRESULT& result) {
             return true;
         case static_cast<int>(NM_CLICK):
         case static_cast<int>(TVN_KEYDOWN):
-            FocusLent = false;
+            focus_.Forget();
             return false;
         case static_cast<int>(NM_KILLFOCUS):
             // Another program or a dialog takes it only for a time.
             if (IsChild(Handle, GetFocus()))
-                FocusLent = false;
+                focus_.Forget();
             return false;
         default:
             return false;
@@ -160,11 +242,10 @@ bool MainController::HandleGetMinMaxInfo(MINMAXINFO& info) {
     return true;
 }
 
-// The controls are told here, and the platform does the rest.
+// Forwards the message to the controls; unhandled, so that the platform redraws the dialog.
 bool MainController::HandleSysColorChange() {
     SendMessageW(TreeWindow, WM_SYSCOLORCHANGE, 0, 0);
-    for (const auto& [id, page] : Pages)
-        SendMessageW(page->Handle, WM_SYSCOLORCHANGE, 0, 0);
+    pages_.ForwardSysColorChange();
     return false;
 }
 
@@ -188,6 +269,174 @@ void MainController::ArrangeControls() {
 void MainController::PlaceWindow(int x, int y, int width, int height) {
     SetWindowPos(Handle, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     SetWindowPos(Handle, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+}
+
+void MainController::CreateList() {
+    const HTREEITEM selected = TreeController.SelectedItem();
+    if (!TreeController.ItemKindOf(selected))
+        return;
+    const uint32_t id = TreeController.ItemId(selected);
+    const std::wstring start = LastFolder;
+    if (const auto folder =
+            WinLib::PickFolder(Handle, L"Select a folder", start.empty() ? nullptr : start.c_str()))
+        StartList(id, *folder);
+}
+
+void MainController::StartList(uint32_t id, const std::wstring& folder) {
+    LastFolder = folder;
+    const Preset* preset = pages_.PresetOf(id);
+    if (preset == nullptr)
+        return;
+    focus_.Lend();
+    EnableWindow(CreateListButton, FALSE);
+    const bool ended = list_.Start(Handle, *preset, folder);
+    // The dialog cannot activate the window if it is gone before the window has been enabled.
+    if (GetForegroundWindow() == nullptr && IsWindowEnabled(Handle))
+        SetActiveWindow(Handle);
+    if (!ended)
+        ShowWindow(BusyBar, SW_SHOW);
+    // The end message may have come already; a job that has not ended has yet to send it.
+    if (list_.IsFinished())
+        CollectJob();
+    if (list_.CloseRequested())
+        FinishClosing();
+}
+
+void MainController::CollectJob() {
+    // Not visible while the window is closing.
+    if (!list_.Collect() || !IsWindowVisible(Handle))
+        return;
+    ShowWindow(BusyBar, SW_HIDE);
+    UpdateControls();
+    focus_.Return();
+}
+
+bool MainController::HandleClose() {
+    if (Settings.Get(MainSettings::ConfirmExit) &&
+        MessageBoxW(Handle, L"Are you sure you want to quit?", L"Tamblewick", MB_YESNO | MB_ICONQUESTION) ==
+            IDNO)
+        return true;
+    RECT window;
+    // A second WM_CLOSE that arrived while the question was open may already have destroyed the window.
+    if (!GetWindowRect(Handle, &window))
+        return true;
+    Settings.Get(MainSettings::WindowPosX) = window.left;
+    Settings.Get(MainSettings::WindowPosY) = window.top;
+    Settings.Get(MainSettings::WindowWidth) = static_cast<uint32_t>(window.right - window.left);
+    Settings.Get(MainSettings::WindowHeight) = static_cast<uint32_t>(window.bottom - window.top);
+    Settings.SaveMain();
+    ShowWindow(Handle, SW_HIDE);
+    FinishClosing();
+    return true;
+}
+
+// A list that still runs is not cancelled: the window is hidden, but the process stays until it is done.
+void MainController::FinishClosing() {
+    if (list_.Close())
+        DestroyWindow(Handle);
+}
+
+void MainController::AddPreset(HTREEITEM& itemOut, Preset& preset) {
+    std::vector<uint32_t> ids;
+    TreeController.AddItems(itemOut, preset.Get(Preset::Name), ids);
+    pages_.Add(ids, preset);
+    OrderControls();
+    ArrangeControls();
+}
+
+Preset* MainController::PresetOf(HTREEITEM item) const {
+    return pages_.PresetOf(TreeController.ItemId(item));
+}
+
+std::optional<ItemKind> MainController::SelectedKind() const {
+    return TreeController.ItemKindOf(TreeController.SelectedItem());
+}
+
+bool MainController::CanCreateList() const {
+    return SelectedKind().has_value() && !list_.Exists();
+}
+
+void MainController::UpdateControls() {
+    pages_.ShowInstructions(TreeController.FirstItem() == nullptr);
+
+    // A tree without a selection selects an item when it gets the focus.
+    if (!CanCreateList())
+        focus_.TakeFrom(CreateListButton);
+    EnableWindow(CreateListButton, CanCreateList());
+
+    EnablePresetCommands(MenuBar.get(), SelectedKind() == ItemKind::Preset);
+}
+
+void MainController::ShowPage(HTREEITEM item) {
+    focus_.Forget();
+    UpdateControls();
+    pages_.Show(TreeController.ItemId(item));
+}
+
+void MainController::NewPreset() {
+    Preset& preset = Settings.CreatePreset();
+    preset.Get(Preset::Name) = L"New Preset";
+    HTREEITEM item = nullptr;
+    AddPreset(item, preset);
+    TreeController.BeginRename(item);
+    preset.Save();
+    UpdateControls();
+}
+
+void MainController::NewFromTemplate(uint32_t index) {
+    // A command from outside may carry any number.
+    if (index >= TemplateCount)
+        return;
+    Preset& preset = Settings.CreateFromTemplate(index);
+    HTREEITEM item = nullptr;
+    AddPreset(item, preset);
+    TreeController.Select(item);
+    preset.Save();
+    UpdateControls();
+}
+
+void MainController::DuplicatePreset(HTREEITEM item) {
+    const Preset* source = PresetOf(item);
+    if (source == nullptr)
+        return;
+    Preset& copy = Settings.CreatePreset();
+    copy.Assign(*source);
+    copy.Get(Preset::Name) = L"Copy of " + source->Get(Preset::Name);
+    copy.Save();
+    HTREEITEM copyItem = nullptr;
+    AddPreset(copyItem, copy);
+    UpdateControls();
+}
+
+void MainController::RemovePreset(HTREEITEM item) {
+    const std::vector<uint32_t> ids = TreeController.RemoveItems(item);
+    const Preset* preset = ids.empty() ? nullptr : pages_.PresetOf(ids.front());
+    if (preset == nullptr)
+        return;
+    pages_.Remove(ids);
+    preset->DeleteKey();
+    Settings.Remove(*preset);
+    Settings.Renumber();
+    UpdateControls();
+}
+
+void MainController::RenamePreset(HTREEITEM item, const std::wstring& text) {
+    Preset* preset = PresetOf(item);
+    if (preset == nullptr)
+        return;
+    preset->Get(Preset::Name) = text;
+    preset->Save();
+}
+
+void MainController::ReorderPresets(const std::vector<uint32_t>& ids) {
+    int32_t position = 1;
+    for (auto id = ids.rbegin(); id != ids.rend(); ++id) {
+        Preset* preset = pages_.PresetOf(*id);
+        if (preset == nullptr)
+            continue;
+        preset->Get(Preset::Position) = position++;
+        preset->Save();
+    }
 }
 
 void MainController::ShowOptions() {

@@ -1,26 +1,24 @@
-// The main window and hub of the program: the tree of presets at the left, the page of the selected item at
-// the right, the menu, and the one list that may be running. Owned by AppMain, which creates the dialog
+// The main window: builds it, routes its messages, and carries out the commands on presets. Its parts have
+// classes of their own: the tree of presets at the left, the page of the selected item at the right, the
+// table of commands, and the one list that may be running. Owned by AppMain, which creates the dialog
 // IDD_MAIN with it; everything happens on the user-interface thread.
 #pragma once
 
 #include <cstdint>
-#include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "app/FocusKeeper.h"
 #include "app/ICommand.h"
 #include "app/MainTreeController.h"
+#include "app/PageStack.h"
+#include "app/RunningList.h"
 #include "settings/MainSettings.h"
 #include "winlib/Controller.h"
 #include "winlib/Handles.h"
 #include "winlib/controls/SplitterCtrl.h"
 #include "winlib/layout/Overlapped.h"
-
-class ListMakerWithUI;
-class ManageController;
-class PropertyController;
 
 class MainController : public WinLib::Dialog::Controller,
                        public ICommand,
@@ -56,7 +54,7 @@ public:
     // "Create List...": asks for a folder and lists it with the selected item's preset.
     void CreateList();
 
-    // The part of CreateList behind the folder dialog. id is that of any item of the preset. Returns when the
+    // What CreateList does once the folder is chosen. id is that of any item of the preset. Returns when the
     // list is finished or in the background.
     void StartList(uint32_t id, const std::wstring& folder);
 
@@ -71,10 +69,8 @@ private:
     bool HandleSysColorChange() override;
     bool HandleDisplayChange() override;
 
-    // The set-up, in MainControllerSetup.cpp.
     void FindControls();
-    void BuildLayout();
-    void MakeManagePage();
+    WinLib::Layout::Overlapped* BuildLayout();
     void SetMainMenu();
 
     // Whether an accelerator's command was carried out.
@@ -86,35 +82,25 @@ private:
     void ArrangeControls();
     void PlaceWindow(int x, int y, int width, int height);
 
-    // Presets and their pages, in MainControllerPresets.cpp. AddPreset makes the items and the pages of a
-    // preset, which stays with Settings; itemOut takes its item.
+    // Makes the items and the pages of a preset, which stays with Settings; itemOut takes its item.
     void AddPreset(HTREEITEM& itemOut, Preset& preset);
-    void MakePage(uint32_t id, size_t index, Preset& preset);
-    PropertyController* PageOf(uint32_t id) const;  // null if there is none, as below
-    Preset* PresetOf(uint32_t id) const;
+
+    Preset* PresetOf(HTREEITEM item) const;  // null if there is none
     std::optional<ItemKind> SelectedKind() const;
     bool CanCreateList() const;
     void UpdateControls();
 
-    // The keyboard focus, in MainControllerFocus.cpp. TakeFocusFrom gives it to the tree if it is in a
-    // control or a page that is about to go; ReturnFocus gives it back to "Create List..." when its list is
-    // done.
-    static constexpr UINT FocusRestored = WM_APP + 1;
-    void TakeFocusFrom(HWND control) const;
-    void HidePage(HWND page) const;
-    void ReturnFocus();
-    bool HandleActivate(WORD state) const;
-    bool HandleFocusRestored();
-
-    // The running list, in MainControllerLists.cpp.
-    bool HandleJobEnded();
+    // Destroys a list that has ended and shows that another one can be created. Does nothing while the list
+    // is being started.
     void CollectJob();
+
+    // Destroys the window as soon as the running list allows it.
     void FinishClosing();
 
+    // Destroyed in reverse order, after the pages of the presets.
     MainSettings Settings;
-    std::map<uint32_t, std::unique_ptr<PropertyController>> Pages;  // by item id, seven for each preset
-    std::unique_ptr<ManageController> ManagePage;
-    HWND CurrentPage = nullptr;
+    FocusKeeper focus_;
+    PageStack pages_;
     WinLib::UniqueHandle<HACCEL> Accelerators;
     WinLib::UniqueHandle<HMENU> MenuBar;
     WinLib::UniqueHandle<HMENU> TemplateMenu;
@@ -126,15 +112,6 @@ private:
     MainTreeController TreeController;
     WinLib::SplitterCtrl Splitter;
     WinLib::Layout::Overlapped RootSizer;
-    WinLib::Layout::Overlapped* PageSizer = nullptr;  // owned by the sizer tree
-    std::wstring LastFolder;                          // of this run only
-    std::unique_ptr<ListMakerWithUI> Lister;          // running, or finished and not yet collected
-
-    // While Lister's Start is on the stack the job must live: what would delete it is put off until then.
-    bool Starting = false;
-    bool CloseWhenStarted = false;
-
-    // "Create List..." had the focus when its list began and gets it again at the end, unless the user
-    // chooses something else in the window before.
-    bool FocusLent = false;
+    std::wstring LastFolder;  // of this run only
+    RunningList list_;
 };
