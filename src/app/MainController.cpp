@@ -4,7 +4,6 @@
 #include "app/Menus.h"
 #include "app/WorkArea.h"
 #include "pages/AboutController.h"
-#include "pages/DialogLayout.h"
 #include "pages/OptionsController.h"
 #include "resources/resource.h"
 #include "settings/Templates.h"
@@ -12,6 +11,7 @@
 #include "winlib/Focus.h"
 #include "winlib/FolderPicker.h"
 #include "winlib/TabOrder.h"
+#include "winlib/layout/ClientArea.h"
 #include "winlib/layout/Stack.h"
 #include "winlib/layout/Window.h"
 
@@ -88,12 +88,13 @@ void MainController::FindControls() {
 
 // Returns the sizer of the pages, which the sizer tree owns.
 WinLib::Layout::Overlapped* MainController::BuildLayout() {
-    WinLib::Layout::HStack* columns = RootSizer.AddHStack(10, 10, 10, 10, 2);
+    WinLib::Layout::HStack* columns =
+        RootSizer.AddHStack({.left = 10, .top = 10, .right = 10, .bottom = 10}, 2);
     WinLib::Layout::Sizer* left = columns->AddWindow(0, TreeWindow, Alignment::Fill, Alignment::Fill);
     columns->AddWindow(0, SplitterWindow, Alignment::Fill, Alignment::Fill);
-    WinLib::Layout::VStack* right = columns->AddVStack(1, 0, 0, 0, 0, 10);
+    WinLib::Layout::VStack* right = columns->AddVStack(1, {}, 10);
     WinLib::Layout::Overlapped* const pageSizer = right->AddOverlapped(1);
-    WinLib::Layout::HStack* buttons = right->AddHStack(0, 0, 0, 0, 0, 10);
+    WinLib::Layout::HStack* buttons = right->AddHStack(0, {}, 10);
     buttons->AddWindow(0, CloseButton, Alignment::Near, Alignment::Far);
     buttons->AddWindow(1, BusyBar, Alignment::Fill, Alignment::Center);
     buttons->AddWindow(0, CreateListButton, Alignment::Far, Alignment::Far);
@@ -221,10 +222,7 @@ bool MainController::HandleSizing(WPARAM, RECT&) {
 }
 
 bool MainController::HandleSize(WORD type, WORD, WORD) {
-    if (type == SIZE_MINIMIZED)
-        return false;
-    ArrangeControls();
-    return true;
+    return WinLib::Layout::ArrangeOnSize(RootSizer, Handle, type);
 }
 
 bool MainController::HandleDestroy() {
@@ -233,12 +231,9 @@ bool MainController::HandleDestroy() {
 }
 
 bool MainController::HandleGetMinMaxInfo(MINMAXINFO& info) {
-    RECT outer = RootSizer.MinimumRect;
-    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrW(Handle, GWL_STYLE)), TRUE,
-                       static_cast<DWORD>(GetWindowLongPtrW(Handle, GWL_EXSTYLE)));
-    const POINT size = {outer.right - outer.left, outer.bottom - outer.top};
-    info.ptMinTrackSize = size;
-    info.ptMaxTrackSize = {size.x * 2, size.y * 2};
+    const SIZE size = WinLib::Layout::OuterMinimum(RootSizer, Handle, true);
+    info.ptMinTrackSize = {size.cx, size.cy};
+    info.ptMaxTrackSize = {size.cx * 2, size.cy * 2};
     return true;
 }
 
@@ -263,7 +258,7 @@ bool MainController::HandleDisplayChange() {
 }
 
 void MainController::ArrangeControls() {
-    ArrangeOnClient(RootSizer, Handle);
+    WinLib::Layout::ArrangeOnClient(RootSizer, Handle);
 }
 
 void MainController::PlaceWindow(int x, int y, int width, int height) {

@@ -6,6 +6,7 @@
 
 #include "resources/resource.h"
 #include "winlib/Application.h"
+#include "winlib/WindowIcon.h"
 #include "winlib/controls/TreeView.h"
 
 namespace {
@@ -13,9 +14,8 @@ namespace {
 // A thin bar follows the cursor, not a picture of the item: the icon is cut down to the list's height.
 WinLib::UniqueHandle<HIMAGELIST> MakeDragImages() {
     WinLib::UniqueHandle<HIMAGELIST> images(ImageList_Create(64, 2, ILC_MASK, 1, 4));
-    const WinLib::UniqueHandle<HICON> icon(static_cast<HICON>(
-        LoadImageW(WinLib::Application::Current()->Instance, MAKEINTRESOURCEW(IDI_DRAG), IMAGE_ICON,
-                   GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0)));
+    const WinLib::UniqueHandle<HICON> icon =
+        WinLib::LoadSmallIcon(WinLib::Application::Current()->Instance, IDI_DRAG);
     ImageList_ReplaceIcon(images.get(), -1, icon.get());
     return images;
 }

@@ -1,6 +1,6 @@
 #include "listmaker/ListMaker.h"
 
-#include "listmaker/Launch.h"
+#include "listmaker/OpenList.h"
 #include "listmaker/OutputName.h"
 #include "listmaker/ScanOptions.h"
 #include "scanner/Scan.h"

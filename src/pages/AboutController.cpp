@@ -1,11 +1,10 @@
 #include "pages/AboutController.h"
 
-#include "pages/DialogLayout.h"
 #include "resources/resource.h"
+#include "winlib/Launch.h"
 #include "winlib/WindowText.h"
+#include "winlib/layout/ClientArea.h"
 #include "winlib/layout/Stack.h"
-
-#include <shellapi.h>
 
 using WinLib::Layout::Alignment;
 using WinLib::Layout::HStack;
@@ -14,36 +13,15 @@ using WinLib::Layout::VStack;
 namespace {
 
 void AddPair(VStack& page, HWND label, HWND link) {
-    HStack* const row = page.AddHStack(0, 0, 0, 0, 0, 0);
+    HStack* const row = page.AddHStack(0, {}, 0);
     row->AddWindow(1, label, Alignment::Far, Alignment::Center);
     row->AddWindow(1, link, Alignment::Near, Alignment::Center);
-}
-
-// Failures are ignored.
-void Open(const std::wstring& link) {
-    SHELLEXECUTEINFOW execute = {};
-    execute.cbSize = sizeof(execute);
-    execute.fMask = SEE_MASK_UNICODE | SEE_MASK_FLAG_NO_UI;
-    execute.lpFile = link.c_str();
-    execute.nShow = SW_SHOWNORMAL;
-    ShellExecuteExW(&execute);
 }
 
 }  // namespace
 
 std::wstring MailLinkTo(const std::wstring& address) {
     return L"mailto:Ostrel Vane <" + address + L">?subject=Tamblewick";
-}
-
-bool AboutController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    switch (message) {
-        case WM_SYSCOLORCHANGE:
-            return Handler<WM_SYSCOLORCHANGE>::Dispatch(wParam, lParam, result);
-        case WM_CLOSE:
-            return Handler<WM_CLOSE>::Dispatch(wParam, lParam, result);
-        default:
-            return ModalController::OnMessage(message, wParam, lParam, result);
-    }
 }
 
 bool AboutController::HandleInitDialog(HWND, LPARAM, bool&) {
@@ -74,9 +52,9 @@ void AboutController::MakeTitleFont() {
 }
 
 void AboutController::BuildLayout() {
-    VStack* const page = RootSizer.AddVStack(0, 16, 0, 16, 8);
+    VStack* const page = RootSizer.AddVStack({.top = 16, .bottom = 16}, 8);
     page->AddSpacer(1, 0);
-    HStack* const title = page->AddHStack(0, 0, 0, 0, 0, 0);
+    HStack* const title = page->AddHStack(0, {}, 0);
     title->AddWindow(1, IconStatic, Alignment::Far, Alignment::Center);
     title->AddWindow(0, TitleStatic, Alignment::Center, Alignment::Center);
     title->AddSpacer(1, 0);
@@ -94,34 +72,18 @@ void AboutController::BuildLayout() {
     MeasureAndArrange(RootSizer, Handle);
 }
 
-// No control has the id IDOK or IDCANCEL, so Enter and Esc arrive as menu commands.
-bool AboutController::OnMenuCommand(WORD id) {
-    return ModalController::OnControlCommand(id, nullptr, BN_CLICKED);
-}
-
-bool AboutController::OnControlCommand(WORD id, HWND control, WORD code) {
-    if (code == BN_CLICKED && OnClicked(id))
-        return true;
-    return ModalController::OnControlCommand(id, control, code);
-}
-
 bool AboutController::OnClicked(WORD id) {
     switch (id) {
         case IDC_ABOUT_CLOSE:
             SendMessageW(Handle, WM_CLOSE, 0, 0);
             return true;
         case IDC_ABOUT_MAIL:
-            Open(MailLinkTo(WinLib::GetWindowText(MailStatic)));
+            WinLib::Launch(MailLinkTo(WinLib::GetWindowText(MailStatic)), L"", L"");
             return true;
         case IDC_ABOUT_HOME:
-            Open(WinLib::GetWindowText(HomeStatic));
+            WinLib::Launch(WinLib::GetWindowText(HomeStatic), L"", L"");
             return true;
         default:
             return false;
     }
-}
-
-bool AboutController::HandleClose() {
-    EndDialog(Handle, 1);
-    return true;
 }

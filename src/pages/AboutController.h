@@ -4,27 +4,22 @@
 
 #include <string>
 
-#include "winlib/Controller.h"
 #include "winlib/Handles.h"
+#include "winlib/MenuDialog.h"
 #include "winlib/controls/HyperLinkCtrl.h"
 #include "winlib/layout/Overlapped.h"
 
 // Returns the link that starts a mail to an address. The address is not escaped.
 std::wstring MailLinkTo(const std::wstring& address);
 
-class AboutController : public WinLib::Dialog::ModalController,
-                        public WinLib::Handlers::Handler<WM_SYSCOLORCHANGE>,
-                        public WinLib::Handlers::Handler<WM_CLOSE> {
+class AboutController : public WinLib::Dialog::MenuDialog {
 public:
-    bool OnMenuCommand(WORD id) override;
-    bool OnControlCommand(WORD id, HWND control, WORD code) override;
-    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     bool HandleInitDialog(HWND focus, LPARAM parameter, bool& focusSet) override;
-    bool HandleSysColorChange() override { return false; }
-    bool HandleClose() override;
+
+protected:
+    bool OnClicked(WORD id) override;
 
 private:
-    bool OnClicked(WORD id);
     void MakeTitleFont();
     void BuildLayout();
 

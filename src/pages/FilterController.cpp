@@ -1,6 +1,5 @@
 #include "pages/FilterController.h"
 
-#include "pages/DialogLayout.h"
 #include "resources/resource.h"
 #include "settings/SearchFilters.h"
 #include "winlib/Exception.h"
@@ -21,7 +20,8 @@ constexpr int EntryCapacity = 512;
 
 }  // namespace
 
-FilterController::FilterController(MetaTypes::Settings* target) : PropertyController(target, {}) {}
+FilterController::FilterController(MetaTypes::Settings* target)
+    : PropertyController(target, {}, IDC_FILTER_GROUP) {}
 
 void FilterController::PrepareControls() {
     const HWND list = Control(IDC_FILTER_EXCLUDED);
@@ -47,17 +47,15 @@ void FilterController::PrepareControls() {
     WinLib::PutLast(Handle, {IDC_FILTER_ADD});
 }
 
-void FilterController::BuildLayout() {
-    RootSizer.AddWindow(Control(IDC_FILTER_GROUP), Alignment::Fill, Alignment::Fill);
-    VStack* const page = RootSizer.AddVStack(20, 28, 20, 20, 8);
-    page->AddWindow(0, Control(IDC_FILTER_TYPE_CAPTION), Alignment::Near, Alignment::Center);
-    page->AddWindow(0, Control(IDC_FILTER_TYPE), Alignment::Fill, Alignment::Center);
-    page->AddWindow(0, Control(IDC_FILTER_PATTERN), Alignment::Fill, Alignment::Center);
-    page->AddWindow(0, Control(IDC_FILTER_HINT), Alignment::Near, Alignment::Center);
-    page->AddSpacer(0, 4);
-    page->AddWindow(0, Control(IDC_FILTER_EXCLUDED_CAPTION), Alignment::Near, Alignment::Center);
-    page->AddWindow(1, Control(IDC_FILTER_EXCLUDED), Alignment::Fill, Alignment::Fill);
-    HStack* const buttons = page->AddHStack(0, 0, 0, 0, 0, 8);
+void FilterController::BuildLayout(VStack& page) {
+    page.AddWindow(0, Control(IDC_FILTER_TYPE_CAPTION), Alignment::Near, Alignment::Center);
+    page.AddWindow(0, Control(IDC_FILTER_TYPE), Alignment::Fill, Alignment::Center);
+    page.AddWindow(0, Control(IDC_FILTER_PATTERN), Alignment::Fill, Alignment::Center);
+    page.AddWindow(0, Control(IDC_FILTER_HINT), Alignment::Near, Alignment::Center);
+    page.AddSpacer(0, 4);
+    page.AddWindow(0, Control(IDC_FILTER_EXCLUDED_CAPTION), Alignment::Near, Alignment::Center);
+    page.AddWindow(1, Control(IDC_FILTER_EXCLUDED), Alignment::Fill, Alignment::Fill);
+    HStack* const buttons = page.AddHStack(0, {}, 8);
     buttons->AddSpacer(1, 0);
     buttons->AddWindow(0, Control(IDC_FILTER_REMOVE), Alignment::Far, Alignment::Center);
     buttons->AddWindow(0, Control(IDC_FILTER_ADD), Alignment::Far, Alignment::Center);

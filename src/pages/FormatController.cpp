@@ -15,21 +15,20 @@ constexpr Binding Bindings[] = {
 
 }  // namespace
 
-FormatController::FormatController(MetaTypes::Settings* target) : PropertyController(target, Bindings) {}
+FormatController::FormatController(MetaTypes::Settings* target)
+    : PropertyController(target, Bindings, IDC_FORMAT_GROUP) {}
 
 void FormatController::Refresh() {
     ShowBindings();
 }
 
-void FormatController::BuildLayout() {
-    RootSizer.AddWindow(Control(IDC_FORMAT_GROUP), Alignment::Fill, Alignment::Fill);
-    VStack* const page = RootSizer.AddVStack(20, 28, 20, 20, 8);
-    page->AddWindow(0, Control(IDC_FORMAT_CAPTION), Alignment::Near, Alignment::Center);
+void FormatController::BuildLayout(VStack& page) {
+    page.AddWindow(0, Control(IDC_FORMAT_CAPTION), Alignment::Near, Alignment::Center);
     for (const int id : {IDC_FORMAT_TEXT, IDC_FORMAT_HTML}) {
-        WinLib::Layout::HStack* const row = page->AddHStack(0, 0, 0, 0, 0, 0);
+        WinLib::Layout::HStack* const row = page.AddHStack(0, {}, 0);
         row->AddSpacer(0, 20);
         row->AddWindow(0, Control(id), Alignment::Near, Alignment::Center);
     }
-    page->AddSpacer(0, 4);
-    page->AddWindow(0, Control(IDC_FORMAT_UTF8), Alignment::Near, Alignment::Center);
+    page.AddSpacer(0, 4);
+    page.AddWindow(0, Control(IDC_FORMAT_UTF8), Alignment::Near, Alignment::Center);
 }

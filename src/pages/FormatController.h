@@ -10,5 +10,5 @@ public:
     void Refresh() override;
 
 protected:
-    void BuildLayout() override;
+    void BuildLayout(WinLib::Layout::VStack& page) override;
 };

@@ -37,7 +37,8 @@ constexpr int IndentControls[] = {IDC_DISPLAY_INDENT, IDC_DISPLAY_INDENT_CAPTION
 
 }  // namespace
 
-LayoutController::LayoutController(MetaTypes::Settings* target) : PropertyController(target, Bindings) {}
+LayoutController::LayoutController(MetaTypes::Settings* target)
+    : PropertyController(target, Bindings, IDC_DISPLAY_GROUP) {}
 
 void LayoutController::PrepareControls() {
     const HWND sizeStyle = Control(IDC_DISPLAY_SIZE_STYLE);
@@ -51,28 +52,26 @@ void LayoutController::PrepareControls() {
                              IDC_DISPLAY_INDENT, IDC_DISPLAY_SIZE_CAPTION, IDC_DISPLAY_SIZE_STYLE});
 }
 
-void LayoutController::BuildLayout() {
-    RootSizer.AddWindow(Control(IDC_DISPLAY_GROUP), Alignment::Fill, Alignment::Fill);
-    VStack* const page = RootSizer.AddVStack(20, 28, 20, 20, 8);
+void LayoutController::BuildLayout(VStack& page) {
     // Not the order of the resource.
     for (const int id :
          {IDC_DISPLAY_STATISTICS, IDC_DISPLAY_HIDDEN, IDC_DISPLAY_SUBFOLDERS, IDC_DISPLAY_GROUPED})
-        page->AddWindow(0, Control(id), Alignment::Near, Alignment::Center);
+        page.AddWindow(0, Control(id), Alignment::Near, Alignment::Center);
 
-    HStack* const indentText = page->AddHStack(0, 0, 0, 0, 0, 0);
+    HStack* const indentText = page.AddHStack(0, {}, 0);
     indentText->AddSpacer(0, 20);
     indentText->AddWindow(0, Control(IDC_DISPLAY_INDENT_CAPTION), Alignment::Near, Alignment::Center);
     indentText->AddWindow(0, Control(IDC_DISPLAY_INDENT_VALUE), Alignment::Near, Alignment::Center);
     indentText->AddSpacer(0, 20);
 
-    HStack* const indent = page->AddHStack(0, 0, 0, 0, 0, 0);
+    HStack* const indent = page.AddHStack(0, {}, 0);
     indent->AddSpacer(0, 12);
     indent->AddWindow(1, Control(IDC_DISPLAY_INDENT), Alignment::Fill, Alignment::Center);
     indent->AddSpacer(0, 12);
 
-    page->AddSpacer(0, 4);
-    page->AddWindow(0, Control(IDC_DISPLAY_SIZE_CAPTION), Alignment::Near, Alignment::Center);
-    page->AddWindow(0, Control(IDC_DISPLAY_SIZE_STYLE), Alignment::Fill, Alignment::Center);
+    page.AddSpacer(0, 4);
+    page.AddWindow(0, Control(IDC_DISPLAY_SIZE_CAPTION), Alignment::Near, Alignment::Center);
+    page.AddWindow(0, Control(IDC_DISPLAY_SIZE_STYLE), Alignment::Fill, Alignment::Center);
 }
 
 void LayoutController::Refresh() {

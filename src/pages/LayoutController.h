@@ -13,7 +13,7 @@ public:
 
 protected:
     void PrepareControls() override;
-    void BuildLayout() override;
+    void BuildLayout(WinLib::Layout::VStack& page) override;
     bool OnClicked(WORD id) override;
     bool OnSelectionChanged(WORD id) override;
 

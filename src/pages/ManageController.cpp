@@ -1,8 +1,8 @@
 #include "pages/ManageController.h"
 
-#include "pages/DialogLayout.h"
+#include "pages/GroupBox.h"
 #include "resources/resource.h"
-#include "winlib/layout/Stack.h"
+#include "winlib/layout/ClientArea.h"
 
 using WinLib::Layout::Alignment;
 using WinLib::Layout::VStack;
@@ -17,14 +17,13 @@ bool ManageController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
 }
 
 bool ManageController::HandleInitDialog(HWND, LPARAM, bool&) {
-    RootSizer.AddWindow(GetDlgItem(Handle, IDC_MANAGE_GROUP), Alignment::Fill, Alignment::Fill);
-    VStack* const page = RootSizer.AddVStack(20, 28, 20, 20, 8);
-    VStack* const texts = page->AddVStack(4, 0, 0, 0, 0, 8);
+    VStack& page = AddGroupBox(RootSizer, GetDlgItem(Handle, IDC_MANAGE_GROUP));
+    VStack* const texts = page.AddVStack(4, {}, 8);
     texts->AddSpacer(2, 0);
     for (const int id : {IDC_MANAGE_CREATE, IDC_MANAGE_DUPLICATE, IDC_MANAGE_REARRANGE})
         texts->AddWindow(0, GetDlgItem(Handle, id), Alignment::Center, Alignment::Center);
     texts->AddSpacer(3, 0);
-    page->AddSpacer(1, 8);
+    page.AddSpacer(1, 8);
     MeasureAndArrange(RootSizer, Handle);
     return true;
 }

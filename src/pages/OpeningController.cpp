@@ -45,7 +45,8 @@ std::optional<std::wstring> PickProgram(HWND owner) {
 
 }  // namespace
 
-OpeningController::OpeningController(MetaTypes::Settings* target) : PropertyController(target, Bindings) {}
+OpeningController::OpeningController(MetaTypes::Settings* target)
+    : PropertyController(target, Bindings, IDC_OPENING_GROUP) {}
 
 PathChoice OpeningController::Choice() const {
     return {{Control(IDC_OPENING_DEFAULT), Control(IDC_OPENING_NOTHING), Control(IDC_OPENING_CUSTOM)},
@@ -53,10 +54,8 @@ PathChoice OpeningController::Choice() const {
             Control(IDC_OPENING_BROWSE)};
 }
 
-void OpeningController::BuildLayout() {
-    RootSizer.AddWindow(Control(IDC_OPENING_GROUP), Alignment::Fill, Alignment::Fill);
-    VStack* const page = RootSizer.AddVStack(20, 28, 20, 20, 8);
-    Choice().AddTo(*page);
+void OpeningController::BuildLayout(VStack& page) {
+    Choice().AddTo(page);
 }
 
 void OpeningController::Refresh() {

@@ -11,7 +11,7 @@ public:
     void Refresh() override;
 
 protected:
-    void BuildLayout() override;
+    void BuildLayout(WinLib::Layout::VStack& page) override;
     void UpdateControls() override;
     bool OnClicked(WORD id) override;
 

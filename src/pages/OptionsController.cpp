@@ -1,9 +1,9 @@
 #include "pages/OptionsController.h"
 
 #include "pages/Binding.h"
-#include "pages/DialogLayout.h"
 #include "resources/resource.h"
 #include "winlib/TabOrder.h"
+#include "winlib/layout/ClientArea.h"
 #include "winlib/layout/Stack.h"
 
 using WinLib::Layout::Alignment;
@@ -21,17 +21,6 @@ constexpr wchar_t RegisterFailed[] =
 
 }  // namespace
 
-bool OptionsController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    switch (message) {
-        case WM_SYSCOLORCHANGE:
-            return Handler<WM_SYSCOLORCHANGE>::Dispatch(wParam, lParam, result);
-        case WM_CLOSE:
-            return Handler<WM_CLOSE>::Dispatch(wParam, lParam, result);
-        default:
-            return ModalController::OnMessage(message, wParam, lParam, result);
-    }
-}
-
 bool OptionsController::HandleInitDialog(HWND, LPARAM, bool&) {
     SeparatorLine = GetDlgItem(Handle, IDC_OPTIONS_SEPARATOR);
     ConfirmExitCheck = GetDlgItem(Handle, IDC_OPTIONS_CONFIRM_EXIT);
@@ -47,29 +36,18 @@ bool OptionsController::HandleInitDialog(HWND, LPARAM, bool&) {
 }
 
 void OptionsController::BuildLayout() {
-    VStack* const root = RootSizer.AddVStack(0, 0, 0, 0, 0);
-    VStack* const checks = root->AddVStack(0, 20, 20, 20, 0, 8);
+    VStack* const root = RootSizer.AddVStack({}, 0);
+    VStack* const checks = root->AddVStack(0, {.left = 20, .top = 20, .right = 20}, 8);
     checks->AddWindow(0, ContextMenuCheck, Alignment::Near, Alignment::Center);
     checks->AddWindow(0, ConfirmExitCheck, Alignment::Near, Alignment::Center);
     root->AddSpacer(0, 16);
     root->AddWindow(0, SeparatorLine, Alignment::Fill, Alignment::Center);
     root->AddSpacer(0, 16);
-    HStack* const buttons = root->AddHStack(0, 20, 0, 20, 0, 8);
+    HStack* const buttons = root->AddHStack(0, {.left = 20, .right = 20}, 8);
     buttons->AddWindow(1, CloseButton, Alignment::Far, Alignment::Center);
     root->AddSpacer(0, 16);
     root->AddSpacer(1, 0);
     MeasureAndArrange(RootSizer, Handle);
-}
-
-// No control has the id IDOK or IDCANCEL, so Enter and Esc arrive as menu commands.
-bool OptionsController::OnMenuCommand(WORD id) {
-    return ModalController::OnControlCommand(id, nullptr, BN_CLICKED);
-}
-
-bool OptionsController::OnControlCommand(WORD id, HWND control, WORD code) {
-    if (code == BN_CLICKED && OnClicked(id))
-        return true;
-    return ModalController::OnControlCommand(id, control, code);
 }
 
 bool OptionsController::OnClicked(WORD id) {
@@ -107,9 +85,4 @@ void OptionsController::SwitchContextMenu() {
 void OptionsController::StoreConfirmExit() {
     Settings->Get(MainSettings::ConfirmExit) = IsTicked(ConfirmExitCheck);
     Settings->SaveMain();
-}
-
-bool OptionsController::HandleClose() {
-    EndDialog(Handle, 1);
-    return true;
 }

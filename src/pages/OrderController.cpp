@@ -3,9 +3,15 @@
 using WinLib::Layout::Alignment;
 using WinLib::Layout::VStack;
 
+namespace {
+
+constexpr WinLib::Layout::Margins OrderMargins = {.left = 16, .top = 28, .right = 12, .bottom = 16};
+
+}  // namespace
+
 OrderController::OrderController(MetaTypes::Settings* target, std::span<const Binding> bindings,
                                  const Controls& controls)
-    : PropertyController(target, bindings), controls_(controls) {}
+    : PropertyController(target, bindings, controls.group, OrderMargins), controls_(controls) {}
 
 void OrderController::PrepareControls() {
     const HWND tree = Control(controls_.tree);
@@ -13,11 +19,9 @@ void OrderController::PrepareControls() {
     ThemedControls.push_back(tree);
 }
 
-void OrderController::BuildLayout() {
-    RootSizer.AddWindow(Control(controls_.group), Alignment::Fill, Alignment::Fill);
-    VStack* const page = RootSizer.AddVStack(16, 28, 12, 16, 8);
-    tree_.AddTo(*page, Control(controls_.caption));
-    page->AddWindow(0, Control(controls_.checkBox), Alignment::Near, Alignment::Center);
+void OrderController::BuildLayout(VStack& page) {
+    tree_.AddTo(page, Control(controls_.caption));
+    page.AddWindow(0, Control(controls_.checkBox), Alignment::Near, Alignment::Center);
 }
 
 void OrderController::Refresh() {

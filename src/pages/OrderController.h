@@ -36,7 +36,7 @@ protected:
                        std::span<const OrderTree::Child> files) const = 0;
 
     void PrepareControls() override;
-    void BuildLayout() override;
+    void BuildLayout(WinLib::Layout::VStack& page) override;
     bool OnClicked(WORD id) override;
 
 private:

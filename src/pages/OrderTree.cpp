@@ -2,6 +2,7 @@
 
 #include "resources/resource.h"
 #include "winlib/Focus.h"
+#include "winlib/WindowIcon.h"
 #include "winlib/WindowStyle.h"
 #include "winlib/controls/TreeView.h"
 
@@ -13,17 +14,15 @@ using WinLib::Layout::VStack;
 
 namespace {
 
-WinLib::UniqueHandle<HICON> LoadSmallIcon(WORD id) {
-    return WinLib::UniqueHandle<HICON>(static_cast<HICON>(
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
-                   GetSystemMetrics(SM_CYSMICON), LR_DEFAULTCOLOR)));
+WinLib::UniqueHandle<HICON> LoadIconOf(WORD id) {
+    return WinLib::LoadSmallIcon(GetModuleHandleW(nullptr), id);
 }
 
 // Image 0 is not used.
 WinLib::UniqueHandle<HIMAGELIST> MakeStateImages(const std::array<WORD, 3>& icons) {
     WinLib::UniqueHandle<HIMAGELIST> images(ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 4, 0));
     for (const WORD id : {icons[0], icons[0], icons[1], icons[2]})
-        ImageList_ReplaceIcon(images.get(), -1, LoadSmallIcon(id).get());
+        ImageList_ReplaceIcon(images.get(), -1, LoadIconOf(id).get());
     return images;
 }
 
@@ -37,8 +36,8 @@ void OrderTree::Attach(HWND tree, HWND upButton, HWND downButton, const std::arr
     WinLib::AddStyle(tree_, TVS_CHECKBOXES | TVS_LINESATROOT);
     states_.StateImages = MakeStateImages(stateIcons);
     WinLib::Attach(states_, tree_);
-    upIcon_ = LoadSmallIcon(IDI_MOVE_UP);
-    downIcon_ = LoadSmallIcon(IDI_MOVE_DOWN);
+    upIcon_ = LoadIconOf(IDI_MOVE_UP);
+    downIcon_ = LoadIconOf(IDI_MOVE_DOWN);
     SendMessageW(upButton_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(upIcon_.get()));
     SendMessageW(downButton_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(downIcon_.get()));
     // Not drawn, but read to those who cannot see the pictures.
@@ -47,11 +46,11 @@ void OrderTree::Attach(HWND tree, HWND upButton, HWND downButton, const std::arr
 }
 
 void OrderTree::AddTo(VStack& page, HWND caption) {
-    HStack* const row = page.AddHStack(1, 0, 0, 0, 0, 8);
-    VStack* const left = row->AddVStack(1, 0, 0, 0, 0, 8);
+    HStack* const row = page.AddHStack(1, {}, 8);
+    VStack* const left = row->AddVStack(1, {}, 8);
     left->AddWindow(0, caption, Alignment::Near, Alignment::Center);
     left->AddWindow(1, tree_, Alignment::Fill, Alignment::Fill);
-    VStack* const buttons = row->AddVStack(0, 0, 0, 0, 0, 8);
+    VStack* const buttons = row->AddVStack(0, {}, 8);
     buttons->AddSpacer(1, 0);
     buttons->AddWindow(0, upButton_, Alignment::Center, Alignment::Center);
     buttons->AddWindow(0, downButton_, Alignment::Center, Alignment::Center);

@@ -1,9 +1,10 @@
 #include "pages/PropertyController.h"
 
-#include "pages/DialogLayout.h"
+#include "winlib/layout/ClientArea.h"
 
-PropertyController::PropertyController(MetaTypes::Settings* target, std::span<const Binding> bindings)
-    : Target(target), bindings_(bindings) {}
+PropertyController::PropertyController(MetaTypes::Settings* target, std::span<const Binding> bindings,
+                                       int groupBox, const WinLib::Layout::Margins& margins)
+    : Target(target), bindings_(bindings), groupBox_(groupBox), margins_(margins) {}
 
 Preset& PropertyController::TargetPreset() const {
     return dynamic_cast<Preset&>(*Target);
@@ -22,7 +23,7 @@ bool PropertyController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, L
 
 bool PropertyController::HandleInitDialog(HWND, LPARAM, bool&) {
     PrepareControls();
-    BuildLayout();
+    BuildLayout(AddGroupBox(RootSizer, Control(groupBox_), margins_));
     MeasureAndArrange(RootSizer, Handle);
     return true;
 }

@@ -8,10 +8,9 @@
 #include <vector>
 
 #include "pages/Binding.h"
+#include "pages/GroupBox.h"
 #include "settings/Preset.h"
 #include "winlib/Controller.h"
-#include "winlib/layout/Overlapped.h"
-#include "winlib/layout/Stack.h"
 
 class PropertyController : public WinLib::Dialog::Controller,
                            public WinLib::Handlers::Handler<WM_SIZE>,
@@ -32,14 +31,16 @@ public:
     MetaTypes::Settings* const Target;
 
 protected:
-    // bindings must outlive the page.
-    PropertyController(MetaTypes::Settings* target, std::span<const Binding> bindings);
+    // bindings must outlive the page. groupBox is the id of the group box that fills the page; margins are
+    // those of the controls in it.
+    PropertyController(MetaTypes::Settings* target, std::span<const Binding> bindings, int groupBox,
+                       const WinLib::Layout::Margins& margins = PageMargins);
 
     // Sets up the controls beyond what the resource can do.
     virtual void PrepareControls() {}
 
-    // Lays the controls out on RootSizer.
-    virtual void BuildLayout() = 0;
+    // Adds the controls to the column in the group box.
+    virtual void BuildLayout(WinLib::Layout::VStack& page) = 0;
 
     // Enables controls that depend on a bound control. Called after a change of it was saved.
     virtual void UpdateControls() {}
@@ -64,4 +65,6 @@ private:
     bool StoreBinding(WORD id, WORD code);
 
     const std::span<const Binding> bindings_;
+    const int groupBox_;
+    const WinLib::Layout::Margins margins_;
 };

@@ -19,7 +19,8 @@ constexpr Binding Bindings[] = {
 
 }  // namespace
 
-SavingController::SavingController(MetaTypes::Settings* target) : PropertyController(target, Bindings) {}
+SavingController::SavingController(MetaTypes::Settings* target)
+    : PropertyController(target, Bindings, IDC_SAVING_GROUP) {}
 
 PathChoice SavingController::Choice() const {
     return {{Control(IDC_SAVING_TEMPORARY), Control(IDC_SAVING_SAME_PATH), Control(IDC_SAVING_CUSTOM)},
@@ -27,12 +28,10 @@ PathChoice SavingController::Choice() const {
             Control(IDC_SAVING_BROWSE)};
 }
 
-void SavingController::BuildLayout() {
-    RootSizer.AddWindow(Control(IDC_SAVING_GROUP), Alignment::Fill, Alignment::Fill);
-    VStack* const page = RootSizer.AddVStack(20, 28, 20, 20, 8);
-    Choice().AddTo(*page);
-    page->AddSpacer(0, 4);
-    page->AddWindow(0, Control(IDC_SAVING_OVERWRITE), Alignment::Near, Alignment::Center);
+void SavingController::BuildLayout(VStack& page) {
+    Choice().AddTo(page);
+    page.AddSpacer(0, 4);
+    page.AddWindow(0, Control(IDC_SAVING_OVERWRITE), Alignment::Near, Alignment::Center);
 }
 
 void SavingController::Refresh() {

@@ -8,8 +8,7 @@
 
 using WinLib::Layout::Alignment;
 using WinLib::Layout::ArrangeOnClient;
-using WinLib::Layout::Height;
-using WinLib::Layout::Width;
+using WinLib::Layout::OuterMinimum;
 
 void ProgressController::Report(const std::wstring& status, const std::wstring& detail) {
     if (Window() == nullptr)
@@ -87,7 +86,7 @@ bool ProgressController::HandleInitDialog(HWND, LPARAM, bool&) {
     RootSizer.Measure();
     RootSizer.CurrentRect = RootSizer.MinimumRect;
     RootSizer.Arrange(RootSizer.MinimumRect);
-    const SIZE size = OuterMinimum();
+    const SIZE size = OuterMinimum(RootSizer, Handle, false);
     SetWindowPos(Handle, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
     SetWindowTextW(Handle, Title.c_str());
     // Without an owner the dialog has a button in the taskbar.
@@ -105,10 +104,10 @@ bool ProgressController::HandleInitDialog(HWND, LPARAM, bool&) {
 }
 
 void ProgressController::BuildLayout() {
-    auto* const rows = RootSizer.AddVStack(16, 16, 16, 16, 12);
+    auto* const rows = RootSizer.AddVStack({.left = 16, .top = 16, .right = 16, .bottom = 16}, 12);
 
-    auto* const top = rows->AddHStack(0, 0, 0, 10, 0, 0);
-    auto* const lines = top->AddVStack(1, 0, 0, 0, 0, 8);
+    auto* const top = rows->AddHStack(0, {.right = 10}, 0);
+    auto* const lines = top->AddVStack(1, {}, 8);
     lines->AddWindow(0, StatusLine, Alignment::Fill, Alignment::Center);
     lines->AddWindow(0, DetailLine, Alignment::Fill, Alignment::Center);
     top->AddWindow(0, IconStatic, Alignment::Far, Alignment::Center);
@@ -117,7 +116,7 @@ void ProgressController::BuildLayout() {
     bars->AddWindow(Bar, Alignment::Fill, Alignment::Center);
     bars->AddWindow(Marquee, Alignment::Fill, Alignment::Center);
 
-    auto* const buttons = rows->AddHStack(0, 0, 0, 0, 0, 8);
+    auto* const buttons = rows->AddHStack(0, {}, 8);
     buttons->AddSpacer(1, 0);
     buttons->AddWindow(0, BackgroundButton, Alignment::Far, Alignment::Center);
     buttons->AddWindow(0, CancelButton, Alignment::Near, Alignment::Center);
@@ -135,7 +134,7 @@ bool ProgressController::HandleSize(WORD type, WORD, WORD) {
 }
 
 bool ProgressController::HandleGetMinMaxInfo(MINMAXINFO& info) {
-    const SIZE size = OuterMinimum();
+    const SIZE size = OuterMinimum(RootSizer, Handle, false);
     info.ptMinTrackSize = {size.cx, size.cy};
     info.ptMaxTrackSize = {3 * size.cx, size.cy};
     return true;
@@ -144,11 +143,4 @@ bool ProgressController::HandleGetMinMaxInfo(MINMAXINFO& info) {
 bool ProgressController::HandleSysColorChange() {
     SendMessageW(Bar, WM_SYSCOLORCHANGE, 0, 0);
     return true;
-}
-
-SIZE ProgressController::OuterMinimum() const {
-    RECT outer = RootSizer.MinimumRect;
-    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrW(Handle, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrW(Handle, GWL_EXSTYLE)));
-    return {Width(outer), Height(outer)};
 }

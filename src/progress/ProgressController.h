@@ -66,7 +66,6 @@ private:
     void BuildLayout();
 
     // The size of the whole window whose client area has the minimum size.
-    SIZE OuterMinimum() const;
 
     WinLib::WindowIcon icon_;
 

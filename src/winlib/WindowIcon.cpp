@@ -12,9 +12,13 @@ UniqueHandle<HICON> LoadIconOfSize(HINSTANCE instance, int id, int widthMetric, 
 
 }  // namespace
 
+UniqueHandle<HICON> LoadSmallIcon(HINSTANCE instance, int id) {
+    return LoadIconOfSize(instance, id, SM_CXSMICON, SM_CYSMICON);
+}
+
 void WindowIcon::Set(HWND window, HINSTANCE instance, int id) {
     big_ = LoadIconOfSize(instance, id, SM_CXICON, SM_CYICON);
-    small_ = LoadIconOfSize(instance, id, SM_CXSMICON, SM_CYSMICON);
+    small_ = LoadSmallIcon(instance, id);
     SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(big_.get()));
     SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small_.get()));
 }

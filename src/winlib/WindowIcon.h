@@ -1,10 +1,14 @@
-// The icon of a top-level window in the two sizes that the system shows, for the taskbar and for the caption.
+// Icons from resources: those of a top-level window in the two sizes that the system shows, for the taskbar
+// and for the caption, and small ones for controls.
 #pragma once
 
 #include "winlib/Handles.h"
 #include "winlib/Windows.h"
 
 namespace WinLib {
+
+// Loads an icon in the size of a caption's icon. Returns null on failure.
+UniqueHandle<HICON> LoadSmallIcon(HINSTANCE instance, int id);
 
 // Owns what it has loaded, so it must outlive the window.
 class WindowIcon {

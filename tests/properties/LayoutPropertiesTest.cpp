@@ -28,9 +28,11 @@ void Fill(Random& random, Overlapped& overlapped, int levels) {
         if (kind == 0)
             AddFixed(overlapped, Control(random));
         else if (kind == 1)
-            Fill(random, *overlapped.AddHStack(margin(), margin(), margin(), margin(), margin()), levels - 1);
+            Fill(random, *overlapped.AddHStack({margin(), margin(), margin(), margin()}, margin()),
+                 levels - 1);
         else
-            Fill(random, *overlapped.AddVStack(margin(), margin(), margin(), margin(), margin()), levels - 1);
+            Fill(random, *overlapped.AddVStack({margin(), margin(), margin(), margin()}, margin()),
+                 levels - 1);
     }
 }
 
@@ -46,11 +48,11 @@ void Fill(Random& random, Stack& stack, int levels) {
                 stack.AddSpacer(stretch, random.Between(0, 50));
                 break;
             case 2:
-                Fill(random, *stack.AddHStack(stretch, margin(), margin(), margin(), margin(), margin()),
+                Fill(random, *stack.AddHStack(stretch, {margin(), margin(), margin(), margin()}, margin()),
                      levels - 1);
                 break;
             case 3:
-                Fill(random, *stack.AddVStack(stretch, margin(), margin(), margin(), margin(), margin()),
+                Fill(random, *stack.AddVStack(stretch, {margin(), margin(), margin(), margin()}, margin()),
                      levels - 1);
                 break;
             default:

@@ -34,12 +34,12 @@ Child* Overlapped::Add(std::unique_ptr<Child> child) {
     return added;
 }
 
-HStack* Overlapped::AddHStack(int left, int top, int right, int bottom, int gap) {
-    return Add(std::make_unique<HStack>(left, top, right, bottom, gap));
+HStack* Overlapped::AddHStack(const Margins& margins, int gap) {
+    return Add(std::make_unique<HStack>(margins, gap));
 }
 
-VStack* Overlapped::AddVStack(int left, int top, int right, int bottom, int gap) {
-    return Add(std::make_unique<VStack>(left, top, right, bottom, gap));
+VStack* Overlapped::AddVStack(const Margins& margins, int gap) {
+    return Add(std::make_unique<VStack>(margins, gap));
 }
 
 Window* Overlapped::AddWindow(HWND window, Alignment, Alignment vertical) {

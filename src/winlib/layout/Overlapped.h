@@ -20,8 +20,8 @@ public:
 
     // Append a child and return it; this object owns it. A window always fills the width: its second argument
     // has no effect.
-    HStack* AddHStack(int left, int top, int right, int bottom, int gap);
-    VStack* AddVStack(int left, int top, int right, int bottom, int gap);
+    HStack* AddHStack(const Margins& margins, int gap);
+    VStack* AddVStack(const Margins& margins, int gap);
     Window* AddWindow(HWND window, Alignment ignored, Alignment vertical);
 
     std::vector<std::unique_ptr<Sizer>> Children;

@@ -16,6 +16,14 @@ enum class Alignment : uint32_t {
     Fill = 3,
 };
 
+// The empty space around the children of a stack. Sides that are left out have none.
+struct Margins {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
 inline LONG Width(const RECT& rect) {
     return rect.right - rect.left;
 }

@@ -41,9 +41,11 @@ RECT WithMargins(POINT origin, SIZE content, const RECT& margins) {
 
 }  // namespace
 
-Stack::Stack(int left, int top, int right, int bottom, int horizontalGap, int verticalGap)
-    : Margins{left, top, right, bottom}, HorizontalGap(horizontalGap), VerticalGap(verticalGap) {
-    MinimumRect = CurrentRect = {0, 0, left + right, top + bottom};
+Stack::Stack(const Layout::Margins& margins, int horizontalGap, int verticalGap)
+    : Margins{margins.left, margins.top, margins.right, margins.bottom},
+      HorizontalGap(horizontalGap),
+      VerticalGap(verticalGap) {
+    MinimumRect = CurrentRect = {0, 0, margins.left + margins.right, margins.top + margins.bottom};
 }
 
 template <typename Child>
@@ -55,12 +57,14 @@ Child* Stack::Add(int stretch, std::unique_ptr<Child> child) {
     return added;
 }
 
-HStack* Stack::AddHStack(int stretch, int left, int, int right, int, int gap) {
-    return Add(stretch, std::make_unique<HStack>(left, 0, right, 0, gap));
+HStack* Stack::AddHStack(int stretch, const Layout::Margins& margins, int gap) {
+    const Layout::Margins used = {.left = margins.left, .right = margins.right};
+    return Add(stretch, std::make_unique<HStack>(used, gap));
 }
 
-VStack* Stack::AddVStack(int stretch, int left, int top, int right, int, int gap) {
-    return Add(stretch, std::make_unique<VStack>(left, top, right, 0, gap));
+VStack* Stack::AddVStack(int stretch, const Layout::Margins& margins, int gap) {
+    const Layout::Margins used = {.left = margins.left, .top = margins.top, .right = margins.right};
+    return Add(stretch, std::make_unique<VStack>(used, gap));
 }
 
 Overlapped* Stack::AddOverlapped(int stretch) {

@@ -16,12 +16,12 @@ class Window;
 
 class Stack : public Sizer {
 public:
-    Stack(int left, int top, int right, int bottom, int horizontalGap, int verticalGap);
+    Stack(const Layout::Margins& margins, int horizontalGap, int verticalGap);
 
     // Append a child and return it; the stack owns it. A nested HStack has no top and bottom margins and a
     // nested VStack no bottom margin, whatever is passed.
-    HStack* AddHStack(int stretch, int left, int top, int right, int bottom, int gap);
-    VStack* AddVStack(int stretch, int left, int top, int right, int bottom, int gap);
+    HStack* AddHStack(int stretch, const Layout::Margins& margins, int gap);
+    VStack* AddVStack(int stretch, const Layout::Margins& margins, int gap);
     Overlapped* AddOverlapped(int stretch);
     Window* AddWindow(int stretch, HWND window, Alignment horizontal, Alignment vertical);
 
@@ -46,7 +46,7 @@ protected:
 
 class HStack : public Stack {
 public:
-    HStack(int left, int top, int right, int bottom, int gap) : Stack(left, top, right, bottom, gap, 0) {}
+    HStack(const Layout::Margins& margins, int gap) : Stack(margins, gap, 0) {}
     void Arrange(const RECT& rect) override;
     void Measure() override;
     Sizer* AddSpacer(int stretch, int size) override;
@@ -54,7 +54,7 @@ public:
 
 class VStack : public Stack {
 public:
-    VStack(int left, int top, int right, int bottom, int gap) : Stack(left, top, right, bottom, 0, gap) {}
+    VStack(const Layout::Margins& margins, int gap) : Stack(margins, 0, gap) {}
     void Arrange(const RECT& rect) override;
     void Measure() override;
     Sizer* AddSpacer(int stretch, int size) override;

@@ -77,7 +77,7 @@ void Check(Stack& stack, const Row& row, const MakeRect& makeRect) {
 TEST_P(StackArrange, RowAsTold) {
     const Row& row = GetParam();
     SCOPED_TRACE(row.what);
-    HStack stack(row.before, 3, row.after, 4, row.gap);
+    HStack stack({row.before, 3, row.after, 4}, row.gap);
     Check(stack, row, [](int begin, int end, int acrossBegin, int acrossEnd) {
         return RECT{begin, acrossBegin, end, acrossEnd};
     });
@@ -86,7 +86,7 @@ TEST_P(StackArrange, RowAsTold) {
 TEST_P(StackArrange, ColumnAsTold) {
     const Row& row = GetParam();
     SCOPED_TRACE(row.what);
-    VStack stack(3, row.before, 4, row.after, row.gap);
+    VStack stack({3, row.before, 4, row.after}, row.gap);
     Check(stack, row, [](int begin, int end, int acrossBegin, int acrossEnd) {
         return RECT{acrossBegin, begin, acrossEnd, end};
     });
@@ -95,14 +95,14 @@ TEST_P(StackArrange, ColumnAsTold) {
 INSTANTIATE_TEST_SUITE_P(Rows, StackArrange, testing::ValuesIn(Rows));
 
 TEST(StackArrangeAcross, IsClampedToTheMinimumToo) {
-    HStack row(1, 2, 3, 4, 0);
+    HStack row({1, 2, 3, 4}, 0);
     FixedSizer* const child = AddFixed(row, 0, {0, 0, 10, 20});
     row.Measure();
     row.Arrange({0, 0, 14, 5});
     EXPECT_EQ(row.CurrentRect, (RECT{0, 0, 14, 26}));
     EXPECT_EQ(child->CurrentRect, (RECT{1, 2, 11, 22}));
 
-    VStack column(1, 2, 3, 4, 0);
+    VStack column({1, 2, 3, 4}, 0);
     FixedSizer* const other = AddFixed(column, 0, {0, 0, 10, 20});
     column.Measure();
     column.Arrange({0, 0, 5, 26});
@@ -111,7 +111,7 @@ TEST(StackArrangeAcross, IsClampedToTheMinimumToo) {
 }
 
 TEST(StackArrangeAcross, NeverChangesTheMinimum) {
-    HStack row(0, 0, 0, 0, 0);
+    HStack row({}, 0);
     AddFixed(row, 1, {7, 8, 17, 28});
     row.Measure();
     row.Arrange({0, 0, 100, 100});
@@ -122,7 +122,7 @@ TEST(StackArrangeAcross, NeverChangesTheMinimum) {
 
 // A total that lags behind the stretch of its child would give the child three times the room.
 TEST(StackArrangeAcross, AShareIsNoLargerThanTheExtraRoom) {
-    HStack row(0, 0, 0, 0, 0);
+    HStack row({}, 0);
     FixedSizer* const child = AddFixed(row, 3, {0, 0, 10, 10});
     row.TotalStretch = 1;
     row.Measure();

@@ -12,20 +12,20 @@ using WinLib::Layout::VStack;
 namespace {
 
 TEST(StackMeasure, AnEmptyStackKeepsOnlyItsMargins) {
-    HStack row(1, 2, 4, 8, 99);
+    HStack row({1, 2, 4, 8}, 99);
     EXPECT_EQ(row.MinimumRect, (RECT{0, 0, 5, 10}));
     EXPECT_EQ(row.CurrentRect, (RECT{0, 0, 5, 10}));
     row.Measure();
     EXPECT_EQ(row.MinimumRect, (RECT{0, 0, 5, 10}));
 
-    VStack column(1, 2, 4, 8, 99);
+    VStack column({1, 2, 4, 8}, 99);
     column.Measure();
     EXPECT_EQ(column.MinimumRect, (RECT{0, 0, 5, 10}));
     EXPECT_EQ(column.CurrentRect, (RECT{0, 0, 5, 10}));
 }
 
 TEST(StackMeasure, ANewStackHasNoStretch) {
-    HStack row(0, 0, 0, 0, 0);
+    HStack row({}, 0);
     EXPECT_EQ(row.TotalStretch, 0);
     EXPECT_TRUE(row.Stretch.empty());
     EXPECT_TRUE(row.Children.empty());
@@ -37,7 +37,7 @@ const RECT Second = {30, 40, 50, 70};   // 20 by 30
 const RECT Third = {80, 90, 120, 100};  // 40 by 10
 
 TEST(StackMeasure, ARowAddsWidthsAndGapsAndTakesTheLargestHeight) {
-    HStack row(1, 2, 4, 8, 16);
+    HStack row({1, 2, 4, 8}, 16);
     for (const RECT& rect : {First, Second, Third})
         AddFixed(row, 0, rect);
     row.Measure();
@@ -46,7 +46,7 @@ TEST(StackMeasure, ARowAddsWidthsAndGapsAndTakesTheLargestHeight) {
 }
 
 TEST(StackMeasure, AColumnAddsHeightsAndGapsAndTakesTheLargestWidth) {
-    VStack column(1, 2, 4, 8, 16);
+    VStack column({1, 2, 4, 8}, 16);
     for (const RECT& rect : {First, Second, Third})
         AddFixed(column, 0, rect);
     column.Measure();
@@ -55,19 +55,19 @@ TEST(StackMeasure, AColumnAddsHeightsAndGapsAndTakesTheLargestWidth) {
 }
 
 TEST(StackMeasure, OneChildHasNoGap) {
-    HStack row(0, 0, 0, 0, 16);
+    HStack row({}, 16);
     AddFixed(row, 0, First);
     row.Measure();
     EXPECT_EQ(row.MinimumRect, First);
 
-    VStack column(0, 0, 0, 0, 16);
+    VStack column({}, 16);
     AddFixed(column, 0, First);
     column.Measure();
     EXPECT_EQ(column.MinimumRect, First);
 }
 
 TEST(StackMeasure, MeasuresEachChildOnce) {
-    HStack row(0, 0, 0, 0, 0);
+    HStack row({}, 0);
     const FixedSizer* const one = AddFixed(row, 0, First);
     const FixedSizer* const two = AddFixed(row, 0, Second);
     row.Measure();
@@ -76,13 +76,13 @@ TEST(StackMeasure, MeasuresEachChildOnce) {
 }
 
 TEST(StackMeasure, ASpacerTakesPartFromTheOrigin) {
-    HStack row(1, 2, 4, 8, 0);
+    HStack row({1, 2, 4, 8}, 0);
     row.AddSpacer(1, 25);
     AddFixed(row, 0, First);
     row.Measure();
     EXPECT_EQ(row.MinimumRect, (RECT{-1, -2, 25 + 10 + 4, 5 + 8}));
 
-    VStack column(1, 2, 4, 8, 0);
+    VStack column({1, 2, 4, 8}, 0);
     column.AddSpacer(1, 25);
     AddFixed(column, 0, First);
     column.Measure();
@@ -90,13 +90,13 @@ TEST(StackMeasure, ASpacerTakesPartFromTheOrigin) {
 }
 
 TEST(Spacer, IsEmptyAcross) {
-    HStack row(0, 0, 0, 0, 0);
+    HStack row({}, 0);
     const Sizer* const horizontal = row.AddSpacer(0, 25);
     EXPECT_EQ(horizontal->MinimumRect, (RECT{0, 0, 25, 0}));
     EXPECT_EQ(horizontal->CurrentRect, (RECT{0, 0, 25, 0}));
     EXPECT_NE(dynamic_cast<const WinLib::Layout::HSpacer*>(horizontal), nullptr);
 
-    VStack column(0, 0, 0, 0, 0);
+    VStack column({}, 0);
     const Sizer* const vertical = column.AddSpacer(0, 25);
     EXPECT_EQ(vertical->MinimumRect, (RECT{0, 0, 0, 25}));
     EXPECT_EQ(vertical->CurrentRect, (RECT{0, 0, 0, 25}));
@@ -104,10 +104,10 @@ TEST(Spacer, IsEmptyAcross) {
 }
 
 TEST(Stack, BuildersAppendTheChildWithItsStretch) {
-    HStack stack(0, 0, 0, 0, 0);
+    HStack stack({}, 0);
     const Sizer* const children[] = {
-        stack.AddHStack(1, 0, 0, 0, 0, 0),
-        stack.AddVStack(2, 0, 0, 0, 0, 0),
+        stack.AddHStack(1, {}, 0),
+        stack.AddVStack(2, {}, 0),
         stack.AddOverlapped(4),
         stack.AddWindow(8, nullptr, WinLib::Layout::Alignment::Fill, WinLib::Layout::Alignment::Fill),
         stack.AddSpacer(16, 0),
@@ -120,16 +120,16 @@ TEST(Stack, BuildersAppendTheChildWithItsStretch) {
 }
 
 TEST(Stack, ANestedRowHasNoTopAndBottomMargins) {
-    VStack outer(0, 0, 0, 0, 0);
-    const HStack* const row = outer.AddHStack(0, 1, 2, 4, 8, 16);
+    VStack outer({}, 0);
+    const HStack* const row = outer.AddHStack(0, {1, 2, 4, 8}, 16);
     EXPECT_EQ(row->Margins, (RECT{1, 0, 4, 0}));
     EXPECT_EQ(row->HorizontalGap, 16);
     EXPECT_EQ(row->MinimumRect, (RECT{0, 0, 5, 0}));
 }
 
 TEST(Stack, ANestedColumnHasNoBottomMargin) {
-    HStack outer(0, 0, 0, 0, 0);
-    const VStack* const column = outer.AddVStack(0, 1, 2, 4, 8, 16);
+    HStack outer({}, 0);
+    const VStack* const column = outer.AddVStack(0, {1, 2, 4, 8}, 16);
     EXPECT_EQ(column->Margins, (RECT{1, 2, 4, 0}));
     EXPECT_EQ(column->VerticalGap, 16);
     EXPECT_EQ(column->MinimumRect, (RECT{0, 0, 5, 2}));
@@ -137,10 +137,10 @@ TEST(Stack, ANestedColumnHasNoBottomMargin) {
 
 TEST(Stack, StacksOfAnOverlappedHaveAllMargins) {
     Overlapped root;
-    const HStack* const row = root.AddHStack(1, 2, 4, 8, 16);
+    const HStack* const row = root.AddHStack({1, 2, 4, 8}, 16);
     EXPECT_EQ(row->Margins, (RECT{1, 2, 4, 8}));
     EXPECT_EQ(row->HorizontalGap, 16);
-    const VStack* const column = root.AddVStack(1, 2, 4, 8, 16);
+    const VStack* const column = root.AddVStack({1, 2, 4, 8}, 16);
     EXPECT_EQ(column->Margins, (RECT{1, 2, 4, 8}));
     EXPECT_EQ(column->VerticalGap, 16);
 }

@@ -1,9 +1,10 @@
-#include "listmaker/Launch.h"
+#include "winlib/Launch.h"
 
-#include "settings/Preset.h"
 #include "winlib/Windows.h"
 
 #include <shellapi.h>
+
+namespace WinLib {
 
 std::wstring QuotePath(const std::wstring& text) {
     return L'"' + text + L'"';
@@ -20,15 +21,4 @@ bool Launch(const std::wstring& program, const std::wstring& arguments, const st
     return ShellExecuteExW(&info) != FALSE;
 }
 
-void OpenList(const Preset& preset, const std::wstring& outputPath) {
-    switch (preset.Get(Opening::OpenMethod)) {
-        case OpenMethod::Default:
-            Launch(QuotePath(outputPath), L"", L"");
-            break;
-        case OpenMethod::Nothing:
-            break;
-        case OpenMethod::Custom:
-            Launch(QuotePath(preset.Get(Opening::CustomProgramPath)), QuotePath(outputPath), L"");
-            break;
-    }
-}
+}  // namespace WinLib
