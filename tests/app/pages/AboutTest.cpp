@@ -241,15 +241,4 @@ TEST_F(AboutTest, RowsStandBelowEachOther) {
     });
 }
 
-TEST_F(AboutTest, UnknownCommandsAreNotHandled) {
-    AboutController controller;
-    EXPECT_FALSE(controller.OnControlCommand(IDC_ABOUT_TITLE, host.Handle, BN_CLICKED));
-    EXPECT_FALSE(controller.OnMenuCommand(IDC_ABOUT_CLOSE));
-    EXPECT_FALSE(controller.OnAccelerator(IDOK));
-    LRESULT result = 0;
-    EXPECT_FALSE(controller.OnMessage(WM_SYSCOLORCHANGE, 0, 0, result));
-    NMHDR header = {};
-    EXPECT_FALSE(controller.HandleNotify(header, result));
-}
-
 }  // namespace

@@ -247,16 +247,4 @@ TEST_F(OptionsTest, LayoutPutsTheContextMenuFirst) {
     });
 }
 
-TEST_F(OptionsTest, UnknownCommandsAreNotHandled) {
-    OptionsController controller(&settings);
-    for (const WORD id : {WORD{IDC_OPTIONS_APPDATA}, WORD{4711}})
-        EXPECT_FALSE(controller.OnControlCommand(id, host.Handle, BN_CLICKED)) << id;
-    EXPECT_FALSE(controller.OnMenuCommand(IDC_OPTIONS_CLOSE));
-    EXPECT_FALSE(controller.OnAccelerator(IDOK));
-    LRESULT result = 0;
-    EXPECT_FALSE(controller.OnMessage(WM_SYSCOLORCHANGE, 0, 0, result));
-    NMHDR header = {};
-    EXPECT_FALSE(controller.HandleNotify(header, result));
-}
-
 }  // namespace
