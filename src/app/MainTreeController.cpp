@@ -1,9 +1,6 @@
 #include "app/MainTreeController.h"
 
-#include "app/Commands.h"
 #include "app/Menus.h"
-#include "resources/resource.h"
-#include "winlib/Application.h"
 #include "winlib/WindowStyle.h"
 
 namespace {

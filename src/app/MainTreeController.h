@@ -44,20 +44,20 @@ public:
     // appended the seven ids, the preset's own first.
     void AddItems(HTREEITEM& itemOut, const std::wstring& name, std::vector<uint32_t>& idsOut);
 
-    // What the item stands for; 0 and nothing for a null item and one that was taken out.
+    // Return the id and the kind of an item; 0 and nothing for a null item and one that was taken out.
     uint32_t ItemId(HTREEITEM item) const;
     std::optional<ItemKind> ItemKindOf(HTREEITEM item) const;
 
-    // Forgets what the item stands for and returns it. The item stays in the tree; a drag of it ends.
+    // Removes the item from the map and returns its entry. The item stays in the tree; a drag of it ends.
     std::optional<ItemInfo> TakeItem(HTREEITEM item);
 
     // Takes an item with its children and removes them from the tree. Returns their ids in tree order.
     std::vector<uint32_t> RemoveItems(HTREEITEM item);
 
-    // The preset item that this item is or lies below; null if there is none.
+    // Returns the item itself if it is that of a preset, its parent if it is that of a page; otherwise null.
     HTREEITEM PresetItemOf(HTREEITEM item) const;
 
-    // Items or null: the selected one, the topmost preset.
+    // Return the selected item and the topmost preset, or null.
     HTREEITEM SelectedItem() const;
     HTREEITEM FirstItem() const;
 
@@ -82,8 +82,10 @@ private:
     HTREEITEM InsertItem(HTREEITEM parent, const wchar_t* text, ItemKind kind, std::vector<uint32_t>& idsOut);
     void RunContextCommand(UINT bits, HTREEITEM selected);
 
-    // The preset that lies under the mouse, or null.
+    // Returns the preset item under the mouse, or null.
     HTREEITEM DropTarget(int x, int y) const;
+
+    // Moves a preset below another and reports the new order. Does nothing without a target or with itself.
     void Drop(HTREEITEM dragged, HTREEITEM target);
 
     std::map<uint32_t, ItemInfo> Items;

@@ -108,7 +108,7 @@ void PageStack::Show(uint32_t id) {
     const PropertyController* page = PageOf(id);
     if (page == nullptr || page->Handle == CurrentPage)
         return;
-    // The new page first, or the empty background would flash up between the two.
+    // The new page first, or the empty background would flash up in between.
     ShowWindow(page->Handle, SW_SHOW);
     UpdateWindow(page->Handle);
     if (CurrentPage != nullptr)

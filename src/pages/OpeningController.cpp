@@ -9,7 +9,6 @@
 #include <optional>
 #include <string>
 
-using WinLib::Layout::Alignment;
 using WinLib::Layout::VStack;
 
 namespace {

@@ -126,7 +126,7 @@ TVHITTESTINFO Tree::HitTest(int x, int y) const {
 RECT Tree::LabelRect(HTREEITEM item) const {
     RECT label = {};
     // TVM_GETITEMRECT expects the item's handle in the first bytes of the rectangle.
-    std::memcpy(&label, &item, sizeof(item));
+    std::memcpy(&label, &item, sizeof(HTREEITEM));
     SendMessageW(window_, TVM_GETITEMRECT, TRUE, Packed(&label));
     return label;
 }

@@ -71,7 +71,7 @@ TEST_F(PageStackTest, PagesComeInTheOrderOfTheItems) {
     const std::vector<int> groups = {IDC_FORMAT_GROUP,  IDC_DISPLAY_GROUP, IDC_FILTER_GROUP,
                                      IDC_COLUMNS_GROUP, IDC_SORTING_GROUP, IDC_SAVING_GROUP,
                                      IDC_OPENING_GROUP};
-    for (size_t i = 0; i < ids.size(); i++)
+    for (size_t i = 0; i < ids.size(); ++i)
         EXPECT_NE(GetDlgItem(stack.PageOf(ids[i])->Handle, groups[i]), nullptr) << i;
 }
 
