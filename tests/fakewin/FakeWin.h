@@ -237,7 +237,7 @@ std::vector<ShellExecution> ShellExecutions();
 // Runs inside each successful ShellExecuteExW, on its thread: in the place of the started program.
 void OnShellExecute(std::function<void(const ShellExecution&)> program);
 
-// The exit code of the programs started from now on; at first 0.
+// The exit code of the programs started from now on; at first 0. A program ends while it is waited for.
 void SetProcessExitCode(DWORD code);
 
 // Process handles that were given out and not closed; how often one was waited for, and with what limit.

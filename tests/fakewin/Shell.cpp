@@ -13,6 +13,7 @@ namespace {
 
 struct Process {
     DWORD exitCode;
+    bool ended = false;  // has been waited for
 };
 
 struct State {
@@ -149,8 +150,11 @@ DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds) {
     DWORD error = Enter(Call::WaitForSingleObject);
     const std::lock_guard lock(mutex);
     Shell().waits.push_back(milliseconds);
-    if (error == 0 && FindProcess(handle) == nullptr)
+    Process* const process = FindProcess(handle);
+    if (error == 0 && process == nullptr)
         error = ERROR_INVALID_HANDLE;
+    if (error == 0)
+        process->ended = true;
     return Succeeded(error) ? WAIT_OBJECT_0 : WAIT_FAILED;
 }
 
@@ -161,7 +165,7 @@ BOOL GetExitCodeProcess(HANDLE handle, LPDWORD exitCode) {
     if (error == 0 && process == nullptr)
         error = ERROR_INVALID_HANDLE;
     if (error == 0)
-        *exitCode = process->exitCode;
+        *exitCode = process->ended ? process->exitCode : STILL_ACTIVE;
     return Succeeded(error);
 }
 

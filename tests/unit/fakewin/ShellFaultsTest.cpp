@@ -51,8 +51,10 @@ TEST(FakeShell, AProcessCanBeWaitedForAndClosed) {
     SHELLEXECUTEINFOW info = Info(SEE_MASK_NOCLOSEPROCESS);
     ASSERT_TRUE(ShellExecuteExW(&info));
     EXPECT_EQ(FakeWin::OpenProcesses(), 1);
-    EXPECT_EQ(WaitForSingleObject(info.hProcess, INFINITE), static_cast<DWORD>(WAIT_OBJECT_0));
     DWORD code = 0;
+    EXPECT_TRUE(GetExitCodeProcess(info.hProcess, &code));
+    EXPECT_EQ(code, static_cast<DWORD>(STILL_ACTIVE));
+    EXPECT_EQ(WaitForSingleObject(info.hProcess, INFINITE), static_cast<DWORD>(WAIT_OBJECT_0));
     EXPECT_TRUE(GetExitCodeProcess(info.hProcess, &code));
     EXPECT_EQ(code, 3u);
     EXPECT_TRUE(CloseHandle(info.hProcess));
