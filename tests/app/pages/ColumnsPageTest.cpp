@@ -233,9 +233,15 @@ TEST_F(ColumnsPageTest, ButtonThatGoesGrayHandsTheFocusToTheOther) {
 
 TEST_F(ColumnsPageTest, ButtonsThatBothGoGrayHandTheFocusToTheTree) {
     Open();
-    for (const int button : {IDC_COLUMNS_UP, IDC_COLUMNS_DOWN}) {
-        tree.Select(Child(Folders(), 1));
-        open->Focus(button);
+    struct Row {
+        int button, selected;
+    };
+    // At either end the other button is gray already.
+    const Row rows[] = {
+        {IDC_COLUMNS_UP, 1}, {IDC_COLUMNS_UP, 11}, {IDC_COLUMNS_DOWN, 1}, {IDC_COLUMNS_DOWN, 0}};
+    for (const Row& row : rows) {
+        tree.Select(Child(Folders(), row.selected));
+        open->Focus(row.button);
         tree.Select(Folders());
         EXPECT_FALSE(CanMoveUp());
         EXPECT_FALSE(CanMoveDown());

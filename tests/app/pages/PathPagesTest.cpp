@@ -8,6 +8,7 @@
 #include <cderr.h>
 #include <commdlg.h>
 #include <dlgs.h>
+#include <shlobj.h>
 
 #include <string>
 
@@ -178,6 +179,26 @@ TEST(SavingPage, BrowsingBeginsAtTheFolderAndStoresTheChoice) {
     EXPECT_NE(accept.Seen()[0].text.find(L"Specify a save folder"), std::wstring::npos);
     EXPECT_EQ(open.Text(IDC_SAVING_PATH), folder);
     EXPECT_EQ(registry.Get(PresetKey + L"\\Saving", L"CustomFolderPath"), StringValue(folder));
+}
+
+bool selectsAFolder = false;
+
+ITEMIDLIST* WINAPI CancelBrowsing(BROWSEINFOW* browse) {
+    selectsAFolder = browse->lpfn != nullptr;
+    return nullptr;
+}
+
+TEST(SavingPage, BrowsingSelectsNothingWithoutAFolder) {
+    const TestRegistry registry;
+    const OpenPage open(Kind::Saving);
+    const Ui::ReplacedImport recorded("SHBrowseForFolderW", CancelBrowsing);
+    open.Click(IDC_SAVING_CUSTOM);
+    SetWindowTextW(open.Control(IDC_SAVING_PATH), L"C:\\Lists");
+    open.Click(IDC_SAVING_BROWSE);
+    EXPECT_TRUE(selectsAFolder);
+    SetWindowTextW(open.Control(IDC_SAVING_PATH), L"");
+    open.Click(IDC_SAVING_BROWSE);
+    EXPECT_FALSE(selectsAFolder);
 }
 
 TEST(OpeningPage, ChosenProgramIsStored) {
