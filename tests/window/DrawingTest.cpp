@@ -135,6 +135,18 @@ TEST(LayoutDrawing, AFrameThatGrowsLosesItsOldLines) {
     ExpectNoTraces(host.Handle);
 }
 
+// A parent that does not draw below its children leaves them out of its own redrawing, too.
+TEST(LayoutDrawing, AFrameThatMovesOverATextShowsIt) {
+    const HostWindow host;
+    SetWindowLongPtrW(host.Handle, GWL_STYLE, GetWindowLongPtrW(host.Handle, GWL_STYLE) | WS_CLIPCHILDREN);
+    const HWND frame = host.Add(L"Button", L"Frame", BS_GROUPBOX, {20, 20, 120, 90});
+    host.Add(L"Static", L"Text", 0, {125, 40, 160, 60});
+    WinLib::Layout::Window sizer(frame, Alignment::Fill, Alignment::Fill);
+    DrawWhatIsLeft(host.Handle);
+    sizer.Arrange({80, 20, 180, 90});
+    ExpectNoTraces(host.Handle);
+}
+
 TEST(ProgressDrawing, SizingLeavesNothingBehind) {
     HostWindow host;
     ProgressController progress(L"Title");
