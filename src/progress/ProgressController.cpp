@@ -21,8 +21,8 @@ void ProgressController::Report(const std::wstring& status, const std::wstring& 
 }
 
 HWND ProgressController::WaitForWindow() const {
-    std::unique_lock lock(creatingMutex_);
-    creationEnded_.wait(lock, [this] { return !creating_; });
+    while (creating_.load())
+        Sleep(25);
     return Window();
 }
 
@@ -33,11 +33,7 @@ void ProgressController::End() {
 }
 
 void ProgressController::EndCreation() {
-    {
-        const std::lock_guard lock(creatingMutex_);
-        creating_ = false;
-    }
-    creationEnded_.notify_all();
+    creating_.store(false);
 }
 
 bool ProgressController::OnControlCommand(WORD id, HWND control, WORD code) {

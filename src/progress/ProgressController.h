@@ -4,8 +4,6 @@
 #pragma once
 
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
 #include <string>
 
 #include "winlib/Controller.h"
@@ -31,7 +29,8 @@ public:
     // The dialog's window, or null before it is complete.
     HWND Window() const { return window_.load(); }
 
-    // The same, but waits for a window that is still being created. Null if its creation has failed.
+    // The same, but waits for a window that is still being created, asking every 25 milliseconds. Null if its
+    // creation has failed.
     HWND WaitForWindow() const;
 
     // Ends the dialog with 1, at once or as soon as it has been created.
@@ -74,9 +73,6 @@ private:
     std::atomic<HWND> window_ = nullptr;
     std::atomic<bool> ended_ = false;
 
-    // Until window_ is set, or the dialog has ended without it. A condition variable and not std::atomic's
-    // wait, which can miss its notification where the system has no futex.
-    bool creating_ = true;
-    mutable std::mutex creatingMutex_;
-    mutable std::condition_variable creationEnded_;
+    // Until window_ is set, or the dialog has ended without it.
+    std::atomic<bool> creating_ = true;
 };

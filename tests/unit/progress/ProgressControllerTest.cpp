@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <thread>
-
 #include "DrivenProgress.h"
 #include "Worker.h"
 #include "resources/resource.h"
@@ -69,33 +66,6 @@ TEST(ProgressController, WaitsInVainForAWindowThatIsNotCreated) {
     DrivenProgress dialog(L"Tamblewick");
     const Worker worker([&] { EXPECT_EQ(dialog.WaitForWindow(), nullptr); });
     dialog.EndCreation();
-}
-
-// The wait begins at about the moment at which it is ended. A wait that misses its end lasts for ever.
-TEST(ProgressController, EndsAWaitThatBeginsInTheSameMoment) {
-    constexpr int Rounds = 5000;
-    std::atomic<const ProgressController*> next = nullptr;
-    std::atomic<int> ended = 0;
-    const Worker worker([&] {
-        for (int round = 0; round < Rounds; ++round) {
-            const ProgressController* dialog = nullptr;
-            while ((dialog = next.exchange(nullptr)) == nullptr)
-                std::this_thread::yield();
-            EXPECT_EQ(dialog->WaitForWindow(), nullptr);
-            ++ended;
-        }
-    });
-    for (int round = 0; round < Rounds; ++round) {
-        ProgressController dialog(L"Tamblewick");
-        next = &dialog;
-        while (next.load() != nullptr)
-            std::this_thread::yield();
-        for (std::atomic<int> delay = round * 7 % 6000; delay > 0; --delay) {
-        }
-        dialog.EndCreation();
-        while (ended == round)
-            std::this_thread::yield();
-    }
 }
 
 TEST(ProgressController, FindsItsControls) {
