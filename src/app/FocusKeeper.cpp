@@ -31,15 +31,17 @@ void FocusKeeper::Return() {
     WinLib::MoveFocus(createListButton_);
 }
 
-void FocusKeeper::Activated(WORD state) const {
-    if (state != WA_INACTIVE)
-        PostMessageW(dialog_, RestoredMessage, 0, 0);
+void FocusKeeper::Activated(WORD state) {
+    if (state == WA_INACTIVE)
+        kept_ = GetFocus();
+    else
+        Restore();
 }
 
-void FocusKeeper::Restored() {
-    const HWND focus = GetFocus();
-    const bool takesKeys = IsChild(dialog_, focus) && IsWindowVisible(focus) && IsWindowEnabled(focus);
-    if (GetActiveWindow() == dialog_ && !takesKeys)
+void FocusKeeper::Restore() {
+    if (IsChild(dialog_, kept_) && IsWindowVisible(kept_) && IsWindowEnabled(kept_))
+        SetFocus(kept_);
+    else
         WinLib::MoveFocus(tree_);
     Return();
 }

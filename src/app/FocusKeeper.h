@@ -7,9 +7,6 @@
 
 class FocusKeeper {
 public:
-    // Posted to the dialog. Restored handles it.
-    static constexpr UINT RestoredMessage = WM_APP + 1;
-
     // The three windows must exist until the dialog is destroyed.
     void Attach(HWND dialog, HWND tree, HWND createListButton);
 
@@ -27,17 +24,21 @@ public:
     void Forget() { lent_ = false; }
 
     // Gives the focus back to the button if it is enabled and the tree still has it. Does nothing while the
-    // window is not active, which it must not become by itself; Restored then does it.
+    // window is not active, which it must not become by itself; Restore then calls this again.
     void Return();
 
-    // WM_ACTIVATE: the platform keeps the focus of an inactive dialog and restores it after this message,
-    // even to a window that was hidden or disabled meanwhile. So the result is checked later, by Restored.
-    void Activated(WORD state) const;
-    void Restored();
+    // WM_ACTIVATE: keeps and restores the focus in place of the platform, which would restore it to a control
+    // that was hidden or disabled meanwhile. Leave nothing to the platform.
+    void Activated(WORD state);
+
+    // WM_SETFOCUS of the dialog: moves the focus to the control that had it before the window became inactive
+    // or minimised, or to the tree if that control cannot take it any more.
+    void Restore();
 
 private:
     HWND dialog_ = nullptr;
     HWND tree_ = nullptr;
     HWND createListButton_ = nullptr;
+    HWND kept_ = nullptr;  // had the focus when the window became inactive
     bool lent_ = false;
 };

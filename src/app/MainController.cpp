@@ -137,9 +137,9 @@ bool MainController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESU
             return true;
         case WM_ACTIVATE:
             focus_.Activated(LOWORD(wParam));
-            return false;
-        case FocusKeeper::RestoredMessage:
-            focus_.Restored();
+            return true;
+        case WM_SETFOCUS:
+            focus_.Restore();
             return true;
         default:
             return WinLib::Dialog::Controller::OnMessage(message, wParam, lParam, result);

@@ -78,23 +78,23 @@ TEST_F(FocusKeeperTest, AChoiceOfTheUserKeepsTheFocus) {
     EXPECT_EQ(GetFocus(), other);
 }
 
-TEST_F(FocusKeeperTest, OnlyAnActivationIsFollowedByTheCheck) {
-    MSG message;
+TEST_F(FocusKeeperTest, AnActivationRestoresWhatADeactivationFound) {
+    SetFocus(other);
     keeper.Activated(WA_INACTIVE);
-    EXPECT_FALSE(PeekMessageW(&message, dialog.Handle, FocusKeeper::RestoredMessage,
-                              FocusKeeper::RestoredMessage, PM_REMOVE));
+    SetFocus(button);
     keeper.Activated(WA_ACTIVE);
-    EXPECT_TRUE(PeekMessageW(&message, dialog.Handle, FocusKeeper::RestoredMessage,
-                             FocusKeeper::RestoredMessage, PM_REMOVE));
+    EXPECT_EQ(GetFocus(), other);
 }
 
-TEST_F(FocusKeeperTest, AWindowWithoutTheFocusGetsItOnTheTree) {
+TEST_F(FocusKeeperTest, WhatCannotTakeKeysGivesTheFocusToTheTree) {
     SetFocus(other);
-    keeper.Restored();
-    EXPECT_EQ(GetFocus(), other);
-    SetFocus(nullptr);
-    keeper.Restored();
+    keeper.Activated(WA_INACTIVE);
+    EnableWindow(other, FALSE);
+    keeper.Restore();
     EXPECT_EQ(GetFocus(), tree);
+    EnableWindow(other, TRUE);
+    keeper.Restore();
+    EXPECT_EQ(GetFocus(), other);
 }
 
 }  // namespace

@@ -120,6 +120,25 @@ TEST_F(FocusTest, TheActivatedWindowHasItWhereItWas) {
     EXPECT_EQ(GetFocus(), fieldOfA);
 }
 
+// A minimised window is inactive; the platform restores the focus to the window alone.
+TEST_F(FocusTest, AWindowThatWasMinimizedHasItWhereItWas) {
+    OpenInFieldOfA();
+    const OtherWindow other(window);
+    ShowWindow(window, SW_MINIMIZE);
+    RunLoop();
+    ShowWindow(window, SW_RESTORE);
+    RunLoop();
+    EXPECT_EQ(GetFocus(), fieldOfA);
+}
+
+// The dialog window itself takes no keys.
+TEST_F(FocusTest, TheWindowHandsItToTheTree) {
+    Store({L"A"});
+    Open();
+    SetFocus(window);
+    EXPECT_EQ(GetFocus(), tree.Window());
+}
+
 TEST_F(FocusTest, TheActivatedWindowHasItOnTheTreeInsteadOfAHiddenPage) {
     OpenInFieldOfA();
     {
@@ -127,6 +146,19 @@ TEST_F(FocusTest, TheActivatedWindowHasItOnTheTreeInsteadOfAHiddenPage) {
         tree.Select(tree.Item(L"B"));
     }
     ExpectTreeTakesKeys();
+}
+
+TEST_F(FocusTest, TheActivatedWindowHasItOnTheTreeInsteadOfADisabledButton) {
+    Store({L"A"});
+    Open();
+    SetFocus(Control(IDC_MAIN_CREATE_LIST));
+    {
+        const OtherWindow other(window);
+        Command(IDM_REMOVE);
+        EXPECT_FALSE(CanCreateList());
+    }
+    RunLoop();
+    EXPECT_EQ(GetFocus(), tree.Window());
 }
 
 }  // namespace
