@@ -177,6 +177,7 @@ struct ShownError {
     bool onDialog = false;
     bool dialogTakesClicks = true;
     bool boxIsActive = false;
+    bool buttonHasFocus = false;
 };
 
 // Waits until the dialog is there as well, which must not take the keyboard from the box.
@@ -190,6 +191,10 @@ ShownError LookAt(HWND box) {
     for (const HWND window : {dialog, box})
         SendMessageW(window, WM_NULL, 0, 0);
     shown.boxIsActive = GetForegroundWindow() == box;
+    GUITHREADINFO thread = {};
+    thread.cbSize = sizeof(thread);
+    GetGUIThreadInfo(GetWindowThreadProcessId(box, nullptr), &thread);
+    shown.buttonHasFocus = thread.hwndFocus == GetDlgItem(box, IDOK);
     return shown;
 }
 
@@ -213,6 +218,7 @@ TEST_F(ListMakerWithUIWindow, ShowsAnErrorThatComesBeforeTheDialogOnTheDialog) {
         EXPECT_TRUE(shown.onDialog);
         EXPECT_FALSE(shown.dialogTakesClicks);
         EXPECT_TRUE(shown.boxIsActive);
+        EXPECT_TRUE(shown.buttonHasFocus);
     }
 }
 
