@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Runs the Windows tests under Wine 10, which comes from a Debian 13 below build/wine10/root. That is made with
 # debootstrap the first time, from the mirror that this machine's apt uses, and kept. The programs are built here;
-# the repository appears in the root under its own path. Needs root. Takes a quarter of an hour with the races.
+# the repository appears in the root under its own path. Needs root. Takes some ten minutes.
 #
-#   scripts/wine10.sh [CTEST ARGUMENT...]      for example -R '^app_'
+#   scripts/wine10.sh [CTEST ARGUMENT...]
+#
+# Without arguments it runs what test.sh runs; -R 'races$' runs the races.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
@@ -25,10 +27,11 @@ make_root() {
     mkdir -p "$root"
     quietly build/logs/debootstrap.log debootstrap --variant=minbase trixie "$root" "$uri"
     quietly build/logs/wine10-apt.log chroot "$root" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y --no-install-recommends cmake xdotool imagemagick "${winePackages[@]}"
+        apt-get install -y --no-install-recommends cmake "${winePackages[@]}" "${displayPackages[@]}"
     touch "$root/.complete"
 }
 
+[ $# -gt 0 ] || set -- -E 'races$'
 [ "$(id -u)" = 0 ] || fail "Run this as root: it makes a Debian and changes into it."
 install_packages debootstrap
 [ -f "$root/.complete" ] || make_root
