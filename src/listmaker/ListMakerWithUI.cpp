@@ -12,14 +12,14 @@ namespace {
 
 constexpr wchar_t Caption[] = L"Tamblewick";
 
-// Holds the dialog for the length of a scope, if it is available.
-class Taken {
+// Owns the dialog for a scope. Empty if another thread owns it or it is deleted.
+class DialogLock {
 public:
-    explicit Taken(std::atomic<ProgressController*>& place)
+    explicit DialogLock(std::atomic<ProgressController*>& place)
         : place_(place), dialog_(place.exchange(nullptr)) {}
-    Taken(const Taken&) = delete;
-    Taken& operator=(const Taken&) = delete;
-    ~Taken() {
+    DialogLock(const DialogLock&) = delete;
+    DialogLock& operator=(const DialogLock&) = delete;
+    ~DialogLock() {
         if (dialog_ != nullptr)
             place_.store(dialog_);
     }
@@ -32,15 +32,15 @@ private:
     ProgressController* const dialog_;
 };
 
-// Deletes the dialog's object with the end of a scope, as soon as the worker has given it back.
-class DeletedAtEnd {
+// Deletes the dialog's object at the end of a scope, after the worker has released it.
+class DialogDeleter {
 public:
-    DeletedAtEnd(std::atomic<ProgressController*>& place, ProgressController& dialog)
+    DialogDeleter(std::atomic<ProgressController*>& place, ProgressController& dialog)
         : place_(place), dialog_(dialog) {}
-    DeletedAtEnd(const DeletedAtEnd&) = delete;
-    DeletedAtEnd& operator=(const DeletedAtEnd&) = delete;
-    ~DeletedAtEnd() {
-        // The worker may hold the dialog and wait for a window that could not be created.
+    DialogDeleter(const DialogDeleter&) = delete;
+    DialogDeleter& operator=(const DialogDeleter&) = delete;
+    ~DialogDeleter() {
+        // The worker may own the dialog and wait for a window that could not be created.
         dialog_.EndCreation();
         std::unique_ptr<ProgressController> dialog;
         WinLib::WaitServingSentMessages([&] {
@@ -57,15 +57,15 @@ private:
     ProgressController& dialog_;
 };
 
-// Enables the owner again with the end of a scope, if it was enabled at its beginning. EndDialog does so, but
-// the worker's may find the dialog gone before it has come to the owner.
-class EnabledAtEnd {
+// Enables the owner at the end of a scope if it was enabled at the beginning. EndDialog does so too, but when
+// the worker calls it, the dialog may be destroyed before it gets to that.
+class OwnerEnabler {
 public:
-    explicit EnabledAtEnd(HWND owner)
+    explicit OwnerEnabler(HWND owner)
         : owner_(owner), wasEnabled_(owner != nullptr && IsWindowEnabled(owner)) {}
-    EnabledAtEnd(const EnabledAtEnd&) = delete;
-    EnabledAtEnd& operator=(const EnabledAtEnd&) = delete;
-    ~EnabledAtEnd() {
+    OwnerEnabler(const OwnerEnabler&) = delete;
+    OwnerEnabler& operator=(const OwnerEnabler&) = delete;
+    ~OwnerEnabler() {
         if (wasEnabled_)
             EnableWindow(owner_, TRUE);
     }
@@ -92,11 +92,11 @@ ListMakerWithUI::~ListMakerWithUI() {
 }
 
 bool ListMakerWithUI::Start() {
-    // Read before the worker exists, which may hold the dialog at any moment from then on.
+    // Read before the worker exists, which may own the dialog at any moment from then on.
     ProgressController& dialog = *progress.load();
     ListMaker::Start();
-    const EnabledAtEnd use{owner};
-    const DeletedAtEnd life{progress, dialog};
+    const OwnerEnabler use{owner};
+    const DialogDeleter life{progress, dialog};
 
     const WinLib::Application* application = WinLib::Application::Current();
     HINSTANCE instance = application != nullptr ? application->Instance : nullptr;
@@ -104,7 +104,7 @@ bool ListMakerWithUI::Start() {
 }
 
 void ListMakerWithUI::OnProgress(const std::wstring& status, const std::wstring& detail) {
-    if (const Taken dialog{progress})
+    if (const DialogLock dialog{progress})
         dialog->Report(status, detail);
 }
 
@@ -115,24 +115,24 @@ void ListMakerWithUI::OnError(const std::wstring& message) {
 }
 
 bool ListMakerWithUI::ShowOnDialog(const std::wstring& message) {
-    const Taken dialog{progress};
+    const DialogLock dialog{progress};
     const HWND window = dialog ? dialog->WaitForWindow() : nullptr;
     if (window == nullptr)
         return false;
     const std::wstring title = WinLib::GetWindowText(window);
-    // Fails if "Background" has taken the window away meanwhile, with 0 or, at a later moment, with -1.
+    // Returns 0 or -1 if "Background" has destroyed the window meanwhile.
     return MessageBoxW(window, message.c_str(), title.c_str(), MB_ICONERROR) > 0;
 }
 
 bool ListMakerWithUI::IsCancelled() {
-    const Taken dialog{progress};
+    const DialogLock dialog{progress};
     return dialog && dialog->IsCancelled();
 }
 
 void ListMakerWithUI::Finish() {
-    // Marked first, so that nobody who sees the dialog close or the message come finds the job unfinished.
+    // Marked first: when the dialog closes or the message arrives, the job must be finished.
     ListMaker::Finish();
-    if (const Taken dialog{progress})
+    if (const DialogLock dialog{progress})
         dialog->End();
     PostEnd();
 }

@@ -34,13 +34,13 @@ private:
     // there is no dialog to show it on.
     bool ShowOnDialog(const std::wstring& message);
 
-    // Posts the end message, which tells the owner to collect the job.
+    // Posts the end message, on which the owner collects the job.
     void PostEnd();
 
     const HWND owner;
 
-    // The dialog's object and at the same time its lock: whoever exchanges it for null holds the dialog and
-    // stores it back afterwards. Who gets null goes on as if there were no dialog. Owned; null for good once
-    // Start has deleted it.
+    // The dialog's object, which is owned, and at the same time its lock: a thread that exchanges it for null
+    // owns the dialog until it stores it back. A thread that gets null continues as without a dialog. Remains
+    // null after Start has deleted the dialog.
     std::atomic<ProgressController*> progress;
 };

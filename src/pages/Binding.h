@@ -15,12 +15,12 @@ struct Binding {
     void (*store)(HWND control, Preset& preset);
 };
 
-inline bool IsTicked(HWND button) {
+inline bool IsChecked(HWND button) {
     return SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
 // Buttons start unchecked, so that only the checked state is set.
-inline void Tick(HWND button) {
+inline void Check(HWND button) {
     SendMessageW(button, BM_SETCHECK, BST_CHECKED, 0);
 }
 
@@ -30,9 +30,9 @@ constexpr Binding CheckBox(int id) {
     return {id, BN_CLICKED,
             [](HWND control, const Preset& preset) {
                 if (preset.Get(Field))
-                    Tick(control);
+                    Check(control);
             },
-            [](HWND control, Preset& preset) { preset.Get(Field) = IsTicked(control); }};
+            [](HWND control, Preset& preset) { preset.Get(Field) = IsChecked(control); }};
 }
 
 // A radio button for a value of an enumeration. A button with the values of the other buttons is checked for
@@ -43,7 +43,7 @@ constexpr Binding RadioButton(int id) {
             [](HWND control, const Preset& preset) {
                 const auto value = preset.Get(Field);
                 if (sizeof...(Others) == 0 ? value == Value : ((value != Others) && ...))
-                    Tick(control);
+                    Check(control);
             },
             [](HWND, Preset& preset) { preset.Get(Field) = Value; }};
 }

@@ -67,12 +67,12 @@ void FilterController::Refresh() {
     SendMessageW(Control(IDC_FILTER_TYPE), CB_SETCURSEL, static_cast<WPARAM>(filter), 0);
     for (const std::wstring& folder : preset.Get(Filter::ExcludedFolders))
         AppendFolder(folder);
-    ShowSelectedFilter();
+    ApplySelectedFilter();
 }
 
 // The edit control shows the pattern of the selected filter. Only that of the last one, the preset's own, can
 // be edited.
-void FilterController::ShowSelectedFilter() {
+void FilterController::ApplySelectedFilter() {
     Preset& preset = TargetPreset();
     const int filter = SelectedFilter();
     std::wstring pattern = SearchFilters[static_cast<size_t>(filter)].pattern;
@@ -91,7 +91,7 @@ int FilterController::SelectedFilter() const {
 bool FilterController::OnSelectionChanged(WORD id) {
     if (id != IDC_FILTER_TYPE)
         return false;
-    ShowSelectedFilter();
+    ApplySelectedFilter();
     return true;
 }
 

@@ -29,7 +29,7 @@ protected:
     bool OnTextChanged(WORD id) override;
 
 private:
-    void ShowSelectedFilter();
+    void ApplySelectedFilter();
     void AddFolder();
     void RemoveFolder();
     void EnableRemove(bool enable);

@@ -81,11 +81,11 @@ void LayoutController::Refresh() {
     SendMessageW(Control(IDC_DISPLAY_SIZE_STYLE), CB_SETCURSEL, style < SizeStyleLabels.size() ? style : 0,
                  0);
     if (!preset.Get(Display::ShowFlatStyle))
-        Tick(Control(IDC_DISPLAY_GROUPED));
+        Check(Control(IDC_DISPLAY_GROUPED));
     const auto indent = static_cast<LPARAM>(preset.Get(Display::IndentSize));
     SendMessageW(Control(IDC_DISPLAY_INDENT), TBM_SETPOS, TRUE, indent);
-    StoreIndent();
-    StoreGrouping();
+    ApplyIndent();
+    ApplyGrouping();
 }
 
 bool LayoutController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -100,14 +100,14 @@ bool LayoutController::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
 bool LayoutController::HandleHScroll(WORD, WORD, HWND control) {
     if (control != Control(IDC_DISPLAY_INDENT))
         return false;
-    StoreIndent();
+    ApplyIndent();
     return true;
 }
 
 bool LayoutController::OnClicked(WORD id) {
     if (id != IDC_DISPLAY_GROUPED)
         return false;
-    StoreGrouping();
+    ApplyGrouping();
     return true;
 }
 
@@ -122,15 +122,15 @@ bool LayoutController::OnSelectionChanged(WORD id) {
     return true;
 }
 
-void LayoutController::StoreGrouping() {
-    const bool grouped = IsTicked(Control(IDC_DISPLAY_GROUPED));
+void LayoutController::ApplyGrouping() {
+    const bool grouped = IsChecked(Control(IDC_DISPLAY_GROUPED));
     for (const int id : IndentControls)
         WinLib::EnableControl(Control(id), grouped, Control(IDC_DISPLAY_GROUPED));
     TargetPreset().Get(Display::ShowFlatStyle) = !grouped;
     TargetPreset().Save();
 }
 
-void LayoutController::StoreIndent() {
+void LayoutController::ApplyIndent() {
     const LRESULT position = SendMessageW(Control(IDC_DISPLAY_INDENT), TBM_GETPOS, 0, 0);
     SetWindowTextW(Control(IDC_DISPLAY_INDENT_VALUE), std::to_wstring(position).c_str());
     TargetPreset().Get(Display::IndentSize) = static_cast<uint32_t>(position);

@@ -18,6 +18,6 @@ protected:
     bool OnSelectionChanged(WORD id) override;
 
 private:
-    void StoreGrouping();
-    void StoreIndent();
+    void ApplyGrouping();
+    void ApplyIndent();
 };

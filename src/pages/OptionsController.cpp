@@ -29,9 +29,9 @@ bool OptionsController::HandleInitDialog(HWND, LPARAM, bool&) {
     BuildLayout();
     WinLib::PutLast(Handle, {IDC_OPTIONS_CONFIRM_EXIT, IDC_OPTIONS_CLOSE});
     if (Settings->Shell.IsRegistered())
-        Tick(ContextMenuCheck);
+        Check(ContextMenuCheck);
     if (Settings->Get(MainSettings::ConfirmExit))
-        Tick(ConfirmExitCheck);
+        Check(ConfirmExitCheck);
     return true;
 }
 
@@ -68,7 +68,7 @@ bool OptionsController::OnClicked(WORD id) {
 
 // The result is read from the registry: the elevation may have been refused, or the module may be missing.
 void OptionsController::SwitchContextMenu() {
-    const bool wanted = IsTicked(ContextMenuCheck);
+    const bool wanted = IsChecked(ContextMenuCheck);
     const bool before = Settings->Shell.IsRegistered();
     if (before && !wanted)
         Settings->Shell.Unregister();
@@ -83,6 +83,6 @@ void OptionsController::SwitchContextMenu() {
 }
 
 void OptionsController::StoreConfirmExit() {
-    Settings->Get(MainSettings::ConfirmExit) = IsTicked(ConfirmExitCheck);
+    Settings->Get(MainSettings::ConfirmExit) = IsChecked(ConfirmExitCheck);
     Settings->SaveMain();
 }

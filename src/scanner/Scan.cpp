@@ -1,8 +1,8 @@
 #include "scanner/Scan.h"
 
-#include "scanner/Completion.h"
 #include "scanner/FlatLists.h"
 #include "scanner/Path.h"
+#include "scanner/PostProcessStage.h"
 #include "scanner/Walk.h"
 #include "winlib/Windows.h"
 
@@ -42,7 +42,8 @@ bool ScanOrThrow(Result& result, const Options& options, const std::wstring& pat
 
     FlatLists lists;
     FlatLists* const flatLists = options.flatten ? &lists : nullptr;
-    return Walk(result, options, flatLists).Run(normalised) && CompleteTree(result.root, options, flatLists);
+    return Walk(result, options, flatLists).Run(normalised) &&
+           RunPostProcessStage(result.root, options, flatLists);
 }
 
 }  // namespace

@@ -89,7 +89,7 @@ void Walk::ReadFolder(const WorkItem& item) {
         OnRefused(item);
     }
 
-    if (IsCancelled(item.path)) {
+    if (ReportProgressAndCheckCancel(item.path)) {
         keepGoing_ = false;
         return;
     }
@@ -132,7 +132,7 @@ void Walk::OnRefused(const WorkItem& item) {
 }
 
 // Both at most once in an interval, since each may send a message to another thread.
-bool Walk::IsCancelled(const std::wstring& path) {
+bool Walk::ReportProgressAndCheckCancel(const std::wstring& path) {
     const DWORD now = GetTickCount();
     if (now - lastTick_ <= ProgressInterval)
         return false;

@@ -38,7 +38,7 @@ private:
     void ReadFolder(const WorkItem& item);
     void Fail(const wchar_t* message, const std::wstring& path);
     void OnRefused(const WorkItem& item);
-    bool IsCancelled(const std::wstring& path);
+    bool ReportProgressAndCheckCancel(const std::wstring& path);
     void TakeEntry(const WorkItem& item, const WIN32_FIND_DATAW& entry);
     void TakeFolder(const WorkItem& item, const WIN32_FIND_DATAW& entry);
     void TakeFile(const WorkItem& item, const WIN32_FIND_DATAW& entry);

@@ -158,10 +158,10 @@ constexpr std::array<Column, FileColumnCount> FileTable = {{
 // Returns the columns that the preset shows, in display order. The enabled flag belongs to the position; the
 // value at that position selects the column.
 template <typename Enumeration, size_t Count>
-std::vector<const Column*> Shown(const Preset& preset,
-                                 Field<Columns::Record, std::array<Enumeration, Count>> columns,
-                                 Field<Columns::Record, std::array<bool, Count>> enabled,
-                                 const std::array<Column, Count>& table) {
+std::vector<const Column*> SelectShown(const Preset& preset,
+                                       Field<Columns::Record, std::array<Enumeration, Count>> columns,
+                                       Field<Columns::Record, std::array<bool, Count>> enabled,
+                                       const std::array<Column, Count>& table) {
     std::vector<const Column*> shown;
     for (size_t i = 0; i < Count; ++i) {
         if (!preset.Get(enabled, i))
@@ -175,14 +175,14 @@ std::vector<const Column*> Shown(const Preset& preset,
 }
 
 std::vector<const Column*> ShownFolderColumns(const Preset& preset) {
-    return Shown(preset, Columns::FolderColumns, Columns::FolderEnabled, FolderTable);
+    return SelectShown(preset, Columns::FolderColumns, Columns::FolderEnabled, FolderTable);
 }
 
 std::vector<const Column*> ShownFileColumns(const Preset& preset) {
-    return Shown(preset, Columns::FileColumns, Columns::FileEnabled, FileTable);
+    return SelectShown(preset, Columns::FileColumns, Columns::FileEnabled, FileTable);
 }
 
-std::vector<ColumnWriter> Writers(const Preset& preset, const std::vector<const Column*>& columns) {
+std::vector<ColumnWriter> MakeWriters(const Preset& preset, const std::vector<const Column*>& columns) {
     const bool flat = preset.Get(Display::ShowFlatStyle);
     std::vector<ColumnWriter> writers;
     for (const Column* column : columns)
@@ -190,7 +190,7 @@ std::vector<ColumnWriter> Writers(const Preset& preset, const std::vector<const 
     return writers;
 }
 
-std::vector<const wchar_t*> Titles(const std::vector<const Column*>& columns) {
+std::vector<const wchar_t*> MakeTitles(const std::vector<const Column*>& columns) {
     std::vector<const wchar_t*> titles;
     for (const Column* column : columns)
         titles.push_back(column->title);
@@ -200,17 +200,17 @@ std::vector<const wchar_t*> Titles(const std::vector<const Column*>& columns) {
 }  // namespace
 
 std::vector<ColumnWriter> MakeFolderColumns(const Preset& preset) {
-    return Writers(preset, ShownFolderColumns(preset));
+    return MakeWriters(preset, ShownFolderColumns(preset));
 }
 
 std::vector<ColumnWriter> MakeFileColumns(const Preset& preset) {
-    return Writers(preset, ShownFileColumns(preset));
+    return MakeWriters(preset, ShownFileColumns(preset));
 }
 
 std::vector<const wchar_t*> FolderTitles(const Preset& preset) {
-    return Titles(ShownFolderColumns(preset));
+    return MakeTitles(ShownFolderColumns(preset));
 }
 
 std::vector<const wchar_t*> FileTitles(const Preset& preset) {
-    return Titles(ShownFileColumns(preset));
+    return MakeTitles(ShownFileColumns(preset));
 }

@@ -21,7 +21,7 @@ std::wstring HeadingRow(const std::vector<const wchar_t*>& titles) {
 }  // namespace
 
 HtmlWriter::HtmlWriter(const Preset& jobPreset, const wchar_t* outputPath)
-    : Writer(jobPreset, outputPath), preset(&jobPreset), indentStep(preset->Get(Display::IndentSize) << 4) {
+    : Writer(jobPreset, outputPath), indentStep(preset->Get(Display::IndentSize) << 4) {
     WriteHead();
     if (preset->Get(Columns::ShowHeaders)) {
         folderHeaderRow = HeadingRow(FolderTitles(*preset));

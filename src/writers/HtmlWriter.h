@@ -33,7 +33,6 @@ private:
     void WriteRow(const std::vector<ColumnWriter>& columns, const PathState& state,
                   const Scanner::Record& record);
 
-    const Preset* const preset;
     const uint64_t indentStep;  // in pixels
     uint64_t depth = 0;
 

@@ -23,7 +23,6 @@ std::wstring Heading(const std::vector<const wchar_t*>& titles) {
 
 TextWriter::TextWriter(const Preset& jobPreset, const wchar_t* outputPath)
     : Writer(jobPreset, outputPath),
-      preset(&jobPreset),
       indentUnit(preset->Get(Display::IndentSize), L'\t'),
       columnSeparator(L"\t") {
     if (preset->Get(Columns::ShowHeaders)) {

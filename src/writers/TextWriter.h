@@ -26,7 +26,6 @@ private:
     void WriteRow(const std::vector<ColumnWriter>& columns, const PathState& state,
                   const Scanner::Record& record);
 
-    const Preset* const preset;
     const std::wstring indentUnit;
     const std::wstring columnSeparator;
     std::wstring currentIndent;

@@ -5,13 +5,14 @@
 #include "settings/Preset.h"
 #include "writers/Encoding.h"
 
-Writer::Writer(const Preset& preset, const wchar_t* outputPath)
-    : sizeWriter(MakeSizeWriter(preset.Get(Display::SizeStyle))),
-      folderColumns(MakeFolderColumns(preset)),
-      fileColumns(MakeFileColumns(preset)),
-      stream(outputPath) {
+Writer::Writer(const Preset& jobPreset, const wchar_t* outputPath)
+    : sizeWriter(MakeSizeWriter(jobPreset.Get(Display::SizeStyle))),
+      folderColumns(MakeFolderColumns(jobPreset)),
+      fileColumns(MakeFileColumns(jobPreset)),
+      stream(outputPath),
+      preset(&jobPreset) {
     stream << std::fixed << std::showpoint << std::setprecision(1);
-    if (preset.Get(Format::EnableUtf8))
+    if (preset->Get(Format::EnableUtf8))
         stream << "\xEF\xBB\xBF";
 }
 

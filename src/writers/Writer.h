@@ -54,9 +54,12 @@ public:
     ListFile stream;
 
 protected:
-    // Selects the columns, opens the file and writes the byte-order mark if the preset says so. Throws
-    // std::exception, before it opens the file, on a column or style outside its enumeration.
-    Writer(const Preset& preset, const wchar_t* outputPath);
+    // Selects the columns, opens the file and writes the byte-order mark if the preset says so. The preset
+    // must outlive the writer. Throws std::exception, before it opens the file, on a column or style outside
+    // its enumeration.
+    Writer(const Preset& jobPreset, const wchar_t* outputPath);
+
+    const Preset* const preset;
 
 private:
     std::string encoded;  // the memory of EncodeText

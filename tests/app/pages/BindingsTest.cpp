@@ -56,7 +56,7 @@ const RadioRow RadioGroups[] = {
 struct TextRow {
     const PageKind& page;
     int id;
-    int button;  // to be ticked before the text can be typed
+    int button;  // to be checked before the text can be typed
     const wchar_t* section;
     const wchar_t* field;
 };
@@ -77,10 +77,10 @@ TEST(Bindings, CheckBoxShowsTheStoredValueAndStoresEachClick) {
             const TestRegistry registry;
             registry.SetDword(SectionKey(row.section), row.field, stored);
             const OpenPage open(row.page);
-            EXPECT_EQ(open.IsTicked(row.id), stored != row.inverted);
+            EXPECT_EQ(open.IsChecked(row.id), stored != row.inverted);
             for (const bool now : {!stored, stored}) {
                 open.Click(row.id);
-                EXPECT_EQ(open.IsTicked(row.id), now != row.inverted);
+                EXPECT_EQ(open.IsChecked(row.id), now != row.inverted);
                 EXPECT_EQ(registry.Get(SectionKey(row.section), row.field), DwordValue(now));
             }
         }
@@ -116,7 +116,7 @@ TEST(Bindings, SpaceTicksAsAClickDoes) {
     }
 }
 
-TEST(Bindings, RadioButtonOfTheStoredValueIsTicked) {
+TEST(Bindings, RadioButtonOfTheStoredValueIsChecked) {
     for (const RadioRow& row : RadioGroups) {
         for (const auto& [stored, value] : row.buttons) {
             SCOPED_TRACE(testing::Message() << row.page.name << " " << stored);
@@ -124,7 +124,7 @@ TEST(Bindings, RadioButtonOfTheStoredValueIsTicked) {
             registry.SetString(SectionKey(row.section), row.field, value);
             const OpenPage open(row.page);
             for (const auto& [id, ignored] : row.buttons)
-                EXPECT_EQ(open.IsTicked(id), id == stored) << id;
+                EXPECT_EQ(open.IsChecked(id), id == stored) << id;
         }
     }
 }
@@ -136,7 +136,7 @@ TEST(Bindings, UnknownWordTicksTheFirstRadioButton) {
         registry.SetString(SectionKey(row.section), row.field, L"Nonsense");
         const OpenPage open(row.page);
         for (const auto& [id, ignored] : row.buttons)
-            EXPECT_EQ(open.IsTicked(id), id == row.buttons.front().first) << id;
+            EXPECT_EQ(open.IsChecked(id), id == row.buttons.front().first) << id;
     }
 }
 
@@ -149,7 +149,7 @@ TEST(Bindings, ClickOnARadioButtonStoresItsValue) {
             SCOPED_TRACE(testing::Message() << row.page.name << " " << clicked);
             open.Click(clicked);
             for (const auto& [id, ignored] : row.buttons)
-                EXPECT_EQ(open.IsTicked(id), id == clicked) << id;
+                EXPECT_EQ(open.IsChecked(id), id == clicked) << id;
             EXPECT_EQ(registry.Get(SectionKey(row.section), row.field), StringValue(value));
         }
     }
@@ -162,7 +162,7 @@ TEST(Bindings, ArrowKeysWalkTheRadioButtons) {
         OpenPage open(row.page);
         open.Focus(row.buttons[0].first);
         Ui::TypeKeys(open.pump, {VK_DOWN});
-        EXPECT_TRUE(open.IsTicked(row.buttons[1].first));
+        EXPECT_TRUE(open.IsChecked(row.buttons[1].first));
         EXPECT_EQ(registry.Get(SectionKey(row.section), row.field), StringValue(row.buttons[1].second));
     }
 }

@@ -20,11 +20,11 @@ int Position(const OpenPage& open) {
     return static_cast<int>(SendMessageW(open.Control(IDC_DISPLAY_INDENT), TBM_GETPOS, 0, 0));
 }
 
-TEST(DisplayPage, FlatListShowsTheBoxUntickedAndTheIndentGray) {
+TEST(DisplayPage, FlatListShowsTheBoxUncheckedAndTheIndentGray) {
     const TestRegistry registry;
     registry.SetDword(Display, L"ShowFlatStyle", 1);
     const OpenPage open(Kind::Display);
-    EXPECT_FALSE(open.IsTicked(IDC_DISPLAY_GROUPED));
+    EXPECT_FALSE(open.IsChecked(IDC_DISPLAY_GROUPED));
     for (const int id : IndentControls)
         EXPECT_FALSE(open.IsEnabled(id)) << id;
 }

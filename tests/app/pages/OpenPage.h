@@ -42,7 +42,7 @@ public:
     ~OpenPage();
 
     HWND Control(int id) const { return GetDlgItem(window, id); }
-    bool IsTicked(int id) const { return SendMessageW(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
+    bool IsChecked(int id) const { return SendMessageW(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
     bool IsEnabled(int id) const { return IsWindowEnabled(Control(id)) != FALSE; }
     std::wstring Text(int id) const;
     void Click(int id) const { Ui::Click(Control(id)); }

@@ -74,7 +74,7 @@ protected:
         return WinLib::RunModal(controller, IDD_OPTIONS, host.Handle, host.Application.Instance);
     }
 
-    static bool IsTicked(HWND dialog, int id) {
+    static bool IsChecked(HWND dialog, int id) {
         return SendDlgItemMessageW(dialog, id, BM_GETCHECK, 0, 0) == BST_CHECKED;
     }
 
@@ -100,8 +100,8 @@ TEST_F(OptionsTest, BoxesShowSettingAndRegistration) {
         if (on)
             registration.Write();
         Run([on](HWND dialog) {
-            EXPECT_EQ(IsTicked(dialog, IDC_OPTIONS_CONFIRM_EXIT), on);
-            EXPECT_EQ(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU), on);
+            EXPECT_EQ(IsChecked(dialog, IDC_OPTIONS_CONFIRM_EXIT), on);
+            EXPECT_EQ(IsChecked(dialog, IDC_OPTIONS_CONTEXT_MENU), on);
             Close(dialog);
         });
     }
@@ -137,10 +137,10 @@ TEST_F(OptionsTest, BoxRegistersAndRemovesTheModule) {
     registration.InstallModule();
     Run([this](HWND dialog) {
         EXPECT_TRUE(SwitchContextMenu(dialog).empty());
-        EXPECT_TRUE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
+        EXPECT_TRUE(IsChecked(dialog, IDC_OPTIONS_CONTEXT_MENU));
         EXPECT_TRUE(settings.Shell.IsRegistered());
         EXPECT_TRUE(SwitchContextMenu(dialog).empty());
-        EXPECT_FALSE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
+        EXPECT_FALSE(IsChecked(dialog, IDC_OPTIONS_CONTEXT_MENU));
         EXPECT_FALSE(settings.Shell.IsRegistered());
         Close(dialog);
     });
@@ -155,7 +155,7 @@ TEST_F(OptionsTest, FailedRegistrationIsToldAndTheBoxGoesBack) {
                   L"Tamblewick was unable to register the context menu.\nPlease run the application with "
                   L"administrator privileges and try again.");
         EXPECT_EQ(messages[0].owner, dialog);
-        EXPECT_FALSE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
+        EXPECT_FALSE(IsChecked(dialog, IDC_OPTIONS_CONTEXT_MENU));
         Close(dialog);
     });
     EXPECT_FALSE(settings.Shell.IsRegistered());
@@ -170,18 +170,18 @@ TEST_F(OptionsTest, FailedRemovalIsToldAndTheBoxGoesBack) {
         EXPECT_EQ(messages[0].text,
                   L"Tamblewick was unable to unregister the context menu.\nPlease run the application with "
                   L"administrator privileges and try again.");
-        EXPECT_TRUE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
+        EXPECT_TRUE(IsChecked(dialog, IDC_OPTIONS_CONTEXT_MENU));
         Close(dialog);
     });
     EXPECT_TRUE(settings.Shell.IsRegistered());
 }
 
 UINT boxFlags = 0;
-bool isTickedBehindBox = false;
+bool isCheckedDuringBox = false;
 
 int WINAPI RecordBox(HWND owner, const wchar_t*, const wchar_t*, UINT flags) {
     boxFlags = flags;
-    isTickedBehindBox =
+    isCheckedDuringBox =
         SendDlgItemMessageW(owner, IDC_OPTIONS_CONTEXT_MENU, BM_GETCHECK, 0, 0) == BST_CHECKED;
     return IDOK;
 }
@@ -190,10 +190,10 @@ TEST_F(OptionsTest, FailureIsAnExclamationWithOneButton) {
     Run([](HWND dialog) {
         const Ui::ReplacedImport recorded("MessageBoxW", RecordBox);
         Click(dialog, IDC_OPTIONS_CONTEXT_MENU);
-        EXPECT_FALSE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
+        EXPECT_FALSE(IsChecked(dialog, IDC_OPTIONS_CONTEXT_MENU));
         Close(dialog);
     });
-    EXPECT_TRUE(isTickedBehindBox) << "the box goes back when the message has been read";
+    EXPECT_TRUE(isCheckedDuringBox) << "the box goes back when the message has been read";
     EXPECT_EQ(boxFlags, static_cast<UINT>(MB_OK | MB_ICONEXCLAMATION));
 }
 
@@ -201,10 +201,10 @@ TEST_F(OptionsTest, ClickThatFindsTheWantedStateSaysNothing) {
     Run([this](HWND dialog) {
         registration.Write();
         EXPECT_TRUE(SwitchContextMenu(dialog).empty());
-        EXPECT_TRUE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
+        EXPECT_TRUE(IsChecked(dialog, IDC_OPTIONS_CONTEXT_MENU));
         registration.Remove();
         EXPECT_TRUE(SwitchContextMenu(dialog).empty());
-        EXPECT_FALSE(IsTicked(dialog, IDC_OPTIONS_CONTEXT_MENU));
+        EXPECT_FALSE(IsChecked(dialog, IDC_OPTIONS_CONTEXT_MENU));
         Close(dialog);
     });
 }

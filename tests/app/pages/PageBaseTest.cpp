@@ -133,11 +133,11 @@ TEST(PageBase, HiddenPageKeepsWhatItShows) {
         SCOPED_TRACE(kind->name);
         const TestRegistry registry;
         const OpenPage open(*kind);
-        const bool before = open.IsTicked(id);
+        const bool before = open.IsChecked(id);
         open.Click(id);
         ShowWindow(open.window, SW_HIDE);
         ShowWindow(open.window, SW_SHOW);
-        EXPECT_EQ(open.IsTicked(id), !before);
+        EXPECT_EQ(open.IsChecked(id), !before);
     }
 }
 

@@ -75,7 +75,7 @@ TEST(PathPages, PathIsEnabledByTheCustomChoiceAlone) {
 }
 
 // Whoever drives the page from outside may send a click without ticking the button.
-TEST(PathPages, BareClickCountsWhateverIsTicked) {
+TEST(PathPages, BareClickCountsWhateverIsChecked) {
     for (const PathRow& row : PathPages) {
         SCOPED_TRACE(row.page.name);
         const TestRegistry registry;

@@ -63,7 +63,7 @@ std::string ListOf(const Preset& preset, const ScanTree& tree);
 class CellWriter : public Writer {
 public:
     using Writer::Writer;
-    CellWriter(const Preset& preset, const std::wstring& path) : Writer(preset, path.c_str()) {}
+    CellWriter(const Preset& jobPreset, const std::wstring& path) : Writer(jobPreset, path.c_str()) {}
 
     void WriteHeader(const PathState&, const Scanner::Folder&) override {}
     void WriteFooter(const PathState&, const Scanner::Folder&) override {}

@@ -1,4 +1,4 @@
-#include "scanner/Completion.h"
+#include "scanner/PostProcessStage.h"
 
 #include <string>
 #include <utility>
@@ -27,7 +27,7 @@ void ReplaceFolders(Node& root, const std::vector<Folder*>& folders) {
 
 }  // namespace
 
-bool CompleteTree(Node& root, const Options& options, FlatLists* flatLists) {
+bool RunPostProcessStage(Node& root, const Options& options, FlatLists* flatLists) {
     Listener& listener = *options.listener;
     const Comparator folderComparator(options.folderSortKeys, true, options.naturalSort);
     const Comparator fileComparator(options.fileSortKeys, false, options.naturalSort);

@@ -1,4 +1,4 @@
-#include "scanner/Completion.h"
+#include "scanner/PostProcessStage.h"
 
 #include <gtest/gtest.h>
 
@@ -32,13 +32,13 @@ Names Paths(const std::vector<File*>& files) {
     return paths;
 }
 
-class Completion : public testing::Test {
+class PostProcessStage : public testing::Test {
 protected:
-    Completion() { options.listener = &listener; }
+    PostProcessStage() { options.listener = &listener; }
 
     bool Complete() {
         lists = tree.Flat();
-        return CompleteTree(tree.Root(), options, options.flatten ? &lists : nullptr);
+        return RunPostProcessStage(tree.Root(), options, options.flatten ? &lists : nullptr);
     }
 
     TestTree tree{{
@@ -54,19 +54,19 @@ protected:
 
 }  // namespace
 
-TEST_F(Completion, ReportsAndAsksInThisOrder) {
+TEST_F(PostProcessStage, ReportsAndAsksInThisOrder) {
     EXPECT_TRUE(Complete());
     EXPECT_EQ(listener.calls, (Names{L"cancelled?", Recursively, L"cancelled?", L"cancelled?"}));
 }
 
-TEST_F(Completion, ReportsTheFlatListsAsWell) {
+TEST_F(PostProcessStage, ReportsTheFlatListsAsWell) {
     options.flatten = true;
     EXPECT_TRUE(Complete());
     EXPECT_EQ(listener.calls,
               (Names{L"cancelled?", Recursively, L"cancelled?", FlatFolders, L"cancelled?", FlatFiles}));
 }
 
-TEST_F(Completion, StopsWhereItIsCancelled) {
+TEST_F(PostProcessStage, StopsWhereItIsCancelled) {
     const struct {
         int cancelAtQuestion;
         Names calls;
@@ -83,12 +83,12 @@ TEST_F(Completion, StopsWhereItIsCancelled) {
         TestTree fresh{{AFolder(L"x", {AFile(L"a"), AFile(L"b"), AFolder(L"y")}), AFolder(L"z"),
                         AFolder(L"v"), AFile(L"c"), AFile(L"d"), AFile(L"e")}};
         lists = fresh.Flat();
-        EXPECT_FALSE(CompleteTree(fresh.Root(), options, &lists));
+        EXPECT_FALSE(RunPostProcessStage(fresh.Root(), options, &lists));
         EXPECT_EQ(cancelling.calls, row.calls) << row.cancelAtQuestion;
     }
 }
 
-TEST_F(Completion, SortsTheTreeByBothLists) {
+TEST_F(PostProcessStage, SortsTheTreeByBothLists) {
     options.folderSortKeys = {{Comparison::Name, true}};
     options.fileSortKeys = {{Comparison::Name, false}};
     EXPECT_TRUE(Complete());
@@ -96,7 +96,7 @@ TEST_F(Completion, SortsTheTreeByBothLists) {
                                          L"x\\y\\a.txt", L"x2\\", L"x2\\c.txt"}));
 }
 
-TEST_F(Completion, FlattensInTheOrderOfTheWalkWithoutKeys) {
+TEST_F(PostProcessStage, FlattensInTheOrderOfTheWalkWithoutKeys) {
     options.flatten = true;
     EXPECT_TRUE(Complete());
     EXPECT_EQ(Paths(tree.Root().folders), (Names{L"x2", L"x", L"v", L"x\\y"}));
@@ -104,7 +104,7 @@ TEST_F(Completion, FlattensInTheOrderOfTheWalkWithoutKeys) {
               (Names{L"b.txt", L"x2\\c.txt", L"x\\y\\d.txt", L"x\\y\\a.txt", L"v\\B.txt"}));
 }
 
-TEST_F(Completion, KeepsTheRecordsOfAFlattenedTree) {
+TEST_F(PostProcessStage, KeepsTheRecordsOfAFlattenedTree) {
     options.flatten = true;
     EXPECT_TRUE(Complete());
     for (const Node& node : tree.Root().folders) {
@@ -125,7 +125,7 @@ TEST_F(Completion, KeepsTheRecordsOfAFlattenedTree) {
     EXPECT_EQ(root.fileCount, 1u);
 }
 
-TEST_F(Completion, SortsTheFlatListsByPath) {
+TEST_F(PostProcessStage, SortsTheFlatListsByPath) {
     options.flatten = true;
     options.folderSortKeys = {{Comparison::Path, true}};
     options.fileSortKeys = {{Comparison::Path, true}, {Comparison::Name, true}};
@@ -135,7 +135,7 @@ TEST_F(Completion, SortsTheFlatListsByPath) {
               (Names{L"b.txt", L"v\\B.txt", L"x\\y\\a.txt", L"x\\y\\d.txt", L"x2\\c.txt"}));
 }
 
-TEST_F(Completion, LeavesFilesOfAFolderTogetherOnADescendingPath) {
+TEST_F(PostProcessStage, LeavesFilesOfAFolderTogetherOnADescendingPath) {
     options.flatten = true;
     options.fileSortKeys = {{Comparison::Path, false}};
     EXPECT_TRUE(Complete());
@@ -144,22 +144,22 @@ TEST_F(Completion, LeavesFilesOfAFolderTogetherOnADescendingPath) {
 }
 
 // Of the sorted tree only the totals live on in the flat lists.
-TEST_F(Completion, LeavesFlatTiesInTheOrderOfTheWalk) {
+TEST_F(PostProcessStage, LeavesFlatTiesInTheOrderOfTheWalk) {
     TestTree ties{
         {AFolder(L"b", {AFile(L"same"), AFolder(L"sub")}), AFolder(L"a", {AFile(L"SAME")}), AFolder(L"Sub")}};
     options.flatten = true;
     options.fileSortKeys = {{Comparison::Name, true}};
     options.folderSortKeys = {{Comparison::Name, true}};
     lists = ties.Flat();
-    EXPECT_TRUE(CompleteTree(ties.Root(), options, &lists));
+    EXPECT_TRUE(RunPostProcessStage(ties.Root(), options, &lists));
     EXPECT_EQ(Paths(ties.Root().files), (Names{L"b\\same", L"a\\SAME"}));
     EXPECT_EQ(Paths(ties.Root().folders), (Names{L"a", L"b", L"Sub", L"b\\sub"}));
 }
 
-TEST_F(Completion, EmptiesTheRootIfNothingWasCollected) {
+TEST_F(PostProcessStage, EmptiesTheRootIfNothingWasCollected) {
     options.flatten = true;
     FlatLists none;
-    EXPECT_TRUE(CompleteTree(tree.Root(), options, &none));
+    EXPECT_TRUE(RunPostProcessStage(tree.Root(), options, &none));
     EXPECT_TRUE(tree.Root().folders.empty());
     EXPECT_TRUE(tree.Root().files.empty());
     EXPECT_EQ(tree.Root().folder->totalFiles, 5u);
@@ -168,27 +168,27 @@ TEST_F(Completion, EmptiesTheRootIfNothingWasCollected) {
                      L"progress: Post processing... Sorting flattened file list (0 items)..."}));
 }
 
-TEST_F(Completion, SortsDigitsAsNumbersInBothLists) {
+TEST_F(PostProcessStage, SortsDigitsAsNumbersInBothLists) {
     TestTree numbered{{AFile(L"a10"), AFile(L"a2"), AFolder(L"b10"), AFolder(L"b2")}};
     options.folderSortKeys = {{Comparison::Name, true}};
     options.fileSortKeys = {{Comparison::Name, true}};
-    EXPECT_TRUE(CompleteTree(numbered.Root(), options, nullptr));
+    EXPECT_TRUE(RunPostProcessStage(numbered.Root(), options, nullptr));
     EXPECT_EQ(Lines(numbered.Root()), (Names{L"a10", L"a2", L"b10\\", L"b2\\"}));
     options.naturalSort = true;
-    EXPECT_TRUE(CompleteTree(numbered.Root(), options, nullptr));
+    EXPECT_TRUE(RunPostProcessStage(numbered.Root(), options, nullptr));
     EXPECT_EQ(Lines(numbered.Root()), (Names{L"a2", L"a10", L"b2\\", L"b10\\"}));
 }
 
 // Were a folder comparator used on files, two files of one folder would not tie.
-TEST_F(Completion, UsesTheFileComparatorForFiles) {
+TEST_F(PostProcessStage, UsesTheFileComparatorForFiles) {
     TestTree pair{{AFile(L"b"), AFile(L"a"), AFolder(L"d"), AFolder(L"c")}};
     options.folderSortKeys = {{Comparison::Path, true}};
     options.fileSortKeys = {{Comparison::Path, true}};
-    EXPECT_TRUE(CompleteTree(pair.Root(), options, nullptr));
+    EXPECT_TRUE(RunPostProcessStage(pair.Root(), options, nullptr));
     EXPECT_EQ(Lines(pair.Root()), (Names{L"b", L"a", L"c\\", L"d\\"}));
 }
 
-TEST_F(Completion, ThrowsForAKeyWithoutAComparisonBeforeItAsksAnything) {
+TEST_F(PostProcessStage, ThrowsForAKeyWithoutAComparisonBeforeItAsksAnything) {
     options.fileSortKeys = {{static_cast<Comparison>(0), true}};
     EXPECT_THROW(Complete(), std::invalid_argument);
     EXPECT_EQ(listener.calls, Names{});

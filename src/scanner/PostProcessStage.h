@@ -11,6 +11,6 @@ namespace Scanner {
 // the two lists, which must then be given and are consumed. Before each step asks the listener whether the
 // scan is cancelled, and reports the step. Returns false if cancelled. Throws std::bad_alloc, and
 // std::invalid_argument for a sort key without a comparison.
-bool CompleteTree(Node& root, const Options& options, FlatLists* flatLists);
+bool RunPostProcessStage(Node& root, const Options& options, FlatLists* flatLists);
 
 }  // namespace Scanner
