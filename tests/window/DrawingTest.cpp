@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "HostWindow.h"
-#include "MainWindowTest.h"
 #include "progress/ProgressController.h"
+#include "support/ui/HostWindow.h"
+#include "support/ui/MainWindowTest.h"
 #include "support/ui/Picture.h"
 #include "winlib/controls/HyperLinkCtrl.h"
 #include "winlib/layout/Window.h"

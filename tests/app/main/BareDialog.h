@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "TreeReader.h"
 #include "resources/resource.h"
+#include "support/ui/TreeReader.h"
 #include "winlib/Application.h"
 
 class BareDialog {

@@ -1,8 +1,8 @@
 // The ways out of the window, and what they store.
 
-#include "MainWindowTest.h"
 #include "app/MessageLoop.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/MainWindowTest.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The right button on the tree.
 
-#include "MainWindowTest.h"
+#include "support/ui/MainWindowTest.h"
 
 namespace {
 

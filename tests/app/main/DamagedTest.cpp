@@ -1,6 +1,6 @@
 // A registry as bad as it can be: the window opens and loses nothing.
 
-#include "MainWindowTest.h"
+#include "support/ui/MainWindowTest.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "MainWindowTest.h"
+#include "support/ui/MainWindowTest.h"
 #include "support/ui/Picture.h"
 
 namespace {

@@ -1,9 +1,9 @@
 // The keyboard focus: where the window starts, and that a control hands it on before it is hidden, disabled
 // or destroyed.
 
-#include "MainWindowTest.h"
 #include "OtherWindow.h"
 #include "support/ui/FocusWatch.h"
+#include "support/ui/MainWindowTest.h"
 #include "winlib/WindowText.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // The keyboard, through the program's own message loop.
 
-#include "MainWindowTest.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/MainWindowTest.h"
 #include "winlib/WindowText.h"
 
 namespace {

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "MainWindowTest.h"
 #include "support/TempFolder.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/MainWindowTest.h"
 
 class ListsTest : public MainWindowTest {
 protected:

@@ -1,7 +1,7 @@
 // What the commands do to presets: in the tree, to the pages and in the registry.
 
-#include "MainWindowTest.h"
 #include "settings/Templates.h"
+#include "support/ui/MainWindowTest.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The window's sizes, its layout, and changes of the screen.
 
-#include "MainWindowTest.h"
+#include "support/ui/MainWindowTest.h"
 #include "winlib/WindowText.h"
 
 namespace {

@@ -1,5 +1,5 @@
-#include "MainWindowTest.h"
 #include "resources/resource.h"
+#include "support/ui/MainWindowTest.h"
 #include "winlib/WindowText.h"
 
 namespace {

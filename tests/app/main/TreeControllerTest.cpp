@@ -7,8 +7,8 @@
 
 #include <memory>
 
-#include "TreeReader.h"
 #include "resources/resource.h"
+#include "support/ui/TreeReader.h"
 #include "winlib/Application.h"
 #include "winlib/WindowText.h"
 

@@ -11,10 +11,10 @@
 #include <functional>
 #include <string>
 
-#include "HostWindow.h"
 #include "resources/resource.h"
 #include "support/TempFolder.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/HostWindow.h"
 #include "support/ui/Input.h"
 #include "support/ui/ReplacedImport.h"
 #include "winlib/ParentCoordinates.h"

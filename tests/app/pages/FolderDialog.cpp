@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "TreeReader.h"
+#include "support/ui/TreeReader.h"
 
 namespace {
 

@@ -6,13 +6,13 @@
 #include <optional>
 #include <string>
 
-#include "HostWindow.h"
-#include "TreeReader.h"
 #include "pages/PropertyController.h"
 #include "settings/Preset.h"
 #include "support/TestRegistry.h"
+#include "support/ui/HostWindow.h"
 #include "support/ui/Input.h"
 #include "support/ui/MessagePump.h"
+#include "support/ui/TreeReader.h"
 
 struct PageKind {
     const char* name;

@@ -6,10 +6,10 @@
 
 #include <functional>
 
-#include "HostWindow.h"
 #include "resources/resource.h"
 #include "support/TestRegistry.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/HostWindow.h"
 #include "support/ui/Input.h"
 #include "support/ui/ReplacedImport.h"
 #include "winlib/ParentCoordinates.h"

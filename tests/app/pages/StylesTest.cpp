@@ -1,7 +1,7 @@
 // What the program changes in the styles of the controls that the resource gives it.
 
-#include "DialogTable.h"
 #include "OpenPage.h"
+#include "support/ui/DialogTable.h"
 
 #include <gtest/gtest.h>
 

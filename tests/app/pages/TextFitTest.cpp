@@ -1,7 +1,7 @@
 // Every control is drawn large enough for its text.
 
-#include "DialogTable.h"
-#include "HostWindow.h"
+#include "support/ui/DialogTable.h"
+#include "support/ui/HostWindow.h"
 
 #include <gtest/gtest.h>
 

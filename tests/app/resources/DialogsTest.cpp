@@ -5,7 +5,7 @@
 #include <set>
 
 #include "BuiltFile.h"
-#include "DialogTable.h"
+#include "support/ui/DialogTable.h"
 #include "support/ui/DialogTemplate.h"
 
 namespace {

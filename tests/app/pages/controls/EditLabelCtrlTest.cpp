@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "HostWindow.h"
+#include "support/ui/HostWindow.h"
 #include "winlib/WindowText.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <shlobj.h>
 
 #include "FolderDialog.h"
-#include "HostWindow.h"
+#include "support/ui/HostWindow.h"
 #include "support/ui/ReplacedImport.h"
 
 using WinLib::PickFolder;

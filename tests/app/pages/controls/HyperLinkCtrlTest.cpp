@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "HostWindow.h"
+#include "support/ui/HostWindow.h"
 #include "support/ui/Input.h"
 #include "support/ui/ReplacedImport.h"
 

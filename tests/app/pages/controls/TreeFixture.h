@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "HostWindow.h"
-#include "TreeReader.h"
+#include "support/ui/HostWindow.h"
+#include "support/ui/TreeReader.h"
 
 class TreeFixture : public testing::Test {
 protected:

@@ -1,4 +1,4 @@
-#include "DialogTable.h"
+#include "support/ui/DialogTable.h"
 
 #include <commctrl.h>
 

@@ -1,4 +1,4 @@
-#include "TreeReader.h"
+#include "support/ui/TreeReader.h"
 
 #include <cstring>
 

@@ -1,4 +1,4 @@
-#include "HostWindow.h"
+#include "support/ui/HostWindow.h"
 
 #include <commctrl.h>
 

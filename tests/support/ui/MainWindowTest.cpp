@@ -1,4 +1,4 @@
-#include "MainWindowTest.h"
+#include "support/ui/MainWindowTest.h"
 
 #include <algorithm>
 #include <chrono>

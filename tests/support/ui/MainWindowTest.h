@@ -10,10 +10,10 @@
 #include <utility>
 #include <vector>
 
-#include "TreeReader.h"
 #include "app/MainController.h"
 #include "resources/resource.h"
 #include "support/TestRegistry.h"
+#include "support/ui/TreeReader.h"
 #include "winlib/Application.h"
 
 class MainWindowTest : public testing::Test {
