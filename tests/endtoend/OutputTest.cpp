@@ -4,6 +4,7 @@
 
 #include <array>
 #include <filesystem>
+#include <optional>
 
 #include "endtoend/Program.h"
 #include "support/TempFolder.h"
@@ -66,12 +67,16 @@ TEST_F(Output, ListThatCannotBeWrittenIsPassedOverInSilence) {
     EXPECT_EQ(FilesIn(ListsFolder()), Names{});
 }
 
-// What the recorder was started with, waiting until it has written it down; its own name comes first.
+// What the recorder was started with; its own name comes first. Waits until the file can be opened: for a
+// moment after its renaming that is refused.
 std::string RecordedCommandLine() {
-    const std::wstring record = ListsFolder() + L"\\recorded";
-    for (int i = 0; i < 2000 && !std::filesystem::exists(record); ++i)
+    std::optional<std::string> line;
+    for (int i = 0; i < 2000 && !line; ++i) {
         Sleep(5);
-    return EndToEnd::ReadFile(record);
+        line = TestSupport::ReadBytes(ListsFolder() + L"\\recorded");
+    }
+    EXPECT_TRUE(line.has_value());
+    return line.value_or("");
 }
 
 // The recorder, copied to a place with a blank in its name.

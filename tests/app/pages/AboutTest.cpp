@@ -9,6 +9,7 @@
 #include <array>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "resources/resource.h"
@@ -153,16 +154,18 @@ TEST_F(AboutTest, ClickOnTheAddressOpensTheMailLink) {
     GetModuleFileNameW(nullptr, self.data(), static_cast<DWORD>(self.size()));
     const auto recorder = std::filesystem::path(self.data()).parent_path() / L"recorder.exe";
     const MailProgram mail(L"\"" + recorder.wstring() + L"\" \"%1\"");
-    Run([&record](HWND dialog) {
+    std::optional<std::string> line;
+    Run([&](HWND dialog) {
         SetDlgItemTextW(dialog, IDC_ABOUT_MAIL, L"me@here.example");
         Ui::Click(GetDlgItem(dialog, IDC_ABOUT_MAIL));
         Ui::MessagePump pump(dialog);
-        pump.RunUntil([&record] { return std::filesystem::exists(record); }, std::chrono::seconds(20),
-                      "the recorded command line");
+        // For a moment after its renaming the file cannot be opened.
+        const auto isRecorded = [&] { return (line = TestSupport::ReadBytes(record.wstring())).has_value(); };
+        pump.RunUntil(isRecorded, std::chrono::seconds(20), "the recorded command line");
         Close(dialog);
     });
-    const std::string line = TestSupport::ReadBytes(record.wstring()).value_or("");
-    EXPECT_TRUE(line.ends_with(" \"mailto:Ostrel Vane <me@here.example>?subject=Tamblewick\"")) << line;
+    ASSERT_TRUE(line.has_value());
+    EXPECT_TRUE(line->ends_with(" \"mailto:Ostrel Vane <me@here.example>?subject=Tamblewick\"")) << *line;
     std::filesystem::remove_all(folder);
 }
 
