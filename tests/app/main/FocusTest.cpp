@@ -120,7 +120,6 @@ TEST_F(FocusTest, TheActivatedWindowHasItWhereItWas) {
     EXPECT_EQ(GetFocus(), fieldOfA);
 }
 
-// A minimised window is inactive; the platform restores the focus to the window alone.
 TEST_F(FocusTest, AWindowThatWasMinimizedHasItWhereItWas) {
     OpenInFieldOfA();
     const OtherWindow other(window);
@@ -128,6 +127,14 @@ TEST_F(FocusTest, AWindowThatWasMinimizedHasItWhereItWas) {
     RunLoop();
     ShowWindow(window, SW_RESTORE);
     RunLoop();
+    EXPECT_EQ(GetFocus(), fieldOfA);
+}
+
+// As Windows does when a minimised window is restored.
+TEST_F(FocusTest, TheWindowHandsItToTheControlThatHadItLast) {
+    OpenInFieldOfA();
+    { const OtherWindow other(window); }
+    SetFocus(window);
     EXPECT_EQ(GetFocus(), fieldOfA);
 }
 
