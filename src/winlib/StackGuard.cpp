@@ -10,8 +10,8 @@
 
 extern "C" {
 uintptr_t __stack_chk_guard;
-[[noreturn]] void __stack_chk_fail();
-[[noreturn]] void __chk_fail();
+[[gnu::noreturn]] void __stack_chk_fail();
+[[gnu::noreturn]] void __chk_fail();
 }
 
 namespace {
