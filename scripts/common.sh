@@ -77,7 +77,8 @@ use_wine() {
         wineserver -w
         touch "$WINEPREFIX/.complete"
     fi
-    wineserver -p
+    # Fails if the server of an interrupted run is still there, which will do.
+    wineserver -p 2>/dev/null || true
     wine cmd /c exit </dev/null >/dev/null 2>&1
 }
 

@@ -7,6 +7,7 @@
 #include "resources/resource.h"
 #include "support/TempFolder.h"
 #include "support/jobs/RacingJob.h"
+#include "support/ui/CommonControls.h"
 #include "support/ui/DismissModal.h"
 #include "unit/listmaker/TestJob.h"
 #include "winlib/SentMessages.h"
@@ -162,8 +163,7 @@ private:
 
 struct JobRaces : testing::Test {
     JobRaces() {
-        const INITCOMMONCONTROLSEX request = {sizeof(request), ICC_PROGRESS_CLASS};
-        EXPECT_TRUE(InitCommonControlsEx(&request));
+        Ui::InitCommonControls();
         folder.AddFolder(L"Lists");
     }
 

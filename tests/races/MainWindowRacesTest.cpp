@@ -3,7 +3,6 @@
 
 #include <mutex>
 
-#include "BoxUser.h"
 #include "MessageWatch.h"
 #include "RaceThreads.h"
 #include "SimulatedUser.h"
@@ -13,7 +12,9 @@
 #include "support/TempFolder.h"
 #include "support/TestRegistry.h"
 #include "support/jobs/RacingJob.h"
+#include "support/ui/CommonControls.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/MessageBoxAnswerer.h"
 #include "support/ui/MessagePump.h"
 #include "winlib/Application.h"
 
@@ -35,7 +36,8 @@ std::mutex opening;
 
 class MainWindowRace final : public RaceThread {
 public:
-    MainWindowRace(const TestSupport::TempFolder& folder, BoxUser& boxes, int number, Kind kind)
+    MainWindowRace(const TestSupport::TempFolder& folder, Ui::MessageBoxAnswerer& boxes, int number,
+                   Kind kind)
         : folder_(folder),
           boxes_(boxes),
           name_(L"Thread " + std::to_wstring(number)),
@@ -171,7 +173,7 @@ private:
     }
 
     const TestSupport::TempFolder& folder_;
-    BoxUser& boxes_;
+    Ui::MessageBoxAnswerer& boxes_;
     const std::wstring name_;
     const std::wstring list_;
     const Kind kind_;
@@ -189,9 +191,7 @@ private:
 
 struct MainWindowRaces : testing::Test {
     MainWindowRaces() {
-        const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES |
-                                                                   ICC_PROGRESS_CLASS | ICC_BAR_CLASSES};
-        EXPECT_TRUE(InitCommonControlsEx(&classes));
+        Ui::InitCommonControls();
         WinLib::Application::Install(
             std::make_unique<WinLib::Application>(GetModuleHandleW(nullptr), L"", SW_SHOWNORMAL));
         folder.AddFolder(L"Lists");
@@ -206,7 +206,7 @@ struct MainWindowRaces : testing::Test {
 
     void Race(int starts, Kind kind) {
         registry.SetDword(MainSettings::RootKey, L"ConfirmExit", kind == Kind::AskedClosing ? 1 : 0);
-        BoxUser boxes;
+        Ui::MessageBoxAnswerer boxes;
         RaceOnThreads(StartsToMake(starts), [&](int number) {
             return std::make_unique<MainWindowRace>(folder, boxes, number, kind);
         });

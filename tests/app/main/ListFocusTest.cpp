@@ -6,6 +6,7 @@
 #include "ListsTest.h"
 #include "OtherWindow.h"
 #include "support/ui/FocusWatch.h"
+#include "support/ui/MessageBoxAnswerer.h"
 #include "winlib/SentMessages.h"
 
 namespace {
@@ -60,7 +61,7 @@ TEST_F(ListFocusTest, AfterAListOfAChosenFolderTheButtonHasItAgain) {
 
 TEST_F(ListFocusTest, AfterAnErrorTheButtonHasItAgain) {
     OpenSavingIn(folder.Path());
-    const Ui::DismissFromAside answer(IDOK);
+    const Ui::MessageBoxAnswerer answerer;
     SetFocus(CreateListButton());
     controller->StartList(PresetId(), folder.Path(L"missing"));
     RunLoop();

@@ -7,6 +7,7 @@
 #include "ListsTest.h"
 #include "app/MessageLoop.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/MessageBoxAnswerer.h"
 #include "winlib/SentMessages.h"
 
 namespace {
@@ -93,15 +94,15 @@ TEST_F(ListsTest, AnErrorIsShownAndTheJobCollected) {
     OpenSavingIn(folder.Path());
     const std::wstring missing = folder.Path(L"missing");
     for (int i = 0; i < 5; ++i) {
-        const Ui::DismissFromAside answer(IDOK);
+        const Ui::MessageBoxAnswerer answerer;
         controller->StartList(PresetId(), missing);
         RunLoop();
         ExpectCollected();
-        ASSERT_EQ(answer.Seen().size(), 1u);
-        EXPECT_EQ(answer.Seen()[0].caption, L"Tamblewick");
-        EXPECT_EQ(answer.Seen()[0].text, L"The folder '" + missing +
-                                             L"' does not exist or cannot be accessed by the application.\n"
-                                             L"The listing proccess will be cancelled.");
+        ASSERT_EQ(answerer.Seen().size(), 1u);
+        EXPECT_EQ(answerer.Seen()[0].caption, L"Tamblewick");
+        EXPECT_EQ(answerer.Seen()[0].text, L"The folder '" + missing +
+                                               L"' does not exist or cannot be accessed by the application.\n"
+                                               L"The listing proccess will be cancelled.");
     }
     EXPECT_FALSE(folder.Exists(L"List of missing.txt"));
 }
@@ -199,49 +200,6 @@ TEST_F(ListsTest, ClosingBehindTheDialogWaitsForStart) {
     EXPECT_EQ(RunMessageLoop(Process()), 0);
 }
 
-// Answers the worker's message boxes from a thread of its own: one on the dialog at once, one on the main
-// window only when that has been hidden.
-class BoxWatcher {
-public:
-    explicit BoxWatcher(HWND window)
-        : window_(window), spared_(GetCurrentThreadId()), watcher_([this] { Watch(); }) {}
-    BoxWatcher(const BoxWatcher&) = delete;
-    BoxWatcher& operator=(const BoxWatcher&) = delete;
-    ~BoxWatcher() {
-        stopped_ = true;
-        watcher_.join();
-    }
-
-    bool SeenOnWindow() const { return seenOnWindow_; }
-
-private:
-    void Watch() {
-        while (!stopped_) {
-            for (HWND box = nullptr; (box = FindWindowExW(nullptr, box, L"#32770", nullptr)) != nullptr;)
-                Consider(box);
-            Sleep(5);  // windows of other threads cannot be waited for
-        }
-    }
-
-    void Consider(HWND box) {
-        DWORD process = 0;
-        const DWORD thread = GetWindowThreadProcessId(box, &process);
-        if (process != GetCurrentProcessId() || thread == spared_ || !IsWindowVisible(box))
-            return;
-        const bool onWindow = GetWindow(box, GW_OWNER) == window_;
-        if (onWindow)
-            seenOnWindow_ = true;
-        if (!onWindow || !IsWindowVisible(window_))
-            PostMessageW(box, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(GetDlgItem(box, IDOK)));
-    }
-
-    const HWND window_;
-    const DWORD spared_;
-    std::atomic<bool> seenOnWindow_ = false;
-    std::atomic<bool> stopped_ = false;
-    std::thread watcher_;
-};
-
 // Sends the progress dialog to the background before it is even shown.
 LRESULT CALLBACK EndAtOnce(int code, WPARAM wParam, LPARAM lParam) {
     const auto& call = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
@@ -252,17 +210,24 @@ LRESULT CALLBACK EndAtOnce(int code, WPARAM wParam, LPARAM lParam) {
 
 TEST_F(ListsTest, AnErrorInTheBackgroundCanBeAnsweredWhileTheWindowCloses) {
     OpenSavingIn(folder.Path());
-    const BoxWatcher watcher(window);
+    std::atomic<bool> seenOnWindow = false;
+    // Answers a box on the dialog at once, one on the main window only when that has been hidden.
+    const Ui::MessageBoxAnswerer answerer([&](HWND box) {
+        const bool onWindow = GetWindow(box, GW_OWNER) == window;
+        if (onWindow)
+            seenOnWindow = true;
+        return !onWindow || !IsWindowVisible(window);
+    });
     const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROCRET, EndAtOnce, nullptr, GetCurrentThreadId());
     // The dialog must be gone before the worker's first step. Where it was too slow, the error was shown on
     // the dialog, and the next attempt follows.
     for (int attempt = 0; attempt < 100 && !IsBusy(); ++attempt) {
         controller->StartList(PresetId(), folder.Path(L"missing"));
         if (IsBusy())
-            RunLoopUntil([&] { return watcher.SeenOnWindow() || !IsBusy(); }, "the box");
+            RunLoopUntil([&] { return seenOnWindow || !IsBusy(); }, "the box");
     }
     UnhookWindowsHookEx(hook);
-    ASSERT_TRUE(watcher.SeenOnWindow());
+    ASSERT_TRUE(seenOnWindow);
     SendMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindow(window));
 }

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "resources/resource.h"
+#include "support/ui/CommonControls.h"
 #include "support/ui/TreeReader.h"
 #include "winlib/Application.h"
 #include "winlib/WindowText.h"
@@ -62,8 +63,7 @@ INT_PTR CALLBACK HandOnLabelEdits(HWND dialog, UINT message, WPARAM, LPARAM lPar
 class TreeControllerTest : public testing::Test {
 protected:
     TreeControllerTest() {
-        const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_TREEVIEW_CLASSES | ICC_PROGRESS_CLASS};
-        InitCommonControlsEx(&classes);
+        Ui::InitCommonControls();
         WinLib::Application::Install(
             std::make_unique<WinLib::Application>(GetModuleHandleW(nullptr), L"", SW_SHOWNORMAL));
         controller = std::make_unique<MainTreeController>(command);

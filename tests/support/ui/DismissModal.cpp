@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "winlib/WindowText.h"
-
 namespace Ui {
 
 namespace {
@@ -12,34 +10,9 @@ namespace {
 // The innermost object of this thread.
 thread_local DismissModal* current = nullptr;
 
-std::wstring ClassOf(HWND window) {
-    wchar_t name[256] = {};
-    GetClassNameW(window, name, 256);
-    return name;
-}
-
-bool IsDialog(HWND window) {
-    return ClassOf(window) == L"#32770";
-}
-
 BOOL CALLBACK AppendWindow(HWND window, LPARAM list) {
     reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
     return TRUE;
-}
-
-SeenDialog Read(HWND dialog) {
-    SeenDialog seen = {WinLib::GetWindowText(dialog), L"", GetWindow(dialog, GW_OWNER)};
-    std::vector<HWND> children;
-    EnumChildWindows(dialog, AppendWindow, reinterpret_cast<LPARAM>(&children));
-    for (const HWND child : children)
-        if (ClassOf(child) == L"Static")
-            seen.text += WinLib::GetWindowText(child);
-    return seen;
-}
-
-void Press(HWND dialog, WORD button) {
-    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
 }
 
 }  // namespace
@@ -50,7 +23,8 @@ DismissModal::DismissModal(std::function<void(HWND)> action)
     hook_ = SetWindowsHookExW(WH_CBT, OnHook, nullptr, GetCurrentThreadId());
 }
 
-DismissModal::DismissModal(WORD button) : DismissModal([button](HWND dialog) { Press(dialog, button); }) {}
+DismissModal::DismissModal(WORD button)
+    : DismissModal([button](HWND dialog) { PressButton(dialog, button); }) {}
 
 DismissModal::~DismissModal() {
     UnhookWindowsHookEx(hook_);
@@ -83,49 +57,11 @@ void CALLBACK DismissModal::OnTimer(HWND, UINT, UINT_PTR timer, DWORD) {
             current->waiting_.push_back(dialog);
             continue;
         }
-        current->seen_.push_back(Read(dialog));
+        current->seen_.push_back(ReadDialog(dialog));
         current->action_(dialog);
     }
     if (current != nullptr && !current->waiting_.empty())
         SetTimer(nullptr, 0, USER_TIMER_MINIMUM, OnTimer);
-}
-
-DismissFromAside::DismissFromAside(WORD button, std::function<void(HWND)> look)
-    : look_(std::move(look)),
-      watcher_([this, button, spared = GetCurrentThreadId()] { Watch(button, spared); }) {}
-
-DismissFromAside::~DismissFromAside() {
-    stopped_ = true;
-    watcher_.join();
-}
-
-std::vector<SeenDialog> DismissFromAside::Seen() const {
-    const std::lock_guard lock(mutex_);
-    return seen_;
-}
-
-void DismissFromAside::Watch(WORD button, DWORD spared) {
-    std::vector<HWND> answered;
-    while (!stopped_) {
-        std::vector<HWND> windows;
-        EnumWindows(AppendWindow, reinterpret_cast<LPARAM>(&windows));
-        for (const HWND window : windows) {
-            DWORD process = 0;
-            const DWORD thread = GetWindowThreadProcessId(window, &process);
-            if (process != GetCurrentProcessId() || thread == spared || !IsDialog(window) ||
-                !IsWindowVisible(window) ||
-                std::find(answered.begin(), answered.end(), window) != answered.end())
-                continue;
-            answered.push_back(window);
-            look_(window);
-            {
-                const std::lock_guard lock(mutex_);
-                seen_.push_back(Read(window));
-            }
-            Press(window, button);
-        }
-        Sleep(10);  // there is nothing to wait on for another thread's windows
-    }
 }
 
 }  // namespace Ui

@@ -1,11 +1,10 @@
 #include "support/ui/HostWindow.h"
+#include "support/ui/CommonControls.h"
 
 #include <commctrl.h>
 
 HostWindow::HostWindow() : Application(GetModuleHandleW(nullptr), L"", SW_SHOW) {
-    const INITCOMMONCONTROLSEX classes = {
-        sizeof(classes), ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES | ICC_PROGRESS_CLASS | ICC_BAR_CLASSES};
-    InitCommonControlsEx(&classes);
+    Ui::InitCommonControls();
     // #32770 is the class of dialogs.
     Handle = CreateWindowExW(WS_EX_CONTROLPARENT, L"#32770", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
                              640, 480, nullptr, nullptr, Application.Instance, nullptr);

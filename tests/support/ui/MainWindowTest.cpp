@@ -7,6 +7,7 @@
 
 #include "app/MessageLoop.h"
 #include "resources/resource.h"
+#include "support/ui/CommonControls.h"
 #include "winlib/Controller.h"
 
 namespace {
@@ -58,9 +59,7 @@ const std::vector<int> MainWindowTest::PageGroups = {
 };
 
 MainWindowTest::MainWindowTest() {
-    const INITCOMMONCONTROLSEX classes = {
-        sizeof(classes), ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES | ICC_PROGRESS_CLASS | ICC_BAR_CLASSES};
-    InitCommonControlsEx(&classes);
+    Ui::InitCommonControls();
     WinLib::Application::Install(
         std::make_unique<WinLib::Application>(GetModuleHandleW(nullptr), L"", SW_SHOWNORMAL));
 }

@@ -7,6 +7,7 @@
 
 #include "support/ui/DismissModal.h"
 #include "support/ui/Input.h"
+#include "support/ui/MessageBoxAnswerer.h"
 #include "support/ui/ReplacedImport.h"
 #include "winlib/WindowText.h"
 
@@ -128,17 +129,17 @@ TEST_F(UiSupport, AnActionMayOpenABoxOfItsOwn) {
     EXPECT_EQ(user.Seen().size(), 1U);
 }
 
-TEST_F(UiSupport, BoxesOfOtherThreadsAreAnsweredFromAside) {
-    const Ui::DismissFromAside user(IDOK);
+TEST_F(UiSupport, BoxesOfOtherThreadsAreAnswered) {
+    const Ui::MessageBoxAnswerer answerer;
     std::atomic<int> answer = 0;
     std::thread worker([&] { answer = MessageBoxW(window, L"Failed.", L"Worker", MB_ICONERROR); });
     EXPECT_TRUE(pump.RunUntil([&] { return answer != 0; }, 10s, "the answer to the worker's box"));
     worker.join();
     EXPECT_EQ(answer, IDOK);
-    ASSERT_EQ(user.Seen().size(), 1U);
-    EXPECT_EQ(user.Seen()[0].caption, L"Worker");
-    EXPECT_EQ(user.Seen()[0].text, L"Failed.");
-    EXPECT_EQ(user.Seen()[0].owner, window);
+    ASSERT_EQ(answerer.Seen().size(), 1U);
+    EXPECT_EQ(answerer.Seen()[0].caption, L"Worker");
+    EXPECT_EQ(answerer.Seen()[0].text, L"Failed.");
+    EXPECT_EQ(answerer.Seen()[0].owner, window);
 }
 
 BOOL WINAPI FortySeven(HWND) {

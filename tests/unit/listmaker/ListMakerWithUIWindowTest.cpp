@@ -9,7 +9,9 @@
 #include "TestJob.h"
 #include "resources/resource.h"
 #include "support/TempFolder.h"
+#include "support/ui/CommonControls.h"
 #include "support/ui/DismissModal.h"
+#include "support/ui/MessageBoxAnswerer.h"
 #include "winlib/WindowText.h"
 
 #include <commctrl.h>
@@ -37,8 +39,7 @@ struct ListMakerWithUIWindow : testing::Test {
     }
 
     static HWND MakeOwner() {
-        const INITCOMMONCONTROLSEX request = {sizeof(request), ICC_PROGRESS_CLASS};
-        EXPECT_TRUE(InitCommonControlsEx(&request));
+        Ui::InitCommonControls();
         const HWND window = CreateWindowExW(0, L"STATIC", L"Owner", WS_POPUP | WS_VISIBLE, 0, 0, 200, 100,
                                             nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
         SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OwnerProcedure));
@@ -158,12 +159,12 @@ TEST_F(ListMakerWithUIWindow, EnablesTheOwnerAlsoIfNobodyEndsTheDialog) {
 TEST_F(ListMakerWithUIWindow, TellsAnErrorOnTheDialog) {
     std::promise<HWND> shown;
     const Ui::DismissModal user([&](HWND dialog) { shown.set_value(dialog); });
-    const Ui::DismissFromAside answer(IDOK);
+    const Ui::MessageBoxAnswerer answerer;
     HWND dialog = nullptr;
     TestJob job(owner, MakePreset(), folder.Path(L"missing"));
     job.AtTheBeginning = [&] { dialog = shown.get_future().get(); };
     EXPECT_TRUE(job.Start());
-    const std::vector<Ui::SeenDialog> seen = answer.Seen();
+    const std::vector<Ui::SeenDialog> seen = answerer.Seen();
     ASSERT_EQ(seen.size(), 1u);
     EXPECT_EQ(seen[0].caption, L"Tamblewick");
     EXPECT_EQ(seen[0].owner, dialog);
@@ -203,7 +204,10 @@ TEST_F(ListMakerWithUIWindow, ShowsAnErrorThatComesBeforeTheDialogOnTheDialog) {
         SCOPED_TRACE(i);
         const HWND jobOwner = i % 2 == 0 ? owner : nullptr;
         ShownError shown;
-        const Ui::DismissFromAside answer(IDOK, [&](HWND box) { shown = LookAt(box); });
+        const Ui::MessageBoxAnswerer answerer([&](HWND box) {
+            shown = LookAt(box);
+            return true;
+        });
         std::atomic<bool> failed = false;
         TestJob job(jobOwner, MakePreset(), folder.Path(L"missing"));
         job.AtTheError = [&] { failed = true; };
@@ -212,7 +216,7 @@ TEST_F(ListMakerWithUIWindow, ShowsAnErrorThatComesBeforeTheDialogOnTheDialog) {
                 Sleep(1);
         };
         EXPECT_TRUE(job.Start());
-        const std::vector<Ui::SeenDialog> seen = answer.Seen();
+        const std::vector<Ui::SeenDialog> seen = answerer.Seen();
         ASSERT_EQ(seen.size(), 1u);
         EXPECT_EQ(seen[0].caption, L"Tamblewick");
         EXPECT_TRUE(shown.onDialog);
@@ -226,7 +230,7 @@ TEST_F(ListMakerWithUIWindow, ShowsAnErrorThatComesBeforeTheDialogOnTheDialog) {
 TEST_F(ListMakerWithUIWindow, HasItsErrorAnsweredWhileTheOwnerWaits) {
     for (int i = 0; i < 20 && !HasFailure(); ++i) {
         const Ui::DismissModal user(IDC_PROGRESS_BACKGROUND);
-        const Ui::DismissFromAside answer(IDOK);
+        const Ui::MessageBoxAnswerer answerer;
         std::promise<void> go;
         {
             TestJob job(owner, MakePreset(), folder.Path(L"missing"));
@@ -234,7 +238,7 @@ TEST_F(ListMakerWithUIWindow, HasItsErrorAnsweredWhileTheOwnerWaits) {
             EXPECT_FALSE(job.Start());
             go.set_value();
         }
-        const std::vector<Ui::SeenDialog> seen = answer.Seen();
+        const std::vector<Ui::SeenDialog> seen = answerer.Seen();
         ASSERT_EQ(seen.size(), 1u);
         EXPECT_EQ(seen[0].owner, owner);
         EXPECT_EQ(TakeEndMessages(), 2);
