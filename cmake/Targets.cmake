@@ -18,7 +18,7 @@ find_path(UTF8CPP_INCLUDE_DIR utf8.h PATHS /usr/include/utf8cpp REQUIRED NO_DEFA
 add_library(utf8cpp INTERFACE)
 target_include_directories(utf8cpp SYSTEM INTERFACE ${UTF8CPP_INCLUDE_DIR})
 
-# What stands beneath the program: Windows itself, or on Linux the stand-in of tests/fakewin, whose
+# The platform below the program: Windows itself, or on Linux the stand-in of tests/fakewin, whose
 # windows.h is found in the place of the real one.
 add_library(platform INTERFACE)
 target_link_libraries(platform INTERFACE utf8cpp)

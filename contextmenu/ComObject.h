@@ -26,7 +26,7 @@ HRESULT Guarded(const Body& body) noexcept {
 }
 
 // A COM object that implements the interfaces and deletes itself with its last reference. It begins with one,
-// which belongs to whoever made it.
+// which belongs to its creator.
 template <typename... Interfaces>
 class ComObject : public Interfaces... {
 public:

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Fuzzes the logic on the stand-in for Win32: each program of tests/fuzz for so many minutes, as many at a time
+# Fuzzes the logic on the stand-in for Win32: each program of tests/fuzz for this many minutes, as many at a time
 # as there are processors.
 #
 #   scripts/fuzz.sh [MINUTES [TARGET...]]     default: 1 minute, all targets

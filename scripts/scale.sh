@@ -61,7 +61,7 @@ set_value Saving CustomFolderPath "$(windows_path "$lists")"
 set_value Saving OverwriteExisting 1 REG_DWORD
 set_value Opening OpenMethod Nothing
 
-# The rows of a list are full paths: in a grouped one each folder with what lies in it, its folders first, in a flat
+# The rows of a list are full paths: in a grouped one each folder with its contents, its folders first, in a flat
 # one all folders and then all files, those of a folder before those of the folders in it.
 expected_rows() {
     local root=$1 flat=$2

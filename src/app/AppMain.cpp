@@ -36,8 +36,8 @@ void RunBatch(const std::vector<std::wstring>& arguments) {
     job.Start();
 }
 
-// Takes down the window that an exception leaves behind, and before that the way to its controller: neither
-// may outlive the controller, and the end of the main window would end the message box that is to come.
+// After an exception: clears GWLP_USERDATA and destroys the window before its controller is destroyed.
+// Clearing comes first, because WM_DESTROY would otherwise post WM_QUIT and close the error message at once.
 class WindowRemover {
 public:
     explicit WindowRemover(const MainController& controller) : controller_(controller) {}

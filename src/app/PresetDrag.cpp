@@ -123,7 +123,7 @@ void PresetDrag::Mark(HTREEITEM target) const {
 }
 
 // Items stay where they are and their contents travel, by exchanges of neighbours. The walk goes down first;
-// when it meets the bottom and not the target, the target lies above, and the walk turns.
+// when it meets the bottom and not the target, the target is above, and the walk turns.
 void PresetDrag::Drop(HTREEITEM dragged, HTREEITEM target) const {
     UINT direction = TVGN_NEXT;
     HTREEITEM next = tree_.Next(direction, dragged);

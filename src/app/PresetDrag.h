@@ -1,6 +1,6 @@
 // The drag of an item to another place among the top-level items of a tree, with its image and the mark of
 // the drop. Does not know which items may be dragged: the owner passes the mouse events on and says which
-// item lies under the mouse. The owner also leaves each event to the tree, so that selection works as usual.
+// item is under the mouse. The owner also leaves each event to the tree, so that selection works as usual.
 #pragma once
 
 #include "winlib/Handles.h"
@@ -35,7 +35,7 @@ public:
     void EndOf(HTREEITEM item);
     void CaptureLost();
 
-    // Moves the contents of an item behind those of another. The handles stay where they are.
+    // Moves the contents of an item after those of another. The handles stay where they are.
     void Drop(HTREEITEM dragged, HTREEITEM target) const;
 
 private:

@@ -23,7 +23,7 @@ struct Record {
     const wchar_t* fullName;   // the name as reported by the file system
     uint32_t flags;
     uint32_t attributes;    // dwFileAttributes, unchanged
-    int32_t depth;          // -1 for the root, 0 for what lies in it
+    int32_t depth;          // -1 for the root, 0 for its direct contents
     uint64_t totalFolders;  // anywhere below
     uint64_t totalFiles;
     uint64_t folderCount;  // directly in this folder

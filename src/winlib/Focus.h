@@ -1,6 +1,6 @@
 // The keyboard focus in dialogs. Windows leaves it with a window that is hidden and takes it from one that is
-// disabled or destroyed without giving it to another, so that the keyboard is lost: a control that goes away
-// has to hand it on first.
+// disabled or destroyed without giving it to another, so that keys are lost. So the focus must be moved
+// before a control goes away.
 #pragma once
 
 #include "winlib/Windows.h"

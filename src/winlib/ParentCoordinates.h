@@ -9,11 +9,11 @@ namespace WinLib {
 // A point of the screen.
 POINT ScreenToParent(HWND window, POINT point);
 
-// Where the window lies; empty if it has been destroyed.
+// The rectangle of the window; empty if it has been destroyed.
 RECT RectInParent(HWND window);
 
 // Moves and sizes the window and has drawn again what that changes on the screen. Does nothing if the window
-// lies there already, so that nothing flickers.
+// is there already, so that nothing flickers.
 void MoveInParent(HWND window, const RECT& place);
 
 }  // namespace WinLib

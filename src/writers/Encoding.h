@@ -6,5 +6,5 @@
 
 // Returns UTF-16 text as UTF-8. Never fails, since file names may hold any units: a lead surrogate is
 // combined with the next unit, whatever that is, and with 0 at the end of the text; a lone trail surrogate
-// becomes three bytes. The result lies in memory, which grows as needed, and is valid until its next use.
+// becomes three bytes. The result is in `memory`, which grows as needed, and is valid until its next use.
 std::string_view EncodeText(std::wstring_view text, std::string& memory);

@@ -10,7 +10,7 @@ public:
     // The current rectangle of the window is its minimum until the next Measure.
     Window(HWND window, Alignment horizontal, Alignment vertical);
 
-    // Moves the window, unless it lies there already.
+    // Moves the window, unless it is there already.
     void Arrange(const RECT& rect) override;
     void Measure() override;
 
