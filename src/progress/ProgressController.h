@@ -1,6 +1,6 @@
-// The modal dialog in front of a running list: two lines of text, a moving bar, "Background" and "Cancel". It
-// knows nothing of jobs. A worker thread may call the operations of the second group as long as it holds the
-// object; everything else belongs to the thread that runs the dialog.
+// The modal progress dialog of a running list: two lines of text, a moving bar, "Background" and "Cancel". It
+// does not know the list. A worker thread may call the operations of the first group while it owns the
+// object; all others must be called on the thread that runs the dialog.
 #pragma once
 
 #include <atomic>
@@ -29,8 +29,8 @@ public:
     // The dialog's window, or null before it is complete.
     HWND Window() const { return window_.load(); }
 
-    // The same, but waits for a window that is still being created, asking every 25 milliseconds. Null if its
-    // creation has failed.
+    // Waits for the window to be complete and returns it, or null if its creation has failed. Polls every 25
+    // milliseconds.
     HWND WaitForWindow() const;
 
     // Ends the dialog with 1, at once or as soon as it has been created.
@@ -38,7 +38,7 @@ public:
 
     // For the thread of the dialog.
 
-    // Ends WaitForWindow, also without a window. To be called when the dialog is over, however it ended.
+    // Ends WaitForWindow, also without a window. Call when the dialog has ended or could not be created.
     void EndCreation();
 
     bool OnControlCommand(WORD id, HWND control, WORD code) override;
@@ -63,8 +63,6 @@ public:
 
 private:
     void BuildLayout();
-
-    // The size of the whole window whose client area has the minimum size.
 
     WinLib::WindowIcon icon_;
 
