@@ -9,6 +9,7 @@
 #include "contextmenu/LoadedModule.h"
 #include "support/TempFolder.h"
 #include "support/TestRegistry.h"
+#include "support/windows/Process.h"
 
 #include <shellapi.h>
 #include <shlobj.h>
@@ -19,24 +20,8 @@ const wchar_t Root[] = L"Software\\Tamblewick";
 constexpr UINT FirstId = 100;
 constexpr UINT LastId = 199;
 
-// Runs a process to its end and returns its exit code, or 99.
-DWORD RunProcess(std::wstring commandLine) {
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process))
-        return 99;
-    DWORD code = 99;
-    if (WaitForSingleObject(process.hProcess, 60'000) == WAIT_OBJECT_0)
-        GetExitCodeProcess(process.hProcess, &code);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return code;
-}
-
 DWORD RunRegsvr32(const std::wstring& arguments) {
-    return RunProcess(L"regsvr32.exe " + arguments);
+    return TestSupport::RunProcess(L"regsvr32.exe " + arguments);
 }
 
 // The text of a value below HKEY_CLASSES_ROOT, or "(none)".
@@ -416,8 +401,8 @@ TEST_F(ContextMenuTest, HostMayEndRightAfterTheChoice) {
     AddPreset(L"aaa", L"First", 1);
     const std::wstring host =
         (std::filesystem::path(ModulePath()).parent_path() / L"contextmenu_host.exe").wstring();
-    EXPECT_EQ(RunProcess(L"\"" + host + L"\" \"" + folder_.Path(L"One Folder") + L"\" \"" +
-                         folder_.Path(L"Two") + L"\""),
+    EXPECT_EQ(TestSupport::RunProcess(L"\"" + host + L"\" \"" + folder_.Path(L"One Folder") + L"\" \"" +
+                                      folder_.Path(L"Two") + L"\""),
               7u);
     ExpectList(L"List of One Folder.txt", "a.txt\r\n");
 }

@@ -60,25 +60,10 @@ private:
     HANDLE handle_;
 };
 
-// Runs the program with these handles for its output. Returns its exit code, or 99 if it cannot be started.
+// Runs the program with these handles for its output and returns its exit code.
 DWORD RunPresets(const std::wstring& arguments, HANDLE out, HANDLE error) {
-    const std::wstring program = EndToEnd::PathBeside(L"presets.exe");
-    std::wstring line = L"\"" + program + L"\" " + arguments;
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof(startup);
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdOutput = out;
-    startup.hStdError = error;
-    PROCESS_INFORMATION process = {};
-    DWORD code = 99;
-    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                        &process))
-        return code;
-    WaitForSingleObject(process.hProcess, INFINITE);
-    GetExitCodeProcess(process.hProcess, &code);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return code;
+    return TestSupport::RunProcess(L"\"" + EndToEnd::PathBeside(L"presets.exe") + L"\" " + arguments,
+                                   {.output = out, .error = error});
 }
 
 Output RunPresets(const std::wstring& arguments) {

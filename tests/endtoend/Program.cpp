@@ -142,35 +142,8 @@ std::wstring PathBeside(const std::wstring& name) {
 
 Process::Process(const std::wstring& arguments) : Process(PathBeside(L"tamblewick.exe"), arguments) {}
 
-Process::Process(const std::wstring& program, const std::wstring& arguments) {
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof(startup);
-    std::wstring line = L"\"" + program + L"\" " + arguments;
-    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &information_))
-        ADD_FAILURE() << "the program could not be started, error " << GetLastError();
-}
-
-Process::~Process() {
-    Wait();
-    CloseHandle(information_.hThread);
-    CloseHandle(information_.hProcess);
-}
-
-DWORD Process::Wait() {
-    if (WaitForSingleObject(information_.hProcess, 60'000) != WAIT_OBJECT_0) {
-        ADD_FAILURE() << "the program did not end within a minute";
-        TerminateProcess(information_.hProcess, 99);
-        WaitForSingleObject(information_.hProcess, INFINITE);
-    }
-    DWORD code = 0;
-    GetExitCodeProcess(information_.hProcess, &code);
-    return code;
-}
-
-bool Process::IsRunning() const {
-    return WaitForSingleObject(information_.hProcess, 0) == WAIT_TIMEOUT;
-}
+Process::Process(const std::wstring& program, const std::wstring& arguments)
+    : TestSupport::Process(L"\"" + program + L"\" " + arguments) {}
 
 namespace {
 
@@ -197,15 +170,15 @@ BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
 }  // namespace
 
 HWND Process::WaitForWindow(const std::wstring& title) const {
-    WindowSearch search = {information_.dwProcessId, &title, nullptr};
+    WindowSearch search = {Id(), &title, nullptr};
     do {
         EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));
-    } while (!search.found && WaitForSingleObject(information_.hProcess, 1) == WAIT_TIMEOUT);
+    } while (!search.found && !EndsWithin(1));
     return search.found;
 }
 
 bool Process::HasWindow() const {
-    WindowSearch search = {information_.dwProcessId, nullptr, nullptr};
+    WindowSearch search = {Id(), nullptr, nullptr};
     EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));
     return search.found != nullptr;
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "winlib/Windows.h"
+#include "support/windows/Process.h"
 
 namespace EndToEnd {
 
@@ -46,24 +46,13 @@ std::wstring ListsFolder();
 // The path of a file in the folder of the test program, where the built programs are too.
 std::wstring PathBeside(const std::wstring& name);
 
-// A started program. Its end is waited for by the destructor.
-class Process {
+class Process : public TestSupport::Process {
 public:
     // Starts the program beside the test program with this command line after its name.
     explicit Process(const std::wstring& arguments);
 
     // The same with another program.
     Process(const std::wstring& program, const std::wstring& arguments);
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
-    ~Process();
-
-    // Waits for the end and gives the exit code.
-    DWORD Wait();
-
-    bool IsRunning() const;
-
-    DWORD Id() const { return information_.dwProcessId; }
 
     // Waits until the process shows a top-level window of this title, and returns it; null if the process
     // ends first.
@@ -71,9 +60,6 @@ public:
 
     // Whether the process shows any top-level window now.
     bool HasWindow() const;
-
-private:
-    PROCESS_INFORMATION information_ = {};
 };
 
 // The control with this id in a dialog of another process, or null. GetDlgItem would do, but on windows of

@@ -41,35 +41,8 @@ BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
 
 }  // namespace
 
-Process::Process(const std::wstring& commandLine, const fs::path& folder) {
-    std::wstring line = commandLine;
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof(startup);
-    const wchar_t* const current = folder.empty() ? nullptr : folder.c_str();
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, current, &startup,
-                        &information_))
-        ADD_FAILURE() << testing::PrintToString(commandLine) << " could not be started, error "
-                      << GetLastError();
-}
-
-Process::~Process() {
-    if (information_.hProcess == nullptr)
-        return;
-    Wait();
-    CloseHandle(information_.hThread);
-    CloseHandle(information_.hProcess);
-}
-
-DWORD Process::Wait() {
-    if (WaitForSingleObject(information_.hProcess, 60'000) != WAIT_OBJECT_0) {
-        ADD_FAILURE() << "the process did not end within a minute";
-        TerminateProcess(information_.hProcess, 99);
-        WaitForSingleObject(information_.hProcess, INFINITE);
-    }
-    DWORD code = 99;
-    GetExitCodeProcess(information_.hProcess, &code);
-    return code;
-}
+Process::Process(const std::wstring& commandLine, const fs::path& folder)
+    : TestSupport::Process(commandLine, {.folder = folder}) {}
 
 HWND Process::WaitForControl(int control, const std::wstring& text) const {
     return WaitForControl(control, text, false);
@@ -81,17 +54,12 @@ bool Process::Press(int button, const std::wstring& text) const {
 }
 
 HWND Process::WaitForControl(int control, const std::wstring& text, bool enabled) const {
-    ControlSearch search = {information_.dwProcessId, control, &text, enabled, nullptr};
+    ControlSearch search = {Id(), control, &text, enabled, nullptr};
     const ULONGLONG end = GetTickCount64() + 60'000;
     do {
         EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));
-    } while (!search.found && GetTickCount64() < end &&
-             WaitForSingleObject(information_.hProcess, 1) == WAIT_TIMEOUT);
+    } while (!search.found && GetTickCount64() < end && !EndsWithin(1));
     return search.found;
-}
-
-DWORD RunProcess(const std::wstring& commandLine) {
-    return Process(commandLine).Wait();
 }
 
 std::wstring Quoted(const fs::path& path) {

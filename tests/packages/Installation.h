@@ -10,27 +10,21 @@
 #include <string>
 
 #include "support/TestRegistry.h"
+#include "support/windows/Process.h"
 
 namespace Packaging {
 
 namespace fs = std::filesystem;
+using TestSupport::RunProcess;
 using Names = std::set<std::wstring>;
 using Contents = std::map<std::wstring, std::string>;
 
 // For controls of any id.
 constexpr int AnyControl = -1;
 
-// A started program. The destructor waits for its end.
-class Process {
+class Process : public TestSupport::Process {
 public:
     explicit Process(const std::wstring& commandLine, const fs::path& folder = {});
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
-    ~Process();
-
-    // Waits for the end and returns the exit code. A program that does not end within a minute fails the
-    // test.
-    DWORD Wait();
 
     // Waits until the process shows a control with this id and this text in its own, and returns it. Returns
     // null if the process ends first.
@@ -42,11 +36,7 @@ public:
 
 private:
     HWND WaitForControl(int control, const std::wstring& text, bool enabled) const;
-
-    PROCESS_INFORMATION information_ = {};
 };
-
-DWORD RunProcess(const std::wstring& commandLine);
 
 std::wstring Quoted(const fs::path& path);
 
