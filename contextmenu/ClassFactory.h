@@ -1,4 +1,4 @@
-// Makes the handlers that the shell asks for.
+// Creates the handlers for the shell.
 #pragma once
 
 #include "contextmenu/ComObject.h"

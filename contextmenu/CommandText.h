@@ -1,4 +1,4 @@
-// The texts of a menu's entries in the buffers that callers bring along.
+// Copies the texts of a menu's entries to the buffers of callers.
 #pragma once
 
 #include <string>

@@ -11,8 +11,8 @@
 
 namespace {
 
-// A menu takes an ampersand as the mark of the next character, unless it is doubled, and a tab as the way to
-// a second column.
+// In the text of a menu entry an ampersand underlines the next character, unless it is doubled, and a tab
+// begins a second column.
 std::wstring MenuText(const std::wstring& text) {
     std::wstring shown;
     for (const wchar_t c : text) {

@@ -7,7 +7,7 @@
 
 namespace Module {
 
-// Given by DllMain, before anything else happens.
+// Called by DllMain before anything else.
 void SetInstance(HINSTANCE instance);
 HINSTANCE Instance();
 

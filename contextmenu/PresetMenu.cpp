@@ -20,7 +20,7 @@ bool ProgramExists() {
     return GetFileAttributesW(Module::ProgramPath().c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-// A quote cannot be handed to the program as part of an argument, so such a key has no way to it.
+// A quote cannot be part of an argument of the program, so a preset with such a key is left out.
 bool CanBePassed(const std::wstring& key) {
     return key.find(L'"') == std::wstring::npos;
 }

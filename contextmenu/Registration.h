@@ -6,7 +6,7 @@
 namespace Registration {
 
 // Write the keys below classes, which is HKEY_CLASSES_ROOT or the user's own classes, and notify the shell.
-// Gives back the first failure, after which nothing is left half done.
+// Returns the first failure, after which none of the keys remains.
 HRESULT Register(HKEY classes);
 
 // Delete the keys; what is missing already is no failure.

@@ -44,8 +44,8 @@ BOOL CALLBACK Visit(HWND window, LPARAM parameter) {
     return FALSE;
 }
 
-// Waits for a window of the process, visible or not, that has this control or is a message box, behind which
-// the control may be gone for good; null if the process ends first.
+// Waits for a window of the process, visible or not, that has this control or is a message box, after which
+// the control may never appear; null if the process ends first.
 HWND WaitForWindow(const Process& program, int control) {
     Search search = {program.Id(), control, nullptr};
     do {

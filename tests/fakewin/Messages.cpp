@@ -8,7 +8,7 @@
 namespace FakeWin::Internal {
 namespace {
 
-// Tells the sender that its message is through, also when the window's procedure throws.
+// Wakes the sender of a message when it was handled, also if the window procedure throws.
 class Completion {
 public:
     Completion(std::unique_lock<std::mutex>& lock, std::shared_ptr<SentMessage> sent)

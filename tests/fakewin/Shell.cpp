@@ -1,4 +1,4 @@
-// Starting programs, telling the shell, and what little of modules and processes the logic asks for.
+// Starting programs, notifying the shell, and the few calls on modules and processes that the logic makes.
 #include <shellapi.h>
 #include <shlobj.h>
 

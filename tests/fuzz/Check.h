@@ -1,5 +1,4 @@
-// What a fuzz program does when the product breaks its word: it says what is wrong and aborts, and the fuzzer
-// keeps the input.
+// Reports a wrong result of the product and aborts the fuzz program, so that the fuzzer keeps the input.
 #pragma once
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// The bytes of one fuzzing run, taken from front to back as numbers, choices and text. Behind the end every
+// The bytes of one fuzzing run, taken from front to back as numbers, choices and text. After the end every
 // byte is 0, so that an input of any length makes sense and a small change of it is a small change of what it
 // means.
 #pragma once

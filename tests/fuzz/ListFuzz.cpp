@@ -1,4 +1,4 @@
-// A whole list: a random preset on a random tree whose folders, files and user misbehave.
+// A whole list: a random preset on a random tree, with failing folders and files and any answers of the user.
 #include <utf8.h>
 
 #include <algorithm>

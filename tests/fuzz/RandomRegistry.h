@@ -1,4 +1,4 @@
-// A registry as an old version, another program or a curious user may have left it: some of the values that
+// A registry as an old version or another program may have written it: some of the values that
 // the settings read, in any type and size, and some that they do not know.
 #pragma once
 

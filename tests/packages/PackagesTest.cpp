@@ -1,5 +1,5 @@
 // What the setup leaves on the disk and in the registry, and what its removal takes away again; the portable
-// program in a folder of an awkward name. Run on the packages that package.sh has made.
+// program in a folder whose name has unusual characters. Run on the packages that package.sh has made.
 #include "packages/Installation.h"
 
 using namespace Packaging;

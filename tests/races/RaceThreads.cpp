@@ -16,7 +16,7 @@ public:
         : starts_(starts), warmUp_(starts / 10 + 2 * RaceThreadCount), firstSeed_(FirstSeed()), open_(open) {}
 
     void Run() {
-        // Wine does not bear that several threads make the first dialog of a process.
+        // Wine fails if several threads create the first dialog of a process at the same time.
         RaceOnce(*open_(0), firstSeed_);
         std::vector<std::thread> threads;
         for (int number = 0; number < RaceThreadCount; ++number)

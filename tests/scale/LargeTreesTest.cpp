@@ -1,4 +1,4 @@
-// Lists of trees beyond all measure. Each is made by a whole job, whose worker gets a stack too small for
+// Lists of very large trees. Each is made by a whole job, whose worker gets a stack too small for
 // anything that grows with the tree.
 #include <gtest/gtest.h>
 #include <pthread.h>

@@ -1,5 +1,5 @@
 // A folder of a test's own with a tree in it: really on the disk under Wine, in the stand-in's file system on
-// Linux. It is empty at first and goes with everything in it when the object dies.
+// Linux. It is empty at first and deleted with all its contents by the destructor.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,4 @@
-// The tree's controller alone, on the tree of the dialog resource: what it keeps, and what it asks of whoever
-// commands the presets.
+// The tree's controller alone, on the tree of the dialog resource: its items, and its calls of ICommand.
 
 #include "app/MainTreeController.h"
 

@@ -74,7 +74,7 @@ TEST(PathPages, PathIsEnabledByTheCustomChoiceAlone) {
     }
 }
 
-// Whoever drives the page from outside may send a click without ticking the button.
+// A message from outside may report a click without checking the button.
 TEST(PathPages, BareClickCountsWhateverIsChecked) {
     for (const PathRow& row : PathPages) {
         SCOPED_TRACE(row.page.name);

@@ -19,7 +19,7 @@ struct Change {
     DWORD added;
 };
 
-// A tree with check boxes for its two roots, and texts that hear the mouse.
+// A tree with check boxes for its two roots, and static texts that get mouse messages.
 constexpr Change Changes[] = {
     {IDD_COLUMNS, IDC_COLUMNS_TREE, TVS_CHECKBOXES | TVS_LINESATROOT},
     {IDD_SORTING, IDC_SORTING_TREE, TVS_CHECKBOXES | TVS_LINESATROOT},

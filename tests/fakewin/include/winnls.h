@@ -24,7 +24,7 @@ int WINAPI GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* date, LPCW
 int WINAPI GetTimeFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, LPCWSTR format, LPWSTR buffer,
                           int size);
 
-// A pointer whose high word is zero is one character and comes back in lower case; otherwise the text behind
+// A pointer whose high word is zero is one character and comes back in lower case; otherwise the text at
 // the pointer is changed in place.
 LPWSTR WINAPI CharLowerW(LPWSTR text);
 

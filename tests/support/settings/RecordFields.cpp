@@ -30,7 +30,7 @@ void AddFields(const FieldRow* table, std::byte* record, const std::wstring& key
     }
 }
 
-// Reads nothing, but learns where the record and its table are.
+// Reads nothing, but records where the record and its table are.
 class Collector : public MetaTypes::IDeserializer {
 public:
     bool Deserialize(const FieldRow* table, void* record) override {

@@ -22,7 +22,7 @@ public:
     // Returns when the queue of this thread is empty.
     void RunUntilIdle();
 
-    // Returns true as soon as done() is true. Past the deadline the test fails, telling what it waited for.
+    // Returns true as soon as done() is true. After the deadline the test fails with what it waited for.
     bool RunUntil(const std::function<bool()>& done, std::chrono::milliseconds deadline,
                   const std::string& what);
 

@@ -1,5 +1,5 @@
-// Jobs that run out of memory: within the scan they end without a list and without a word, while the list is
-// written they end the process.
+// Jobs that run out of memory: within the scan they end without a list and without a message, while the list
+// is written they end the process.
 #include <gtest/gtest.h>
 
 #include <functional>

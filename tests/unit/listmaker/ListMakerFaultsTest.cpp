@@ -151,7 +151,7 @@ void DestroyOnItsWorker() {
     never.get_future().wait();
 }
 
-// A thread that waits for itself; ThreadSanitizer ends the process with words of its own.
+// A thread that waits for itself; ThreadSanitizer ends the process with its own message.
 TEST_F(ListMakerFaults, DestructionOnTheWorkerEndsTheProcess) {
     EXPECT_DEATH(DestroyOnItsWorker(), "");
 }

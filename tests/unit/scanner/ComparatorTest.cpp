@@ -211,7 +211,7 @@ TEST(Comparator, RejectsTheNumberZero) {
     const SortKey zero = {static_cast<Comparison>(0), true};
     EXPECT_THROW(Comparator({zero}, Files, false), std::invalid_argument);
     EXPECT_THROW(Comparator({{Comparison::Name, true}, zero}, Folders, false), std::invalid_argument);
-    // Behind the end of the list it is not looked at.
+    // After the end of the list it is not read.
     EXPECT_NO_THROW(Comparator({{Comparison::Name, true}, {Comparison::Name, true}, zero}, Files, false));
 }
 

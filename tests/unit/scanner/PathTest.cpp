@@ -61,7 +61,7 @@ TEST(JoinPath, JoinsTwoParts) {
         {L"", L"\\\\s", L"\\\\s"},
         {L"", L"\\\\\\server", L"server"},
         {L"", L"\\\\", L"\\"},
-        // Behind a first part it may not.
+        // After a first part it may not.
         {L"C:\\Data", L"\\\\server\\share", L"C:\\Data\\server\\share"},
     };
     for (const auto& row : rows)

@@ -32,7 +32,7 @@ protected:
         return RegistrySerializer(Key).Serialize(Field.rows, &member);
     }
 
-    // What a lone field of this value becomes.
+    // How a single field of this value is stored.
     template <typename Member>
     std::optional<RegistryValue> Stored(const Member& member) {
         EXPECT_TRUE(Write(member));

@@ -189,7 +189,7 @@ TEST(Settings, TheTextOfAFailedAccessIsBadCast) {
     }
 }
 
-// Hears which table and record it is given.
+// Records which table and record it is given.
 class Recorder : public ISerializer, public IDeserializer {
 public:
     explicit Recorder(bool result) : result_(result) {}

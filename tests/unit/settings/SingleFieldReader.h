@@ -1,4 +1,4 @@
-// Stores one value in the registry and reads it into a lone field.
+// Stores one value in the registry and reads it into a single field.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ class SingleFieldReader : public testing::Test {
 protected:
     const std::wstring Key = L"Software\\Tamblewick\\Test";
 
-    // Reads what is stored as "Value" into a lone field.
+    // Reads what is stored as "Value" into a single field.
     template <typename Member>
     bool Read(Member& member) {
         static constexpr SingleField Field = SingleFieldOf<Member>();

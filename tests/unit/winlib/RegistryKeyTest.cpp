@@ -80,7 +80,7 @@ TEST_F(RegistryKeyTest, ReadStringGivesTheTextUpToItsFirstZero) {
 }
 
 TEST_F(RegistryKeyTest, ReadStringOfAnOddNumberOfBytesIsSafe) {
-    // Behind the one unit lies the half of another.
+    // One unit, and the half of another one.
     Store(REG_SZ, TextData(L"a") + "\x62");
     std::wstring text;
     EXPECT_TRUE(key_.ReadString(L"Value", text));
