@@ -11,8 +11,8 @@ std::atomic<long> uses = 0;
 
 }  // namespace
 
-void SetInstance(HINSTANCE given) {
-    instance = given;
+void SetInstance(HINSTANCE module) {
+    instance = module;
 }
 
 HINSTANCE Instance() {

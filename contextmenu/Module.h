@@ -8,7 +8,7 @@
 namespace Module {
 
 // Called by DllMain before anything else.
-void SetInstance(HINSTANCE instance);
+void SetInstance(HINSTANCE module);
 HINSTANCE Instance();
 
 // The full path of this module.

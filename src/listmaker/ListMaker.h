@@ -12,8 +12,9 @@
 
 class ListMaker : public Scanner::Listener {
 public:
-    // Copies the preset and chooses the name of the list file, but creates no file. path may be any text.
-    ListMaker(const Preset& preset, const std::wstring& path);
+    // Copies the preset and chooses the name of the list file, but creates no file. listedPath may be any
+    // text.
+    ListMaker(const Preset& source, const std::wstring& listedPath);
     ListMaker(const ListMaker&) = delete;
     ListMaker& operator=(const ListMaker&) = delete;
 

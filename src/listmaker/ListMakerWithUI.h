@@ -12,8 +12,8 @@ class ProgressController;
 
 class ListMakerWithUI : public ListMaker {
 public:
-    // owner is the parent of the dialog and receives the end message; null when there is no window.
-    ListMakerWithUI(HWND owner, const Preset& preset, const std::wstring& path);
+    // ownerWindow is the parent of the dialog and receives the end message; null if there is no window.
+    ListMakerWithUI(HWND ownerWindow, const Preset& source, const std::wstring& listedPath);
 
     void OnProgress(const std::wstring& status, const std::wstring& detail) override;
     void OnError(const std::wstring& message) override;
