@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the real program and runs it under Wine.
 #
-#   ./run.sh [--text] [FOLDER]      an HTML list, or with --text a text list, of FOLDER (default: this repository)
+#   ./run.sh [--text] [FOLDER]      an HTML list, or with --text a text list, of FOLDER (default: src)
 #   ./run.sh --window               the main window; without a display a picture of it
 set -euo pipefail
 
@@ -14,8 +14,10 @@ case "${1:-}" in
 esac
 [ $# -le 1 ] || { echo "usage: ./run.sh [--text] [FOLDER] | ./run.sh --window" >&2; exit 1; }
 root=$(dirname "$(readlink -f "$0")")
-[ -d "${1:-$root}" ] || { echo "There is no folder '$1'." >&2; exit 1; }
-folder=$(readlink -f "${1:-$root}")
+# Not the whole repository: a Wine prefix below build/ leads to the whole disk.
+folder=${1:-$root/src}
+[ -d "$folder" ] || { echo "There is no folder '$folder'." >&2; exit 1; }
+folder=$(readlink -f "$folder")
 
 cd "$root"
 . scripts/common.sh
