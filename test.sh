@@ -39,7 +39,7 @@ packaging/package.sh
 unpack_portable
 
 echo "Testing windows ..."
-# The races take minutes: scripts/races.sh.
+# The races take minutes: scripts/races.sh. What failed, or was not run, is counted below.
 scripts/windows-tests.sh -E 'races$' || true
 
 scripts/count-results.py native native-asan native-tsan fuzz windows

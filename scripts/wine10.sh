@@ -39,7 +39,10 @@ packaging/package.sh
 build_preset windows
 unpack_portable
 
-# Mounts and processes are those of a namespace and end with it, however the run ends.
+# So that a run that does not begin is counted as a failure and not by older results.
+rm -rf build/windows/results
+
+# Mounts and processes are those of a namespace and end with it, however the run ends. Failures are counted below.
 unshare --mount --pid --fork --kill-child bash -euc '
     root=$1
     shift
