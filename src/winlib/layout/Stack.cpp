@@ -2,10 +2,6 @@
 
 #include <algorithm>
 
-#include "winlib/layout/Overlapped.h"
-#include "winlib/layout/Spacer.h"
-#include "winlib/layout/Window.h"
-
 namespace WinLib::Layout {
 
 namespace {
@@ -48,33 +44,6 @@ Stack::Stack(const Layout::Margins& margins, int horizontalGap, int verticalGap)
     MinimumRect = CurrentRect = {0, 0, margins.left + margins.right, margins.top + margins.bottom};
 }
 
-template <typename Child>
-Child* Stack::Add(int stretch, std::unique_ptr<Child> child) {
-    Child* const added = child.get();
-    Children.push_back(std::move(child));
-    Stretch.push_back(stretch);
-    TotalStretch += stretch;
-    return added;
-}
-
-HStack* Stack::AddHStack(int stretch, const Layout::Margins& margins, int gap) {
-    const Layout::Margins used = {.left = margins.left, .right = margins.right};
-    return Add(stretch, std::make_unique<HStack>(used, gap));
-}
-
-VStack* Stack::AddVStack(int stretch, const Layout::Margins& margins, int gap) {
-    const Layout::Margins used = {.left = margins.left, .top = margins.top, .right = margins.right};
-    return Add(stretch, std::make_unique<VStack>(used, gap));
-}
-
-Overlapped* Stack::AddOverlapped(int stretch) {
-    return Add(stretch, std::make_unique<Overlapped>());
-}
-
-Window* Stack::AddWindow(int stretch, HWND window, Alignment horizontal, Alignment vertical) {
-    return Add(stretch, std::make_unique<Window>(window, horizontal, vertical));
-}
-
 int Stack::Share(size_t i, int extra) const {
     const float part = static_cast<float>(Stretch[i]) / static_cast<float>(std::max(TotalStretch, 1));
     return std::min(extra, static_cast<int>(part * static_cast<float>(extra)));
@@ -102,10 +71,6 @@ void HStack::Measure() {
         WithMargins(extent.origin, {extent.sum.cx + gaps, extent.largest.cy}, Margins);
 }
 
-Sizer* HStack::AddSpacer(int stretch, int size) {
-    return Add(stretch, std::make_unique<HSpacer>(size));
-}
-
 void VStack::Arrange(const RECT& rect) {
     Sizer::Arrange(rect);
     const LONG left = CurrentRect.left + Margins.left;
@@ -126,10 +91,6 @@ void VStack::Measure() {
     const LONG gaps = VerticalGap * (static_cast<LONG>(Children.size()) - 1);
     MinimumRect = CurrentRect =
         WithMargins(extent.origin, {extent.largest.cx, extent.sum.cy + gaps}, Margins);
-}
-
-Sizer* VStack::AddSpacer(int stretch, int size) {
-    return Add(stretch, std::make_unique<VSpacer>(size));
 }
 
 }  // namespace WinLib::Layout
