@@ -8,6 +8,7 @@
 #include "settings/Preset.h"
 #include "writers/DateTime.h"
 #include "writers/PathState.h"
+#include "writers/SizeFormat.h"
 #include "writers/Writer.h"
 
 namespace {
@@ -199,12 +200,12 @@ std::vector<const wchar_t*> MakeTitles(const std::vector<const Column*>& columns
 
 }  // namespace
 
-std::vector<ColumnWriter> MakeFolderColumns(const Preset& preset) {
-    return MakeWriters(preset, ShownFolderColumns(preset));
-}
-
-std::vector<ColumnWriter> MakeFileColumns(const Preset& preset) {
-    return MakeWriters(preset, ShownFileColumns(preset));
+Cells MakeCells(const Preset& preset) {
+    return {
+        .sizeWriter = MakeSizeWriter(preset.Get(Display::SizeStyle)),
+        .folderColumns = MakeWriters(preset, ShownFolderColumns(preset)),
+        .fileColumns = MakeWriters(preset, ShownFileColumns(preset)),
+    };
 }
 
 std::vector<const wchar_t*> FolderTitles(const Preset& preset) {

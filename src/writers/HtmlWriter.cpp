@@ -2,6 +2,7 @@
 
 #include "resources/version.h"
 #include "settings/Preset.h"
+#include "writers/Columns.h"
 #include "writers/DateTime.h"
 #include "writers/StyleSheet.h"
 
@@ -20,8 +21,8 @@ std::wstring HeadingRow(const std::vector<const wchar_t*>& titles) {
 
 }  // namespace
 
-HtmlWriter::HtmlWriter(const Preset& jobPreset, const wchar_t* outputPath)
-    : Writer(jobPreset, outputPath), indentStep(preset->Get(Display::IndentSize) << 4) {
+HtmlWriter::HtmlWriter(const Preset& jobPreset, ListTarget target)
+    : Writer(jobPreset, MakeCells(jobPreset), target), indentStep(preset->Get(Display::IndentSize) << 4) {
     WriteHead();
     if (preset->Get(Columns::ShowHeaders)) {
         folderHeaderRow = HeadingRow(FolderTitles(*preset));

@@ -4,13 +4,14 @@
 
 #include <string>
 
+#include "writers/Cells.h"
 #include "writers/Writer.h"
 
 class HtmlWriter : public Writer {
 public:
     // Writes the head of the page and opens its body, which WriteFooter closes. The preset must outlive the
     // writer. Throws as Writer.
-    HtmlWriter(const Preset& jobPreset, const wchar_t* outputPath);
+    HtmlWriter(const Preset& jobPreset, ListTarget target);
 
     void WriteHeader(const PathState& state, const Scanner::Folder& root) override;
     void WriteFooter(const PathState& state, const Scanner::Folder& root) override;

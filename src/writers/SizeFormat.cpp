@@ -1,6 +1,7 @@
 #include "writers/SizeFormat.h"
 
 #include <array>
+#include <cstdint>
 #include <exception>
 
 #include "writers/Writer.h"

@@ -2,6 +2,7 @@
 
 #include "resources/version.h"
 #include "settings/Preset.h"
+#include "writers/Columns.h"
 #include "writers/DateTime.h"
 
 namespace {
@@ -21,8 +22,8 @@ std::wstring Heading(const std::vector<const wchar_t*>& titles) {
 
 }  // namespace
 
-TextWriter::TextWriter(const Preset& jobPreset, const wchar_t* outputPath)
-    : Writer(jobPreset, outputPath),
+TextWriter::TextWriter(const Preset& jobPreset, ListTarget target)
+    : Writer(jobPreset, MakeCells(jobPreset), target),
       indentUnit(preset->Get(Display::IndentSize), L'\t'),
       columnSeparator(L"\t") {
     if (preset->Get(Columns::ShowHeaders)) {

@@ -4,12 +4,13 @@
 
 #include <string>
 
+#include "writers/Cells.h"
 #include "writers/Writer.h"
 
 class TextWriter : public Writer {
 public:
     // The preset must outlive the writer. Throws as Writer.
-    TextWriter(const Preset& jobPreset, const wchar_t* outputPath);
+    TextWriter(const Preset& jobPreset, ListTarget target);
 
     void WriteHeader(const PathState& state, const Scanner::Folder& root) override;
     void WriteFooter(const PathState& state, const Scanner::Folder& root) override;

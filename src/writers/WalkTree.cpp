@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <stack>
 
+#include "writers/ListVisitor.h"
 #include "writers/PathState.h"
-#include "writers/Writer.h"
 
 namespace {
 
@@ -13,33 +13,33 @@ struct Level {
     uint64_t next;  // index of the next folder in node
 };
 
-void WriteFiles(Writer& writer, PathState& state, const Scanner::Node& node) {
+void WriteFiles(ListVisitor& visitor, PathState& state, const Scanner::Node& node) {
     if (node.files.empty())
         return;
-    writer.BeginFiles();
+    visitor.BeginFiles();
     for (size_t i = 0; i < node.files.size(); ++i) {
         state.fileNumber = i + 1;
-        writer.WriteFile(state, *node.files[i]);
+        visitor.WriteFile(state, *node.files[i]);
     }
-    writer.EndFiles();
+    visitor.EndFiles();
 }
 
 // A flat list ends its folders before the files, a grouped one after them.
-void FinishFolder(Writer& writer, PathState& state, const Scanner::Node& node, bool flat) {
+void FinishFolder(ListVisitor& visitor, PathState& state, const Scanner::Node& node, bool flat) {
     const uint64_t count = node.folders.size();
     if (flat && count != 0)
-        writer.EndFolders(count);
-    WriteFiles(writer, state, node);
+        visitor.EndFolders(count);
+    WriteFiles(visitor, state, node);
     if (!flat && (count != 0 || !node.files.empty()))
-        writer.EndFolders(count);
+        visitor.EndFolders(count);
 }
 
 }  // namespace
 
-void WalkTree(Writer& writer, const Scanner::Node& root, bool flat) {
+void WalkTree(ListVisitor& visitor, const Scanner::Node& root, bool flat) {
     PathState state;
     state.Push(root.folder->fullName);
-    writer.WriteHeader(state, *root.folder);
+    visitor.WriteHeader(state, *root.folder);
 
     std::stack<Level> levels;
     levels.push({&root, 0});
@@ -50,19 +50,19 @@ void WalkTree(Writer& writer, const Scanner::Node& root, bool flat) {
         if (next < count) {
             const Scanner::Node& child = node.folders[static_cast<size_t>(next)];
             if (next == 0)
-                writer.BeginFolders(count);
+                visitor.BeginFolders(count);
             state.folderNumber = next + 1;
-            writer.WriteFolder(state, *child.folder);
-            writer.Indent();
+            visitor.WriteFolder(state, *child.folder);
+            visitor.Indent();
             state.Push(child.folder->name);
             ++levels.top().next;
             levels.push({&child, 0});
         } else {
-            FinishFolder(writer, state, node, flat);
+            FinishFolder(visitor, state, node, flat);
             levels.pop();
-            writer.Unindent();
+            visitor.Unindent();
             state.Pop();
         }
     }
-    writer.WriteFooter(state, *root.folder);
+    visitor.WriteFooter(state, *root.folder);
 }

@@ -3,8 +3,8 @@
 
 #include "scanner/Records.h"
 
-class Writer;
+class ListVisitor;
 
-// Calls the writer for the header, every row below root, and the footer: for a folder first its row, then its
-// folders with their contents, then its files. The tree may have any depth.
-void WalkTree(Writer& writer, const Scanner::Node& root, bool flat);
+// Calls the visitor for the header, every row below root, and the footer: for a folder first its row, then
+// its folders with their contents, then its files. The tree may have any depth.
+void WalkTree(ListVisitor& visitor, const Scanner::Node& root, bool flat);

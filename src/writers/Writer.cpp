@@ -1,15 +1,16 @@
 #include "writers/Writer.h"
 
 #include <iomanip>
+#include <utility>
 
 #include "settings/Preset.h"
 #include "writers/Encoding.h"
 
-Writer::Writer(const Preset& jobPreset, const wchar_t* outputPath)
-    : sizeWriter(MakeSizeWriter(jobPreset.Get(Display::SizeStyle))),
-      folderColumns(MakeFolderColumns(jobPreset)),
-      fileColumns(MakeFileColumns(jobPreset)),
-      stream(outputPath),
+Writer::Writer(const Preset& jobPreset, Cells cells, ListTarget target)
+    : sizeWriter(cells.sizeWriter),
+      folderColumns(std::move(cells.folderColumns)),
+      fileColumns(std::move(cells.fileColumns)),
+      stream(target),
       preset(&jobPreset) {
     stream << std::fixed << std::showpoint << std::setprecision(1);
     if (preset->Get(Format::EnableUtf8))

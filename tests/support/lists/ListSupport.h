@@ -9,6 +9,7 @@
 
 #include "scanner/Records.h"
 #include "settings/Preset.h"
+#include "writers/Columns.h"
 #include "writers/Writer.h"
 
 // A tree as a finished scan leaves it: counts and sizes are summed up to the root with each entry that is
@@ -62,8 +63,8 @@ std::string ListOf(const Preset& preset, const ScanTree& tree);
 // A writer whose steps do nothing, for cells on their own.
 class CellWriter : public Writer {
 public:
-    using Writer::Writer;
-    CellWriter(const Preset& jobPreset, const std::wstring& path) : Writer(jobPreset, path.c_str()) {}
+    CellWriter(const Preset& jobPreset, const std::wstring& path)
+        : Writer(jobPreset, MakeCells(jobPreset), path.c_str()) {}
 
     void WriteHeader(const PathState&, const Scanner::Folder&) override {}
     void WriteFooter(const PathState&, const Scanner::Folder&) override {}

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
+#include <share.h>
 
+#include <cstdio>
+#include <memory>
 #include <string>
 
 #include "FakeWin.h"
@@ -129,6 +132,55 @@ TEST(ListFileFaults, ALineThatOutgrowsTheMemoryOnAFullDiskFailsInSilence) {
     EXPECT_TRUE(file.bad());
     file << "more" << std::endl;
     EXPECT_EQ(FakeWin::Contents(Path), "");
+}
+
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+File OpenList() {
+    return {_wfsopen(Path, L"w", _SH_DENYNO), std::fclose};
+}
+
+TEST(ListFileFaults, AnOpenStreamTakesOneWriteForManyLines) {
+    FakeWin::Reset();
+    const File stream = OpenList();
+    ListFile file(stream.get());
+    const std::string line(99, 'x');
+    for (int i = 0; i < 3000; ++i)
+        file << line << std::endl;
+    EXPECT_TRUE(file.Finish());
+    // Pieces of 64 KiB, each of which the runtime may divide into a multiple of its own buffer and a rest.
+    EXPECT_LE(FakeWin::WritesTo(Path), 10);
+}
+
+TEST(ListFileFaults, FinishReportsEachWriteOfAnOpenStreamThatFailed) {
+    for (int use = 1; use <= 10; ++use) {
+        FakeWin::Reset();
+        const File stream = OpenList();
+        ListFile file(stream.get());
+        FakeWin::FailNth(FakeWin::Call::WriteFile, use, ERROR_DISK_FULL);
+        for (int i = 0; i < 3000; ++i)
+            file << std::string(99, 'x') << std::endl;
+        const bool written = file.Finish();
+        EXPECT_EQ(written, FakeWin::FaultsStruck() == 0) << use;
+        EXPECT_EQ(file.Finish(), written) << use;
+    }
+}
+
+TEST(ListFileFaults, FinishReportsAFullDisk) {
+    for (const uint64_t room : {0u, 1u, 3u, 4u}) {
+        FakeWin::Reset();
+        const File stream = OpenList();
+        FakeWin::FailWritesAfter(Path, room);
+        ListFile file(stream.get());
+        file << "abc" << std::endl;
+        EXPECT_FALSE(file.Finish()) << room;
+    }
+    FakeWin::Reset();
+    const File stream = OpenList();
+    FakeWin::FailWritesAfter(Path, 5);
+    ListFile file(stream.get());
+    file << "abc" << std::endl;
+    EXPECT_TRUE(file.Finish());
 }
 
 }  // namespace

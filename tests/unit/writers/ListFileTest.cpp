@@ -1,7 +1,9 @@
 #include "writers/ListFile.h"
 
 #include <gtest/gtest.h>
+#include <share.h>
 
+#include <cstdio>
 #include <locale>
 #include <string>
 
@@ -54,6 +56,74 @@ TEST(ListFile, TakesLinesOfAnyLength) {
         file << std::endl << line << std::endl;
     }
     EXPECT_EQ(folder.Read(L"list"), line + "\r\n" + line + "\r\n");
+}
+
+// What a test has opened itself, in text mode.
+class OpenStream {
+public:
+    explicit OpenStream(const std::wstring& path) : file_(_wfsopen(path.c_str(), L"w", _SH_DENYNO)) {}
+    ~OpenStream() { Close(); }
+    OpenStream(const OpenStream&) = delete;
+    OpenStream& operator=(const OpenStream&) = delete;
+
+    std::FILE* Get() const { return file_; }
+    void Close() {
+        if (file_ != nullptr)
+            std::fclose(file_);
+        file_ = nullptr;
+    }
+
+private:
+    std::FILE* file_;
+};
+
+TEST(ListFile, WritesNothingToAnOpenStreamAtTheEndOfALine) {
+    const TempFolder folder;
+    const OpenStream stream(folder.Path(L"list"));
+    ListFile file(stream.Get());
+    EXPECT_TRUE(file.good());
+    file << "one" << std::endl << "two" << std::endl;
+    EXPECT_EQ(folder.Read(L"list"), "");
+    EXPECT_TRUE(file.Finish());
+    EXPECT_EQ(folder.Read(L"list"), "one\r\ntwo\r\n");
+}
+
+TEST(ListFile, LeavesAStreamOpenThatTheCallerHasOpened) {
+    const TempFolder folder;
+    OpenStream stream(folder.Path(L"list"));
+    ListFile(stream.Get()) << "dropped without its end" << std::endl;
+    for (const char* const line : {"two", "three"}) {
+        ListFile file(stream.Get());
+        file << line << std::endl;
+        EXPECT_TRUE(file.Finish());
+    }
+    std::fputs("four", stream.Get());
+    stream.Close();
+    EXPECT_EQ(folder.Read(L"list"), "two\r\nthree\r\nfour");
+}
+
+TEST(ListFile, TakesLinesOfAnyLengthOnAnOpenStream) {
+    const TempFolder folder;
+    const OpenStream stream(folder.Path(L"list"));
+    ListFile file(stream.Get());
+    std::string expected;
+    for (int i = 0; i < 30000; ++i) {
+        file << "line " << i << std::endl;
+        expected += "line " + std::to_string(i) + "\r\n";
+    }
+    const std::string line(200000, 'x');
+    file << line << std::endl;
+    EXPECT_TRUE(file.Finish());
+    EXPECT_EQ(folder.Read(L"list"), expected + line + "\r\n");
+}
+
+TEST(ListFile, FinishWritesTheRestOfAFileOfItsOwnToo) {
+    const TempFolder folder;
+    ListFile file(folder.Path(L"list").c_str());
+    file << "one";
+    EXPECT_TRUE(file.Finish());
+    EXPECT_EQ(folder.Read(L"list"), "one");
+    EXPECT_FALSE(ListFile(folder.Path(L"Missing\\list").c_str()).Finish());
 }
 
 // Digits in groups, and a comma in the place of the point.

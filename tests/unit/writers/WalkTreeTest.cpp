@@ -7,6 +7,7 @@
 
 #include "support/Text.h"
 #include "support/lists/ListSupport.h"
+#include "writers/ListVisitor.h"
 #include "writers/PathState.h"
 
 namespace {
@@ -14,11 +15,8 @@ namespace {
 using Steps = std::vector<std::string>;
 
 // Writes down every call with what the state shows at that moment.
-class Recorder : public Writer {
+class Recorder : public ListVisitor {
 public:
-    // The path names no file, which leaves the stream without one.
-    Recorder() : Writer(ListPreset(), L"") {}
-
     void WriteHeader(const PathState& state, const Scanner::Folder& root) override {
         Note("WriteHeader " + Utf8(root.name) + " at " + Utf8(state.path));
     }
@@ -177,10 +175,16 @@ TEST(WalkTree, ScannedPathIsBroughtIntoItsCanonicalForm) {
     EXPECT_EQ(StepsOf(tree, false)[2], "WriteFile 1 top at C:");
 }
 
-class Counter : public CellWriter {
+class Counter : public ListVisitor {
 public:
-    Counter() : CellWriter(ListPreset(), L"") {}
+    void WriteHeader(const PathState&, const Scanner::Folder&) override {}
+    void WriteFooter(const PathState&, const Scanner::Folder&) override {}
+    void BeginFolders(uint64_t) override {}
     void WriteFolder(const PathState&, const Scanner::Folder&) override { ++folders; }
+    void EndFolders(uint64_t) override {}
+    void BeginFiles() override {}
+    void WriteFile(const PathState&, const Scanner::File&) override {}
+    void EndFiles() override {}
     void Indent() override { ++depth; }
     void Unindent() override { --depth; }
 
