@@ -2,6 +2,8 @@
 // and is destroyed as a whole, the tree first.
 #pragma once
 
+#include <cstdint>
+
 #include "scanner/RecordPool.h"
 #include "scanner/Records.h"
 #include "scanner/StringPool.h"
@@ -12,6 +14,10 @@ struct Result {
     RecordPool records;
     StringPool strings;
     Node root;  // root.folder is null until a scan has begun
+
+    // Below the root so far, for reports on a running scan.
+    uint64_t foundFolders = 0;
+    uint64_t foundFiles = 0;
 };
 
 }  // namespace Scanner

@@ -161,6 +161,7 @@ void Walk::TakeFolder(const WorkItem& item, const WIN32_FIND_DATAW& entry) {
     folder->totalFolders = 0;
     folder->totalFiles = 0;
     newFolders_.push_back(folder);
+    ++result_.foundFolders;
     if (flatLists_ != nullptr && options_.collectFolders)
         flatLists_->folders.push_back(folder);
 }
@@ -172,6 +173,7 @@ void Walk::TakeFile(const WorkItem& item, const WIN32_FIND_DATAW& entry) {
     File* const file = NewRecord(item, entry);
     SplitName(*file, result_.strings);
     newFiles_.push_back(file);
+    ++result_.foundFiles;
     if (flatLists_ != nullptr && options_.collectFiles)
         flatLists_->files.push_back(file);
 }

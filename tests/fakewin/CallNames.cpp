@@ -15,6 +15,8 @@ constexpr const char* Names[] = {
     "OpenFile",
     "WriteFile",
     "CloseFile",
+    "DeleteFileW",
+    "MoveFileExW",
     "GetTempPathW",
     "GetModuleFileNameW",
     "GetLongPathNameW",
@@ -52,6 +54,7 @@ constexpr const char* Names[] = {
     "MessageBoxW",
     "GetDesktopWindow",
     "LoadImageW",
+    "GetFullPathNameW",
 };
 static_assert(std::size(Names) == static_cast<size_t>(Call::Count));
 

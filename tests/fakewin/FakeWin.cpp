@@ -10,6 +10,7 @@ void Reset() {
     Internal::ResetText();
     Internal::ResetTime();
     Internal::ResetRegistry();
+    Internal::ResetConsole();
     Internal::ResetFiles();
     Internal::ResetCalls();
 }

@@ -55,6 +55,8 @@ enum class Call {
     OpenFile,              // the path; _wfsopen
     WriteFile,             // the path; one write of an open file
     CloseFile,             // the path; the file is closed all the same
+    DeleteFileW,           // the path
+    MoveFileExW,           // the path of the file that is moved
     GetTempPathW,          // no subject from here to GetModuleHandleW
     GetModuleFileNameW,
     GetLongPathNameW,
@@ -91,7 +93,8 @@ enum class Call {
     PostMessageW,
     MessageBoxW,  // the text
     GetDesktopWindow,
-    LoadImageW,  // the number of the resource
+    LoadImageW,        // the number of the resource
+    GetFullPathNameW,  // no subject
     Count,
 };
 
@@ -189,6 +192,25 @@ void FailWritesAfter(const std::wstring& path, uint64_t bytes);
 void SetTempPath(const std::wstring& path);
 void SetModulePath(const std::wstring& path);
 void SetLongPath(const std::wstring& path, const std::wstring& longPath);
+
+// ---- Console
+//
+// The standard output and the standard error, each a file until it is made a console. Their writes are calls
+// of Call::WriteFile with the subjects "standard output" and "standard error". The current folder is C:\.
+
+// Everything that was written to them since the last Reset, as on the disk.
+std::string StandardOutput();
+std::string StandardError();
+
+// There is no standard output any more, as after ">&-".
+void CloseStandardOutput();
+
+// The standard error is a console with lines of this many characters.
+void SetErrorConsole(int width);
+
+// Calls the program's handler as the console does, on this thread. Returns whether there is one and it has
+// handled the event.
+bool SendConsoleEvent(DWORD event);
 
 // ---- Registry
 //

@@ -1,5 +1,7 @@
 // The calls that look at files and folders.
+#include <algorithm>
 #include <cstring>
+#include <cwchar>
 #include <map>
 #include <mutex>
 #include <unordered_map>
@@ -194,4 +196,72 @@ BOOL FindClose(HANDLE handle) {
     }
     return Succeeded(Watched(Call::FindClose, find ? find->subject : L"", 0,
                              [&]() -> DWORD { return find ? 0 : ERROR_INVALID_HANDLE; }));
+}
+
+DWORD GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR*) {
+    const SystemMemory system;
+    const DWORD fault = Enter(Call::GetFullPathNameW);
+    if (fault != 0 || *path == 0) {
+        SetLastError(fault != 0 ? fault : ERROR_INVALID_NAME);
+        return 0;
+    }
+    std::wstring text = path;
+    const bool verbatim = text.starts_with(LR"(\\?\)");
+    const bool trailing = !verbatim && (text.ends_with(L'\\') || text.ends_with(L'/'));
+    if (!verbatim) {
+        const ParsedPath parsed = ParsePath(text, true);
+        text = parsed.Subject();
+        if (trailing && !text.ends_with(L'\\'))
+            text += L'\\';
+    }
+    const DWORD length = static_cast<DWORD>(text.size());
+    if (length >= size)
+        return length + 1;
+    std::wmemcpy(buffer, text.c_str(), length + 1);
+    return length;
+}
+
+BOOL DeleteFileW(LPCWSTR path) {
+    const SystemMemory system;
+    const ParsedPath parsed = ParsePath(path, false);
+    return Succeeded(Watched(Call::DeleteFileW, parsed.Subject(), 0, [&]() -> DWORD {
+        const std::lock_guard lock(FilesMutex());
+        DWORD error;
+        const std::shared_ptr<Entry> entry = Files().tree->Find(parsed, error);
+        if (!entry)
+            return error;
+        const bool isOpen = std::ranges::count(Files().openFiles, parsed.Subject()) != 0;
+        if (isOpen)
+            return ERROR_SHARING_VIOLATION;
+        if (entry->folder || (entry->attributes & FILE_ATTRIBUTE_READONLY) != 0)
+            return ERROR_ACCESS_DENIED;
+        Files().tree->Remove(parsed);
+        return 0;
+    }));
+}
+
+BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags) {
+    const SystemMemory system;
+    const ParsedPath source = ParsePath(from, false);
+    const ParsedPath target = ParsePath(to, false);
+    return Succeeded(Watched(Call::MoveFileExW, source.Subject(), flags, [&]() -> DWORD {
+        const std::lock_guard lock(FilesMutex());
+        DWORD error;
+        const std::shared_ptr<Entry> file = Files().tree->Find(source, error);
+        if (!file)
+            return error;
+        if (std::ranges::count(Files().openFiles, source.Subject()) != 0)
+            return ERROR_SHARING_VIOLATION;
+        const std::shared_ptr<Entry> replaced = Files().tree->Find(target, error);
+        if (!replaced && error != ERROR_FILE_NOT_FOUND)
+            return error;
+        if (replaced && (replaced->folder || (replaced->attributes & FILE_ATTRIBUTE_READONLY) != 0))
+            return ERROR_ACCESS_DENIED;
+        Entry& moved = Files().tree->Make(target, false);
+        moved.contents = std::move(file->contents);
+        moved.size = file->size;
+        moved.attributes = file->attributes;
+        Files().tree->Remove(source);
+        return 0;
+    }));
 }

@@ -71,6 +71,7 @@ std::string OpenIconsText();
 
 void ResetCalls();
 void ResetFiles();
+void ResetConsole();
 void ResetRegistry();
 void ResetTime();
 void ResetText();

@@ -65,6 +65,16 @@ DWORD WINAPI GetTempPathW(DWORD size, LPWSTR buffer);
 DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size);
 DWORD WINAPI GetLongPathNameW(LPCWSTR path, LPWSTR buffer, DWORD size);
 
+// part must be null.
+DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* part);
+
+#define MOVEFILE_REPLACE_EXISTING 0x1
+
+BOOL WINAPI DeleteFileW(LPCWSTR path);
+
+// Moves files, with MOVEFILE_REPLACE_EXISTING alone.
+BOOL WINAPI MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags);
+
 // Time
 
 DWORD WINAPI GetTickCount();

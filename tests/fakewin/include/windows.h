@@ -7,6 +7,7 @@
 #include <winerror.h>
 
 #include <winbase.h>
+#include <wincon.h>
 #include <winnls.h>
 #include <winreg.h>
 #include <winuser.h>

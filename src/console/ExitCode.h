@@ -1,0 +1,15 @@
+// What the program returns to the script or the task that started it.
+#pragma once
+
+namespace Console {
+
+enum class ExitCode : int {
+    Complete = 0,
+    Failed = 1,         // the folder cannot be listed, the file cannot be imported
+    WrongUsage = 2,     // wrong arguments, or no such preset
+    FoldersUnread = 3,  // the list was written, but folders could not be read
+    NotWritten = 4,     // the list, the settings or the standard output could not be written
+    Cancelled = 130,    // by Ctrl+C; nothing was written
+};
+
+}  // namespace Console

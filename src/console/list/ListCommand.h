@@ -1,0 +1,46 @@
+// The command "list": makes a list of a folder with the options of a preset.
+#pragma once
+
+#include <array>
+
+#include "console/Command.h"
+
+namespace Console {
+
+inline constexpr char ListUsage[] = "PRESET|--template NUMBER|NAME FOLDER [options]";
+
+inline constexpr char ListHelp[] =
+    "\n"
+    "Writes a list of the folders and files below FOLDER and prints the full name of the list. PRESET is the "
+    "key\n"
+    "of a preset, or its name if only one preset has it.\n"
+    "\n"
+    "  --template NUMBER|NAME  use a template, see 'presets templates'\n"
+    "  -f, --format FORMAT     preset (text or HTML, as the preset says), text, html, csv, jsonl\n"
+    "  -o, --output FILE       the list; - is the standard output. Default: where the preset saves; csv and\n"
+    "                          jsonl: the standard output\n"
+    "  --absolute              csv, jsonl: full paths; default: relative to FOLDER\n"
+    "  --excel                 csv: as Excel of this computer reads it\n"
+    "  --progress WHEN         auto (if the standard error is a console), always, never\n"
+    "  --open                  open the list as the preset says\n"
+    "  -q, --quiet             no progress, no name of the list, no warnings\n"
+    "\n"
+    "Exit codes: 0 complete, 1 FOLDER cannot be listed, 2 wrong usage or no such preset, 3 the list was "
+    "written\n"
+    "but folders could not be read, 4 the list could not be written, 130 ended by Ctrl+C, nothing written.\n";
+
+inline constexpr std::array<Option, 8> ListOptions = {{
+    {"template", 0, true},
+    {"format", 'f', true},
+    {"output", 'o', true},
+    {"absolute"},
+    {"excel"},
+    {"progress", 0, true},
+    {"open"},
+    {"quiet", 'q'},
+}};
+
+// Throws Error.
+ExitCode RunList(const Options& arguments);
+
+}  // namespace Console

@@ -1,0 +1,32 @@
+// What the arguments of the command "list" ask for.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "console/Options.h"
+#include "settings/Preset.h"
+
+namespace Console {
+
+enum class ListFormat { Text, Html, Csv, JsonLines };
+
+struct ListRequest {
+    Preset preset;        // for text and HTML, its list style is that of the format
+    std::wstring folder;  // a full path in the canonical form of scanner/Path.h
+    ListFormat format;
+
+    // The full name of the list; none for the standard output.
+    std::optional<std::wstring> output;
+
+    bool absolute;  // full paths in a table
+    bool excel;     // a table for Excel of this computer
+    bool progress;
+    bool open;
+    bool quiet;
+};
+
+// Reads the presets but writes nothing. Throws Error.
+ListRequest MakeListRequest(const Options& arguments);
+
+}  // namespace Console
