@@ -58,7 +58,8 @@ Invocation Split(const Arguments& arguments) {
         for (const Command& command : Table) {
             if (command.name == name) {
                 invocation.command = &command;
-                invocation.arguments.assign(arguments.begin() + static_cast<std::ptrdiff_t>(words), arguments.end());
+                invocation.arguments.assign(arguments.begin() + static_cast<std::ptrdiff_t>(words),
+                                            arguments.end());
             }
         }
     }
@@ -127,7 +128,7 @@ std::span<const Command> Commands() {
     return Table;
 }
 
-ExitCode Run(const Arguments& arguments) {
+ExitCode RunProgram(const Arguments& arguments) {
     const Invocation invocation = Split(arguments);
     try {
         return Dispatch(arguments, invocation);

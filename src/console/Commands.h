@@ -10,6 +10,6 @@ namespace Console {
 std::span<const Command> Commands();
 
 // Runs the program with its arguments, without the program's name. Errors are printed to the standard error.
-ExitCode Run(const Arguments& arguments);
+ExitCode RunProgram(const Arguments& arguments);
 
 }  // namespace Console

@@ -9,5 +9,5 @@ int wmain(int count, wchar_t** values) {
     WinLib::LimitDllSearch();
     const Console::Utf8Console console;
     Console::CatchInterrupts();
-    return static_cast<int>(Console::Run(Console::Arguments(values + 1, values + count)));
+    return static_cast<int>(Console::RunProgram(Console::Arguments(values + 1, values + count)));
 }

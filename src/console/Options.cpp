@@ -2,6 +2,8 @@
 
 #include <getopt.h>
 
+#include <algorithm>
+
 #include "console/Errors.h"
 #include "console/Utf8.h"
 
@@ -41,6 +43,23 @@ const Option& Found(std::span<const Option> known, int value) {
     return known[i];
 }
 
+// Returns why getopt_long has refused an option. optopt is then the letter or the number of a known option
+// that is used wrongly, an unknown letter, or 0 for an unknown long option; argument is what holds a long
+// option. The runtimes differ in the result for a value that is not taken, so only optopt counts.
+std::wstring Refusal(std::span<const Option> known, const char* argument) {
+    const std::wstring name = optopt != 0 && optopt < FirstLong
+                                  ? std::wstring{L'-', static_cast<wchar_t>(optopt)}
+                                  : FromUtf8(argument);
+    const auto isRefused = [&](const Option& row) {
+        return optopt >= FirstLong ? &row == &known[static_cast<size_t>(optopt - FirstLong)]
+                                   : optopt != 0 && row.letter == optopt;
+    };
+    const auto row = std::ranges::find_if(known, isRefused);
+    if (row == known.end())
+        return L"there is no option '" + name + L"' here";
+    return L"the option '" + name + (row->takesValue ? L"' needs a value" : L"' takes no value");
+}
+
 }  // namespace
 
 Options::Options(const Arguments& arguments, std::span<const Option> known) {
@@ -66,21 +85,13 @@ Options::Options(const Arguments& arguments, std::span<const Option> known) {
     optind = 0;  // starts anew
     int value;
     while ((value = getopt_long(count, pointers.data(), grammar.letters.c_str(), grammar.names.data(),
-                                nullptr)) != -1) {
-        if (value == Operand) {
+                                nullptr)) != -1)
+        if (value == Operand)
             operands.push_back(given(optarg));
-        } else if (value == ':') {
-            throw UsageError(L"the option '" + FromUtf8(pointers[static_cast<size_t>(optind - 1)]) +
-                             L"' needs a value");
-        } else if (value == '?') {
-            const std::wstring name = optopt > 0 && optopt < FirstLong
-                                          ? std::wstring(L"-") + static_cast<wchar_t>(optopt)
-                                          : FromUtf8(pointers[static_cast<size_t>(optind - 1)]);
-            throw UsageError(L"there is no option '" + name + L"' here");
-        } else {
+        else if (value == ':' || value == '?')
+            throw UsageError(Refusal(known, pointers[static_cast<size_t>(optind - 1)]));
+        else
             values_[Found(known, value).name] = optarg != nullptr ? given(optarg) : std::wstring();
-        }
-    }
     for (int i = optind; i < count; ++i)
         operands.push_back(given(pointers[static_cast<size_t>(i)]));
 }

@@ -1,9 +1,11 @@
 #include "scanner/FolderSearch.h"
 
+#include "scanner/Path.h"
+
 namespace Scanner {
 
 FindHandle FolderSearch::Open(const std::wstring& path, WIN32_FIND_DATAW& entry) {
-    query_.assign(L"\\\\?\\").append(path).append(L"\\*");
+    query_ = VerbatimPath(path, networkPaths_).append(L"\\*");
     FindHandle handle = Find(entry);
     if (!handle && level_ == FindExInfoBasic && GetLastError() == ERROR_NOT_SUPPORTED) {
         level_ = FindExInfoStandard;

@@ -45,6 +45,7 @@ struct Options {
     bool collectFolders = false;  // fill the flat list of folders
     bool collectFiles = false;    // fill the flat list of files
     bool recursive = false;       // descend into subfolders
+    bool networkPaths = false;    // open paths as \\server\share; they are not found otherwise
     bool flatten = false;         // replace the tree by two flat lists
     std::wstring searchPattern;   // see Patterns.h
     std::vector<std::wstring> excludedFolders;

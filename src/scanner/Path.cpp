@@ -40,4 +40,10 @@ std::wstring JoinPath(std::wstring_view first, std::wstring_view second) {
     return path;
 }
 
+std::wstring VerbatimPath(std::wstring_view path, bool networkPaths) {
+    if (networkPaths && StartsAsNetworkPath(path))
+        return std::wstring(LR"(\\?\UNC\)").append(path.substr(2));
+    return std::wstring(LR"(\\?\)").append(path);
+}
+
 }  // namespace Scanner

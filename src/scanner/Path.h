@@ -15,4 +15,9 @@ std::wstring NormalizePath(std::wstring_view text);
 // are kept. JoinPath(path, L"") is the canonical form of a path, in which a drive root is "C:".
 std::wstring JoinPath(std::wstring_view first, std::wstring_view second);
 
+// Returns a canonical path with the prefix \\?\, with which the system accepts paths longer than MAX_PATH.
+// With networkPaths a path \\server\share is given the prefix for network paths; it cannot be opened
+// otherwise.
+std::wstring VerbatimPath(std::wstring_view path, bool networkPaths);
+
 }  // namespace Scanner

@@ -12,9 +12,9 @@ namespace {
 
 // Attributes, size and times stay zero if they cannot be read. That is no error: the enumeration decides
 // whether the path can be read.
-void FillRoot(Folder& root, const wchar_t* path) {
+void FillRoot(Folder& root, const wchar_t* path, bool networkPaths) {
     WIN32_FILE_ATTRIBUTE_DATA data = {};
-    if (!GetFileAttributesExW((std::wstring(L"\\\\?\\") + path).c_str(), GetFileExInfoStandard, &data))
+    if (!GetFileAttributesExW(VerbatimPath(path, networkPaths).c_str(), GetFileExInfoStandard, &data))
         data = {};
     root = {
         .parent = nullptr,
@@ -38,7 +38,7 @@ void FillRoot(Folder& root, const wchar_t* path) {
 bool ScanOrThrow(Result& result, const Options& options, const std::wstring& path) {
     const std::wstring normalised = JoinPath(path, L"");
     result.root.folder = result.records.Allocate();
-    FillRoot(*result.root.folder, result.strings.Duplicate(normalised.c_str()));
+    FillRoot(*result.root.folder, result.strings.Duplicate(normalised.c_str()), options.networkPaths);
 
     FlatLists lists;
     FlatLists* const flatLists = options.flatten ? &lists : nullptr;

@@ -64,7 +64,8 @@ Walk::Walk(Result& result, const Options& options, FlatLists* flatLists)
       flatLists_(flatLists),
       excludedFolders_(CompileExcludedFolders(options.excludedFolders)),
       searchPatterns_(CompileSearchPatterns(options.searchPattern)),
-      skippedAttributes_(AttributesOf(options.attributeMask)) {}
+      skippedAttributes_(AttributesOf(options.attributeMask)),
+      search_(options.networkPaths) {}
 
 bool Walk::Run(const std::wstring& path) {
     lastTick_ = GetTickCount();

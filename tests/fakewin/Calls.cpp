@@ -22,11 +22,17 @@ struct NthFault {
     DWORD error;
 };
 
+struct Action {
+    int use;  // counts down
+    std::function<void()> run;
+};
+
 // What has been asked of one call.
 struct CallFaults {
     std::vector<NthFault> nth;
     std::deque<Fault> all;
     std::map<std::wstring, std::deque<Fault>> bySubject;  // folded
+    std::vector<Action> actions;
 };
 
 std::array<std::atomic<int>, CallCount> uses;
@@ -95,7 +101,21 @@ DWORD FindFault(Call call, const std::wstring* subject) {
     return TakeFirst(waiting.all);
 }
 
+// Runs what was asked for at this use, without the lock.
+void RunActions(Call call) {
+    std::vector<std::function<void()>> due;
+    {
+        const std::lock_guard lock(mutex);
+        for (Action& action : FaultsOf(call).actions)
+            if (--action.use == 0)
+                due.push_back(action.run);
+    }
+    for (const std::function<void()>& run : due)
+        run();
+}
+
 DWORD TakeFault(Call call, const std::wstring* subject) {
+    RunActions(call);
     const DWORD error = FindFault(call, subject);
     if (error != 0)
         ++faultsStruck;
@@ -119,6 +139,12 @@ int Uses(Call call) {
 void FailNth(Call call, int use, DWORD error) {
     const std::lock_guard lock(mutex);
     FaultsOf(call).nth.push_back({use, error});
+    anyFault = true;
+}
+
+void AtUse(Call call, int use, std::function<void()> action) {
+    const std::lock_guard lock(mutex);
+    FaultsOf(call).actions.push_back({use, std::move(action)});
     anyFault = true;
 }
 

@@ -109,6 +109,10 @@ int Uses(Call call);
 // CompareStringW 0, a registry call the error itself, DialogBoxParamW and GetMessageW -1, ...
 void FailNth(Call call, int use, DWORD error);
 
+// Runs the action inside the use-th use of the call from now on, on its thread, before the call does
+// anything.
+void AtUse(Call call, int use, std::function<void()> action);
+
 // Each use of the call fails from now on, or the next times uses.
 inline constexpr int Always = -1;
 void Fail(Call call, DWORD error, int times = Always);

@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "console/Errors.h"
-#include "console/Interrupt.h"
 #include "console/Output.h"
 #include "console/list/InterruptibleVisitor.h"
 #include "console/list/ListListener.h"
@@ -50,7 +49,6 @@ void WriteToFile(const ListRequest& request, const Scanner::Node& root) {
     if (!WriteListTo(file.Stream(), request, root))
         throw Error(ExitCode::NotWritten,
                     L"the list '" + *request.output + L"' could not be written; check the free space");
-    ThrowIfInterrupted();
     file.Commit();
 }
 
@@ -60,7 +58,9 @@ ExitCode RunList(const Options& arguments) {
     const ListRequest request = MakeListRequest(arguments);
     Scanner::Result result;
     ListListener listener(result, request.folder, {.progress = request.progress, .warnings = !request.quiet});
-    if (!Scanner::Scan(result, ScanOptions(request.preset, &listener), request.folder))
+    Scanner::Options options = ScanOptions(request.preset, &listener);
+    options.networkPaths = true;
+    if (!Scanner::Scan(result, options, request.folder))
         listener.ThrowFailure();
     listener.EndProgress();
 

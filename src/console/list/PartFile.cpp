@@ -4,6 +4,7 @@
 
 #include "console/Errors.h"
 #include "console/FullPath.h"
+#include "console/Interrupt.h"
 #include "winlib/Windows.h"
 
 namespace Console {
@@ -14,7 +15,11 @@ PartFile::PartFile(const std::wstring& name, bool text)
       partName_(name + L".part"),
       file_(_wfsopen(LongPath(partName_).c_str(), text ? L"w" : L"wb", _SH_DENYWR)) {
     if (file_ == nullptr)
-        throw Error(ExitCode::NotWritten, L"the list '" + name + L"' cannot be created; check that its folder exists, may be written to, and that '" + partName_ + L"' is not in use");
+        throw Error(
+            ExitCode::NotWritten,
+            L"the list '" + name +
+                L"' cannot be created; check that its folder exists and may be written to, and that '" +
+                partName_ + L"' is not in use");
 }
 
 PartFile::~PartFile() {
@@ -26,10 +31,14 @@ PartFile::~PartFile() {
 
 void PartFile::Commit() {
     if (std::fclose(file_.release()) != 0)
-        throw Error(ExitCode::NotWritten, L"the list '" + name_ + L"' could not be written; check the free space");
-    moved_ = MoveFileExW(LongPath(partName_).c_str(), LongPath(name_).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+        throw Error(ExitCode::NotWritten,
+                    L"the list '" + name_ + L"' could not be written; check the free space");
+    ThrowIfInterrupted();
+    moved_ =
+        MoveFileExW(LongPath(partName_).c_str(), LongPath(name_).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
     if (!moved_)
-        throw Error(ExitCode::NotWritten, L"the list '" + name_ + L"' cannot be replaced; check that it is not open or read-only");
+        throw Error(ExitCode::NotWritten,
+                    L"the list '" + name_ + L"' cannot be replaced; check that it is not open or read-only");
 }
 
 }  // namespace Console

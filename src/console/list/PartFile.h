@@ -1,5 +1,5 @@
-// A file that gets its name only when it is complete: it is written to NAME.part beside it, and moved over NAME
-// at the end. Until then an existing file with this name is not touched.
+// A file that gets its name only when it is complete: it is written to NAME.part beside it, and moved over
+// NAME at the end. Until then an existing file with this name is not touched.
 #pragma once
 
 #include <cstdio>
@@ -10,7 +10,8 @@ namespace Console {
 
 class PartFile {
 public:
-    // Creates NAME.part; name is a full path. In text mode line feeds become CR LF. Throws Error if it cannot be created.
+    // Creates NAME.part; name is a full path. In text mode line feeds become CR LF. Throws Error if it cannot
+    // be created.
     PartFile(const std::wstring& name, bool text);
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
@@ -21,7 +22,8 @@ public:
     // The open file, until Commit.
     std::FILE* Stream() const { return file_.get(); }
 
-    // Closes the file and moves it over NAME. Throws Error if that fails.
+    // Closes the file and moves it over NAME. Throws Error if that fails, and Cancelled if the program was
+    // interrupted before.
     void Commit();
 
 private:

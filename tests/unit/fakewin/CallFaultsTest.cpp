@@ -44,6 +44,16 @@ TEST(CallFaults, EachUseInTurnCanFail) {
     EXPECT_EQ(GetLastError(), 6u);
 }
 
+TEST(CallFaults, AnActionRunsInsideOneUse) {
+    int usesBefore = 0;
+    FakeWin::AtUse(Call::CompareStringW, 2, [&] { usesBefore = FakeWin::Uses(Call::CompareStringW); });
+    Equal();
+    EXPECT_EQ(usesBefore, 0);
+    Equal();
+    Equal();
+    EXPECT_EQ(usesBefore, 2);
+}
+
 TEST(CallFaults, FailsSoManyTimesOrAlways) {
     FakeWin::Fail(Call::CompareStringW, 5, 2);
     EXPECT_EQ(Equal() + Equal(), 0);

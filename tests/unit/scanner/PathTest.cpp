@@ -73,3 +73,10 @@ TEST(JoinPath, LeavesACanonicalPathAsItIs) {
     for (const wchar_t* path : {L"C:", L"C:\\Data", L"\\\\server\\share\\x", L"relative\\path", L"\\"})
         EXPECT_EQ(JoinPath(path, L""), path) << Utf8(path);
 }
+
+TEST(VerbatimPath, PutsThePrefixInFront) {
+    EXPECT_EQ(Scanner::VerbatimPath(L"C:\\Data", false), LR"(\\?\C:\Data)");
+    EXPECT_EQ(Scanner::VerbatimPath(L"C:\\Data", true), LR"(\\?\C:\Data)");
+    EXPECT_EQ(Scanner::VerbatimPath(LR"(\\server\share)", false), LR"(\\?\\\server\share)");
+    EXPECT_EQ(Scanner::VerbatimPath(LR"(\\server\share)", true), LR"(\\?\UNC\server\share)");
+}
