@@ -1,0 +1,22 @@
+// Times of the file system as text for programs: ISO 8601 in UTC with seven decimals, which are the 100 ns of
+// the file system: 2026-11-21T14:05:20.0213522Z.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "winlib/Windows.h"
+
+namespace Console {
+
+// The memory of one formatted time.
+using UtcText = std::array<char, 28>;
+
+// Returns a view of `memory`, or an empty view if the file system has not set the time (zero), or if it is
+// after the year 9999, which the format cannot express.
+std::string_view FormatUtc(const FILETIME& time, UtcText& memory);
+
+// Returns the current time.
+FILETIME UtcNow();
+
+}  // namespace Console

@@ -1,0 +1,76 @@
+#include "console/list/UtcTime.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <ctime>
+#include <string>
+
+#include "RowSupport.h"
+#include "support/Random.h"
+
+namespace {
+
+using RowSupport::Ticks;
+
+std::string Shown(uint64_t ticks) {
+    Console::UtcText memory;
+    return std::string(Console::FormatUtc(Ticks(ticks), memory));
+}
+
+TEST(UtcTime, HasSevenDecimals) {
+    EXPECT_EQ(Shown(134397435200213522), "2026-11-21T14:05:20.0213522Z");
+    EXPECT_EQ(Shown(134397435200000000), "2026-11-21T14:05:20.0000000Z");
+    EXPECT_EQ(Shown(133099639941234567), "2022-10-11T12:13:14.1234567Z");
+    EXPECT_EQ(Shown(116444736000000000), "1970-01-01T00:00:00.0000000Z");
+    EXPECT_EQ(Shown(116444735999999999), "1969-12-31T23:59:59.9999999Z");
+}
+
+TEST(UtcTime, KnowsLeapYears) {
+    EXPECT_EQ(Shown(125962992000000000), "2000-02-29T12:00:00.0000000Z");
+    EXPECT_EQ(Shown(94405823999999999), "1900-02-28T23:59:59.9999999Z");
+    EXPECT_EQ(Shown(94405824000000000), "1900-03-01T00:00:00.0000000Z");
+    EXPECT_EQ(Shown(133536384000000005), "2024-02-29T00:00:00.0000005Z");
+    EXPECT_EQ(Shown(133485407990000000), "2023-12-31T23:59:59.0000000Z");
+}
+
+TEST(UtcTime, IsEmptyWithoutATimeAndBeyondTheYear9999) {
+    EXPECT_EQ(Shown(0), "");
+    EXPECT_EQ(Shown(1), "1601-01-01T00:00:00.0000001Z");
+    EXPECT_EQ(Shown(2650467743999999999), "9999-12-31T23:59:59.9999999Z");
+    EXPECT_EQ(Shown(2650467744000000000), "");
+    EXPECT_EQ(Shown(INT64_MAX), "");
+    EXPECT_EQ(Shown(uint64_t{1} << 63), "");
+    EXPECT_EQ(Shown(UINT64_MAX), "");
+}
+
+// Against the system's own calendar.
+TEST(UtcTime, IsTheSystemsDate) {
+    Random random(1);
+    for (int i = 0; i < 20000; ++i) {
+        const uint64_t ticks = 1 + random.Bits() % 2650467743999999999;
+        const FILETIME time = Ticks(ticks);
+        SYSTEMTIME utc = {};
+        ASSERT_TRUE(FileTimeToSystemTime(&time, &utc));
+        char expected[80];
+        std::snprintf(expected, sizeof expected, "%04d-%02d-%02dT%02d:%02d:%02d.%07uZ", utc.wYear, utc.wMonth,
+                      utc.wDay, utc.wHour, utc.wMinute, utc.wSecond,
+                      static_cast<unsigned>(ticks % 10'000'000));
+        ASSERT_EQ(Shown(ticks), expected) << ticks;
+    }
+}
+
+// The clock of the C library against that of the C++ library.
+TEST(UtcTime, NowIsThisMoment) {
+    const auto seconds = [] { return static_cast<uint64_t>(std::time(nullptr)); };
+    const uint64_t before = seconds();
+    const FILETIME now = Console::UtcNow();
+    const uint64_t after = seconds();
+    const uint64_t ticks = uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime;
+    const uint64_t unixSeconds = ticks / 10'000'000 - 11'644'473'600;
+    EXPECT_GE(unixSeconds + 1, before);
+    EXPECT_LE(unixSeconds, after + 1);
+}
+
+}  // namespace
