@@ -7,17 +7,36 @@
 #include <string>
 #include <string_view>
 
+#include "console/Completion.h"
 #include "console/Errors.h"
 #include "console/Output.h"
 #include "console/list/ListCommand.h"
+#include "console/menu/MenuCommand.h"
 #include "resources/version.h"
 
 namespace Console {
 
 namespace {
 
-constexpr std::array<Command, 1> Table = {{
+constexpr char CompletionHelp[] =
+    "\n"
+    "Prints a script that completes command lines in PowerShell. To have it in each session, add this line "
+    "to\n"
+    "the file $PROFILE:\n"
+    "\n"
+    "  tamblewickc completion powershell | Out-String | Invoke-Expression\n";
+
+ExitCode RunCompletion(const Options&) {
+    Print(PowerShellCompletion(Commands()));
+    return ExitCode::Complete;
+}
+
+constexpr std::array<Command, 5> Table = {{
     {"list", ListUsage, ListHelp, ListOptions, 1, 2, RunList},
+    {"menu status", "", MenuStatusHelp, {}, 0, 0, RunMenuStatus},
+    {"menu on", "[--all-users]", MenuOnHelp, MenuOptions, 0, 0, RunMenuOn},
+    {"menu off", "[--all-users]", MenuOffHelp, MenuOptions, 0, 0, RunMenuOff},
+    {"completion powershell", "", CompletionHelp, {}, 0, 0, RunCompletion},
 }};
 
 // The program's arguments, split after the name of the command.

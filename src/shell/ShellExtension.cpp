@@ -8,15 +8,6 @@
 
 namespace {
 
-std::wstring ProgramPath() {
-    constexpr DWORD Length = 4096;
-    wchar_t path[Length] = {};
-    GetModuleFileNameW(nullptr, path, Length);
-    wchar_t longPath[Length] = {};
-    GetLongPathNameW(path, longPath, Length);
-    return longPath;
-}
-
 // Class identifiers and paths are compared case-insensitively.
 bool AreEqual(const std::wstring& a, const std::wstring& b) {
     return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_EQUAL;
@@ -61,13 +52,26 @@ bool RunRegsvr32(const std::wstring& parameters) {
 
 }  // namespace
 
+std::wstring ProgramPath() {
+    constexpr DWORD Length = 4096;
+    wchar_t path[Length] = {};
+    GetModuleFileNameW(nullptr, path, Length);
+    wchar_t longPath[Length] = {};
+    GetLongPathNameW(path, longPath, Length);
+    return longPath;
+}
+
 std::wstring ModulePathOf(const std::wstring& programPath) {
     // The last dot of the whole path, even if it is in the name of a folder.
     return programPath.substr(0, programPath.rfind(L'.')) + L".dll";
 }
 
 ShellExtension::ShellExtension(const std::wstring& name, const std::wstring& classId)
-    : Name(name), ClassId(classId), ModulePath(ModulePathOf(ProgramPath())) {}
+    : ShellExtension(name, classId, ModulePathOf(ProgramPath())) {}
+
+ShellExtension::ShellExtension(const std::wstring& name, const std::wstring& classId,
+                               const std::wstring& modulePath)
+    : Name(name), ClassId(classId), ModulePath(modulePath) {}
 
 bool ShellExtension::IsRegistered() const {
     const bool forFolders =

@@ -235,6 +235,8 @@ void SetTickCount(DWORD milliseconds);
 void AdvanceTickCount(DWORD milliseconds);
 void SetTickStep(DWORD milliseconds);
 
+// GetLocaleInfoW gives ";" as the list separator, and GetSystemTimeAsFileTime 2024-03-09 16:05:09.
+
 // What GetLocalTime gives; at first 2024-03-09 17:05:09.
 void SetLocalTime(const SYSTEMTIME& time);
 
@@ -277,6 +279,12 @@ struct ShellNotification {
     LPCVOID second;
 };
 std::vector<ShellNotification> ShellNotifications();
+
+// LoadLibraryExW finds a module at this path, whose only function is DllInstall; null for none.
+void SetInstallModule(const std::wstring& path, HRESULT (*dllInstall)(BOOL install, LPCWSTR text));
+
+// Modules that were loaded and not freed.
+int LoadedModules();
 
 // What IsWow64Process of kernel32 answers: it does not exist, no (at first), or yes.
 enum class Wow64 { Absent, No, Yes };

@@ -38,6 +38,7 @@ struct OpenKey {
 
 struct State {
     std::shared_ptr<Key> root = std::make_shared<Key>();
+    std::shared_ptr<Key> machine = std::make_shared<Key>();
     std::map<HKEY, std::unique_ptr<OpenKey>> open;
 };
 
@@ -87,7 +88,7 @@ std::shared_ptr<Key> MakeBelow(std::shared_ptr<Key> key, const std::wstring& pat
 }
 
 bool IsPredefined(HKEY key) {
-    return key == HKEY_CURRENT_USER || key == HKEY_CLASSES_ROOT;
+    return key == HKEY_CURRENT_USER || key == HKEY_CLASSES_ROOT || key == HKEY_LOCAL_MACHINE;
 }
 
 // A copy of what the handle refers to; without a key for an invalid handle.
@@ -96,6 +97,8 @@ OpenKey Resolve(HKEY key) {
         return {Registry().root, KEY_ALL_ACCESS, L"HKCU"};
     if (key == HKEY_CLASSES_ROOT)
         return {MakeBelow(Registry().root, L"Software\\Classes"), KEY_ALL_ACCESS, L"HKCR"};
+    if (key == HKEY_LOCAL_MACHINE)
+        return {Registry().machine, KEY_ALL_ACCESS, L"HKLM"};
     const auto found = Registry().open.find(key);
     return found == Registry().open.end() ? OpenKey{} : *found->second;
 }

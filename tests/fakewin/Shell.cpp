@@ -24,6 +24,9 @@ struct State {
     std::vector<DWORD> waits;
     DWORD exitCode = 0;
     Wow64 wow64 = Wow64::No;
+    std::wstring modulePath;
+    HRESULT (*dllInstall)(BOOL, LPCWSTR) = nullptr;
+    int loadedModules = 0;
 };
 
 std::mutex mutex;
@@ -97,6 +100,17 @@ std::vector<DWORD> ProcessWaits() {
 std::vector<ShellNotification> ShellNotifications() {
     const std::lock_guard lock(mutex);
     return Shell().notifications;
+}
+
+void SetInstallModule(const std::wstring& path, HRESULT (*dllInstall)(BOOL install, LPCWSTR text)) {
+    const std::lock_guard lock(mutex);
+    Shell().modulePath = path;
+    Shell().dllInstall = dllInstall;
+}
+
+int LoadedModules() {
+    const std::lock_guard lock(mutex);
+    return Shell().loadedModules;
 }
 
 void SetWow64(Wow64 answer) {
@@ -189,8 +203,26 @@ HMODULE GetModuleHandleW(LPCWSTR name) {
     return nullptr;
 }
 
+HMODULE LoadLibraryExW(LPCWSTR path, HANDLE, DWORD) {
+    const std::lock_guard lock(mutex);
+    if (Shell().dllInstall == nullptr || Shell().modulePath != path) {
+        SetLastError(ERROR_MOD_NOT_FOUND);
+        return nullptr;
+    }
+    ++Shell().loadedModules;
+    return reinterpret_cast<HMODULE>(&Shell().modulePath);
+}
+
+BOOL FreeLibrary(HMODULE) {
+    const std::lock_guard lock(mutex);
+    --Shell().loadedModules;
+    return TRUE;
+}
+
 FARPROC GetProcAddress(HMODULE module, LPCSTR name) {
     const std::lock_guard lock(mutex);
+    if (module == reinterpret_cast<HMODULE>(&Shell().modulePath) && std::string_view(name) == "DllInstall")
+        return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(Shell().dllInstall));
     const bool known =
         module == reinterpret_cast<HMODULE>(&kernel32) && std::string_view(name) == "IsWow64Process";
     if (known && Shell().wow64 != Wow64::Absent)

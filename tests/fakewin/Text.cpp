@@ -108,6 +108,14 @@ int CompareStringOrdinal(LPCWSTR first, int firstLength, LPCWSTR second, int sec
     return order < 0 ? CSTR_LESS_THAN : order > 0 ? CSTR_GREATER_THAN : CSTR_EQUAL;
 }
 
+int GetLocaleInfoW(LCID, DWORD, LPWSTR buffer, int size) {
+    constexpr std::wstring_view Separator = L";";
+    if (size < 2)
+        return SetLastError(ERROR_INSUFFICIENT_BUFFER), 0;
+    std::wmemcpy(buffer, Separator.data(), 2);
+    return 2;
+}
+
 int GetDateFormatW(LCID, DWORD flags, const SYSTEMTIME* date, LPCWSTR format, LPWSTR buffer, int size) {
     DWORD error = Internal::Enter(Call::GetDateFormatW);
     if (error == 0 && (flags != DATE_SHORTDATE || format != nullptr))

@@ -106,6 +106,10 @@ void Sleep(DWORD milliseconds) {
         std::this_thread::sleep_for(std::chrono::microseconds(200));
 }
 
+void GetSystemTimeAsFileTime(LPFILETIME time) {
+    *time = MakeFileTime(2024, 3, 9, 16, 5, 9);
+}
+
 void GetLocalTime(LPSYSTEMTIME time) {
     Internal::Enter(Call::GetLocalTime);
     const std::lock_guard lock(mutex);

@@ -5,15 +5,13 @@
 
 #include "console/Errors.h"
 #include "console/Output.h"
-#include "console/list/InterruptibleVisitor.h"
 #include "console/list/ListListener.h"
 #include "console/list/ListRequest.h"
 #include "console/list/PartFile.h"
+#include "console/list/WriteFormat.h"
 #include "listmaker/OpenList.h"
 #include "listmaker/ScanOptions.h"
 #include "scanner/Scan.h"
-#include "writers/MakeWriter.h"
-#include "writers/WalkTree.h"
 
 namespace Console {
 
@@ -25,28 +23,16 @@ struct CloseStream {
 
 using Stream = std::unique_ptr<std::FILE, CloseStream>;
 
-bool IsText(ListFormat format) {
-    return format == ListFormat::Text || format == ListFormat::Html;
-}
-
-// Writes the list to an open stream. Returns whether all of it was written.
-bool WriteListTo(std::FILE* stream, const ListRequest& request, const Scanner::Node& root) {
-    const std::unique_ptr<Writer> writer = MakeWriter(request.preset, stream);
-    InterruptibleVisitor visitor(*writer);
-    WalkTree(visitor, root, request.preset.Get(Display::ShowFlatStyle));
-    return writer->stream.Finish();
-}
-
-void WriteToStandardOutput(const ListRequest& request, const Scanner::Node& root) {
+void WriteToStandardOutput(const ListRequest& request, const FinishedScan& scan) {
     Stream stream(OpenStandardOutput(IsText(request.format)));
-    const bool written = stream != nullptr && WriteListTo(stream.get(), request, root);
+    const bool written = stream != nullptr && WriteFormat(stream.get(), request, scan);
     if (!written || std::fclose(stream.release()) != 0)
         throw Error(ExitCode::NotWritten, L"the standard output could not be written");
 }
 
-void WriteToFile(const ListRequest& request, const Scanner::Node& root) {
+void WriteToFile(const ListRequest& request, const FinishedScan& scan) {
     PartFile file(*request.output, IsText(request.format));
-    if (!WriteListTo(file.Stream(), request, root))
+    if (!WriteFormat(file.Stream(), request, scan))
         throw Error(ExitCode::NotWritten,
                     L"the list '" + *request.output + L"' could not be written; check the free space");
     file.Commit();
@@ -64,10 +50,11 @@ ExitCode RunList(const Options& arguments) {
         listener.ThrowFailure();
     listener.EndProgress();
 
+    const FinishedScan scan = {.root = result.root, .options = options, .unreadable = listener.Refused()};
     if (request.output)
-        WriteToFile(request, result.root);
+        WriteToFile(request, scan);
     else
-        WriteToStandardOutput(request, result.root);
+        WriteToStandardOutput(request, scan);
     if (request.output && !request.quiet)
         Print(ToUtf8(*request.output) + "\n");
     if (request.open)

@@ -79,6 +79,7 @@ BOOL WINAPI MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags);
 
 DWORD WINAPI GetTickCount();
 void WINAPI Sleep(DWORD milliseconds);
+void WINAPI GetSystemTimeAsFileTime(LPFILETIME time);
 void WINAPI GetLocalTime(LPSYSTEMTIME time);
 BOOL WINAPI FileTimeToSystemTime(const FILETIME* fileTime, LPSYSTEMTIME systemTime);
 BOOL WINAPI SystemTimeToFileTime(const SYSTEMTIME* systemTime, LPFILETIME fileTime);
@@ -92,6 +93,8 @@ LONG WINAPI CompareFileTime(const FILETIME* first, const FILETIME* second);
 #define STILL_ACTIVE 259
 
 HMODULE WINAPI GetModuleHandleW(LPCWSTR name);
+HMODULE WINAPI LoadLibraryExW(LPCWSTR path, HANDLE file, DWORD flags);
+BOOL WINAPI FreeLibrary(HMODULE module);
 FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);
 HANDLE WINAPI GetCurrentProcess();
 DWORD WINAPI GetCurrentThreadId();

@@ -1,6 +1,10 @@
 // The error numbers of the system that the logic or its tests name.
 #pragma once
 
+#define S_OK 0
+#define E_FAIL (static_cast<HRESULT>(0x80004005))
+#define FAILED(result) ((result) < 0)
+
 #define ERROR_SUCCESS 0
 #define NO_ERROR 0
 #define ERROR_INVALID_FUNCTION 1

@@ -13,7 +13,12 @@
 #define CSTR_EQUAL 2
 #define CSTR_GREATER_THAN 3
 
+#define LOCALE_SLIST 0xC
+
 #define DATE_SHORTDATE 0x1
+
+// Only LOCALE_SLIST.
+int WINAPI GetLocaleInfoW(LCID locale, DWORD type, LPWSTR buffer, int size);
 
 int WINAPI CompareStringW(LCID locale, DWORD flags, LPCWSTR first, int firstLength, LPCWSTR second,
                           int secondLength);

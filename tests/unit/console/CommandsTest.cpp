@@ -46,7 +46,7 @@ TEST(ConsoleCommands, HelpShowsAllCommands) {
         first = StandardOutput();
     }
     for (const Console::Command& command : Console::Commands())
-        EXPECT_NE(first.find("  tamblewickc " + std::string(command.name) + " "), std::string::npos);
+        EXPECT_NE(first.find("\n  tamblewickc " + std::string(command.name)), std::string::npos);
 }
 
 TEST(ConsoleCommands, HelpOfACommandBeginsWithItsUsage) {

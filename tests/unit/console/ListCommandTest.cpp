@@ -106,6 +106,55 @@ TEST_F(ListCommand, WithoutOutputTheListIsWhereThePresetSaves) {
     EXPECT_EQ(Contents(L"C:\\Temp\\List of Data.txt"), Today);
 }
 
+TEST_F(ListCommand, TablesGoToTheStandardOutput) {
+    EXPECT_EQ(RunProgram({L"list", L"--template=0", L"C:\\Data", L"-f", L"csv"}), ExitCode::Complete);
+    EXPECT_EQ(
+        StandardOutput(),
+        "type,path,name,extension,size,attributes,created,modified,accessed,files,folders,depth,error\r\n"
+        "directory,Sub,Sub,,7,,2020-01-02T03:04:05.0000000Z,2020-01-02T03:04:05.0000000Z,"
+        "2020-01-02T03:04:05.0000000Z,1,0,0,\r\n"
+        "file,Sub\\b.txt,b.txt,txt,7,A,2020-01-02T03:04:05.0000000Z,2020-01-02T03:04:05.0000000Z,"
+        "2020-01-02T03:04:05.0000000Z,,,1,\r\n"
+        "file,a.txt,a.txt,txt,5,A,2020-01-02T03:04:05.0000000Z,2020-01-02T03:04:05.0000000Z,"
+        "2020-01-02T03:04:05.0000000Z,,,0,\r\n");
+    EXPECT_EQ(StandardError(), "");
+}
+
+TEST_F(ListCommand, TablesAreWrittenToFiles) {
+    EXPECT_EQ(RunList({L"--format=csv", L"--absolute"}), ExitCode::Complete);
+    EXPECT_EQ(StandardOutput(), "C:\\Lists\\out.txt\n");
+    EXPECT_NE(Contents(Output)->find("\r\nfile,C:\\Data\\Sub\\b.txt,b.txt,txt,7,"), std::string::npos);
+}
+
+TEST_F(ListCommand, ATableForExcelHasTheListSeparatorOfTheSystem) {
+    EXPECT_EQ(RunList({L"--format=csv", L"--excel"}), ExitCode::Complete);
+    EXPECT_TRUE(Contents(Output)->starts_with("\xEF\xBB\xBFtype;path;name;extension;"));
+}
+
+TEST_F(ListCommand, JsonLinesBeginWithTheListAndEndWithItsSummary) {
+    FakeWin::FailOn(FakeWin::Call::FindFirstFileExW, L"C:\\Data\\Sub", ERROR_ACCESS_DENIED);
+    EXPECT_EQ(RunList({L"--format=jsonl"}), ExitCode::FoldersUnread);
+    const std::string list = Contents(Output).value_or("");
+    EXPECT_EQ(list.substr(0, list.find('\n')),
+              R"*({"type":"list","format":1,"program":"Tamblewick 4.0.1","root":"C:\\Data",)*"
+              R"*("preset":"All files (Simple, Text)","created":"2024-03-09T16:05:09.0000000Z"})*");
+    EXPECT_TRUE(
+        list.ends_with("\n{\"type\":\"summary\",\"size\":5,\"folders\":1,\"files\":1,\"unreadable\":1}\n"))
+        << list;
+    EXPECT_NE(list.find("\"error\":\"access-denied\""), std::string::npos);
+}
+
+TEST_F(ListCommand, ATableHasTheKindsOfEntriesThatThePresetShows) {
+    MainSettings settings;
+    Preset& preset = AddPreset(settings, L"key", L"name");
+    for (size_t i = 0; i < FolderColumnCount; ++i)
+        preset.Get(Columns::FolderEnabled, i) = false;
+    preset.Save();
+    EXPECT_EQ(RunProgram({L"list", L"key", L"C:\\Data", L"-f", L"csv"}), ExitCode::Complete);
+    EXPECT_EQ(StandardOutput().find("directory"), std::string::npos);
+    EXPECT_NE(StandardOutput().find("file,Sub\\b.txt"), std::string::npos);
+}
+
 TEST_F(ListCommand, TheExtensionIsThatOfTheFormat) {
     EXPECT_EQ(RunProgram({L"list", L"--template", L"0", L"C:\\Data", L"-f", L"html"}), ExitCode::Complete);
     EXPECT_EQ(StandardOutput(), "C:\\Temp\\List of Data.html\n");
