@@ -18,6 +18,13 @@ find_path(UTF8CPP_INCLUDE_DIR utf8.h PATHS /usr/include/utf8cpp REQUIRED NO_DEFA
 add_library(utf8cpp INTERFACE)
 target_include_directories(utf8cpp SYSTEM INTERFACE ${UTF8CPP_INCLUDE_DIR})
 
+# The headers of nlohmann-json lie in the system's include folder itself, so they are reached through a link.
+find_path(NLOHMANN_INCLUDE_DIR nlohmann/json.hpp PATHS /usr/include REQUIRED NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/nlohmann)
+file(CREATE_LINK ${NLOHMANN_INCLUDE_DIR}/nlohmann ${PROJECT_BINARY_DIR}/nlohmann/nlohmann SYMBOLIC)
+add_library(nlohmann INTERFACE)
+target_include_directories(nlohmann SYSTEM INTERFACE ${PROJECT_BINARY_DIR}/nlohmann)
+
 # The platform below the program: Windows itself, or on Linux the stand-in of tests/fakewin, whose
 # windows.h is found in the place of the real one.
 add_library(platform INTERFACE)
