@@ -12,6 +12,7 @@
 #include "console/Output.h"
 #include "console/list/ListCommand.h"
 #include "console/menu/MenuCommand.h"
+#include "console/presets/PresetCommands.h"
 #include "resources/version.h"
 
 namespace Console {
@@ -31,8 +32,18 @@ ExitCode RunCompletion(const Options&) {
     return ExitCode::Complete;
 }
 
-constexpr std::array<Command, 5> Table = {{
+constexpr std::array<Command, 15> Table = {{
     {"list", ListUsage, ListHelp, ListOptions, 1, 2, RunList},
+    {"presets list", "[--json]", PresetsListHelp, PresetsListOptions, 0, 0, ListPresets},
+    {"presets templates", "", TemplatesHelp, {}, 0, 0, ListTemplates},
+    {"presets new", "TEMPLATE [NAME]", NewHelp, {}, 1, 2, NewPreset},
+    {"presets duplicate", "PRESET [NAME]", DuplicateHelp, {}, 1, 2, DuplicatePreset},
+    {"presets rename", "PRESET NAME", RenameHelp, {}, 2, 2, RenamePreset},
+    {"presets remove", "PRESET...", RemoveHelp, {}, 1, AnyNumber, RemovePresets},
+    {"presets get", "PRESET [FIELD]", GetHelp, {}, 1, 2, GetFields},
+    {"presets set", "PRESET FIELD=VALUE...", SetHelp, {}, 2, AnyNumber, SetPresetFields},
+    {"presets export", "[PRESET...] [-o FILE]", ExportHelp, ExportOptions, 0, AnyNumber, ExportPresets},
+    {"presets import", "FILE|- [--replace] [--trust]", ImportHelp, ImportOptions, 1, 1, ImportPresets},
     {"menu status", "", MenuStatusHelp, {}, 0, 0, RunMenuStatus},
     {"menu on", "[--all-users]", MenuOnHelp, MenuOptions, 0, 0, RunMenuOn},
     {"menu off", "[--all-users]", MenuOffHelp, MenuOptions, 0, 0, RunMenuOff},

@@ -55,6 +55,10 @@ constexpr const char* Names[] = {
     "GetDesktopWindow",
     "LoadImageW",
     "GetFullPathNameW",
+    "ReadFile",
+    "CreateMutexW",
+    "ReleaseMutex",
+    "FindWindowW",
 };
 static_assert(std::size(Names) == static_cast<size_t>(Call::Count));
 

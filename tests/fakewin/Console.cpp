@@ -19,11 +19,14 @@ struct Stream {
     std::string contents = {};
 };
 
-constexpr int Descriptor = 1;
+constexpr int InputDescriptor = 0;
+constexpr int OutputDescriptor = 1;
 
 struct ConsoleState {
     Stream output = {L"standard output"};
     Stream error = {L"standard error"};
+    Stream input = {L"standard input"};
+    size_t inputRead = 0;
     UINT codePage = 850;
     PHANDLER_ROUTINE handler = nullptr;
 };
@@ -61,6 +64,16 @@ ssize_t WriteText(void*, const char* data, size_t size) {
     return Append(&state.output, text) == 0 ? static_cast<ssize_t>(size) : 0;
 }
 
+ssize_t ReadInput(void*, char* data, size_t size) {
+    const DWORD error = Watched(Call::ReadFile, state.input.subject);
+    if (error != 0)
+        return -1;
+    const std::lock_guard lock(mutex);
+    const size_t count = state.input.contents.copy(data, size, state.inputRead);
+    state.inputRead += count;
+    return static_cast<ssize_t>(count);
+}
+
 int Close(void*) {
     const DWORD error = Watched(Call::CloseFile, state.output.subject);
     state.output.open = false;
@@ -68,6 +81,12 @@ int Close(void*) {
 }
 
 }  // namespace
+
+void SetStandardInput(const std::string& contents) {
+    const std::lock_guard lock(mutex);
+    state.input.contents = contents;
+    state.inputRead = 0;
+}
 
 std::string StandardOutput() {
     const std::lock_guard lock(mutex);
@@ -104,6 +123,8 @@ void ResetConsole() {
 using namespace FakeWin;
 
 HANDLE GetStdHandle(DWORD stream) {
+    if (stream == STD_INPUT_HANDLE)
+        return &state.input;
     Stream& wanted = stream == STD_ERROR_HANDLE ? state.error : state.output;
     return wanted.open ? &wanted : nullptr;
 }
@@ -143,11 +164,17 @@ BOOL WriteFile(HANDLE handle, LPCVOID data, DWORD size, LPDWORD written, LPVOID)
 }
 
 int _open_osfhandle(intptr_t handle, int) {
-    return reinterpret_cast<HANDLE>(handle) == &state.output ? Descriptor : -1;
+    if (reinterpret_cast<HANDLE>(handle) == &state.input)
+        return InputDescriptor;
+    return reinterpret_cast<HANDLE>(handle) == &state.output ? OutputDescriptor : -1;
 }
 
-FILE* _fdopen(int, const char* mode) {
+FILE* _fdopen(int descriptor, const char* mode) {
     cookie_io_functions_t functions = {};
+    if (descriptor == InputDescriptor) {
+        functions.read = ReadInput;
+        return fopencookie(&state, "r", functions);
+    }
     functions.write = mode == std::string_view("w") ? WriteText : WriteBinary;
     functions.close = Close;
     return fopencookie(&state, "w", functions);

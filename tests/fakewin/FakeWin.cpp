@@ -7,6 +7,7 @@ namespace FakeWin {
 void Reset() {
     Internal::ResetWindows();
     Internal::ResetShell();
+    Internal::ResetMutexes();
     Internal::ResetText();
     Internal::ResetTime();
     Internal::ResetRegistry();
@@ -17,7 +18,7 @@ void Reset() {
 
 std::string LeftOpen() {
     return Internal::OpenFilesText() + Internal::OpenKeysText() + Internal::OpenTextsText() +
-           Internal::OpenIconsText();
+           Internal::OpenIconsText() + Internal::OpenMutexesText();
 }
 
 }  // namespace FakeWin

@@ -26,7 +26,7 @@ namespace FakeWin {
 // empty registry, no windows, a desktop of 1024 by 768. Open handles become invalid.
 void Reset();
 
-// Find handles, registry keys, list files, system texts and icons that are open now, one to a line as
+// Find handles, registry keys, files, system texts, icons and mutexes that are open now, one to a line as
 // "find C:\Data"; empty if there are none. Process handles do not count, see OpenProcesses.
 std::string LeftOpen();
 
@@ -95,6 +95,10 @@ enum class Call {
     GetDesktopWindow,
     LoadImageW,        // the number of the resource
     GetFullPathNameW,  // no subject
+    ReadFile,          // the path; one read of an open file
+    CreateMutexW,      // the name
+    ReleaseMutex,      // the name
+    FindWindowW,       // the title
     Count,
 };
 
@@ -206,6 +210,10 @@ void SetLongPath(const std::wstring& path, const std::wstring& longPath);
 std::string StandardOutput();
 std::string StandardError();
 
+// What a program reads from its standard input; at first nothing. Reads are calls of Call::ReadFile with the
+// subject "standard input".
+void SetStandardInput(const std::string& contents);
+
 // There is no standard output any more, as after ">&-".
 void CloseStandardOutput();
 
@@ -267,6 +275,9 @@ void OnShellExecute(std::function<void(const ShellExecution&)> program);
 
 // The exit code of the programs started from now on; at first 0. A program ends while it is waited for.
 void SetProcessExitCode(DWORD code);
+
+// Mutex handles that were given out and not closed.
+int OpenMutexes();
 
 // Process handles that were given out and not closed; how often one was waited for, and with what limit.
 int OpenProcesses();

@@ -63,11 +63,17 @@ struct FoldedLess {
     bool operator()(std::wstring_view less, std::wstring_view more) const;
 };
 
+// Mutexes, which are waited for and closed by the calls for all handles. CloseMutex returns whether it was one.
+bool IsMutex(HANDLE handle);
+DWORD WaitForMutex(HANDLE handle, DWORD milliseconds);
+bool CloseMutex(HANDLE handle);
+
 // The handles that each part has open, in the form of LeftOpen.
 std::string OpenFilesText();
 std::string OpenKeysText();
 std::string OpenTextsText();
 std::string OpenIconsText();
+std::string OpenMutexesText();
 
 void ResetCalls();
 void ResetFiles();
@@ -76,6 +82,7 @@ void ResetRegistry();
 void ResetTime();
 void ResetText();
 void ResetShell();
+void ResetMutexes();
 void ResetWindows();
 
 }  // namespace FakeWin::Internal

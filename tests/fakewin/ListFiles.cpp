@@ -17,7 +17,8 @@ using namespace Internal;
 struct OpenFile {
     std::shared_ptr<Entry> entry;
     std::wstring subject;
-    bool text;  // 0A becomes 0D 0A
+    bool text;        // 0A becomes 0D 0A
+    size_t read = 0;  // bytes
 };
 
 int ErrnoOf(DWORD error) {
@@ -68,6 +69,18 @@ ssize_t Write(void* cookie, const char* data, size_t size) {
     return 0;
 }
 
+ssize_t Read(void* cookie, char* data, size_t size) {
+    OpenFile& file = *static_cast<OpenFile*>(cookie);
+    if (Watched(Call::ReadFile, file.subject) != 0) {
+        errno = EIO;
+        return -1;
+    }
+    const std::lock_guard lock(FilesMutex());
+    const size_t count = file.entry->contents ? file.entry->contents->copy(data, size, file.read) : 0;
+    file.read += count;
+    return static_cast<ssize_t>(count);
+}
+
 int Close(void* cookie) {
     const std::unique_ptr<OpenFile> file(static_cast<OpenFile*>(cookie));
     const DWORD error = Watched(Call::CloseFile, file->subject);
@@ -102,6 +115,18 @@ DWORD Truncate(const ParsedPath& path, OpenFile& file) {
     return 0;
 }
 
+DWORD OpenExisting(const ParsedPath& path, OpenFile& file) {
+    const std::lock_guard lock(FilesMutex());
+    DWORD error;
+    file.entry = Files().tree->Find(path, error);
+    if (!file.entry)
+        return error;
+    if (file.entry->folder)
+        return ERROR_ACCESS_DENIED;
+    Files().openFiles.push_back(file.subject);
+    return 0;
+}
+
 }  // namespace
 }  // namespace FakeWin
 
@@ -109,7 +134,8 @@ using namespace FakeWin;
 
 FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share) {
     const std::wstring_view asked = mode;
-    if ((asked != L"w" && asked != L"wb" && asked != L"wt") || share < _SH_DENYRW || share > _SH_DENYNO) {
+    const bool reading = asked == L"rb";
+    if ((!reading && asked != L"w" && asked != L"wb" && asked != L"wt") || share < _SH_DENYRW || share > _SH_DENYNO) {
         errno = EINVAL;
         return nullptr;
     }
@@ -118,13 +144,14 @@ FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share) {
     file->subject = parsed.Subject();
     file->text = asked != L"wb";
     const DWORD error = Watched(Call::OpenFile, file->subject, static_cast<DWORD>(share),
-                                [&] { return Truncate(parsed, *file); });
+                                [&] { return reading ? OpenExisting(parsed, *file) : Truncate(parsed, *file); });
     if (error != 0) {
         errno = ErrnoOf(error);
         return nullptr;
     }
     cookie_io_functions_t functions = {};
+    functions.read = Read;
     functions.write = Write;
     functions.close = Close;
-    return fopencookie(file.release(), "w", functions);
+    return fopencookie(file.release(), reading ? "r" : "w", functions);
 }

@@ -161,6 +161,8 @@ void SHChangeNotify(LONG event, UINT flags, LPCVOID first, LPCVOID second) {
 }
 
 DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds) {
+    if (FakeWin::Internal::IsMutex(handle))
+        return FakeWin::Internal::WaitForMutex(handle, milliseconds);
     DWORD error = Enter(Call::WaitForSingleObject);
     const std::lock_guard lock(mutex);
     Shell().waits.push_back(milliseconds);
@@ -186,7 +188,7 @@ BOOL GetExitCodeProcess(HANDLE handle, LPDWORD exitCode) {
 BOOL CloseHandle(HANDLE handle) {
     DWORD error = Enter(Call::CloseHandle);
     const std::lock_guard lock(mutex);
-    if (error == 0 && Shell().processes.erase(handle) == 0)
+    if (error == 0 && !FakeWin::Internal::CloseMutex(handle) && Shell().processes.erase(handle) == 0)
         error = ERROR_INVALID_HANDLE;
     return Succeeded(error);
 }

@@ -302,6 +302,16 @@ HWND GetDesktopWindow() {
     return fault == 0 && Windows().hasDesktop ? reinterpret_cast<HWND>(DesktopHandle) : nullptr;
 }
 
+HWND FindWindowW(LPCWSTR className, LPCWSTR title) {
+    if (const DWORD fault = Watched(Call::FindWindowW, title))
+        return SetLastError(fault), nullptr;
+    const std::lock_guard lock(WindowsMutex());
+    for (const auto& [handle, window] : Windows().windows)
+        if ((window->style & WS_CHILD) == 0 && window->className == className && window->text == title)
+            return handle;
+    return nullptr;
+}
+
 DWORD GetWindowThreadProcessId(HWND handle, LPDWORD processId) {
     if (processId != nullptr)
         *processId = 1;

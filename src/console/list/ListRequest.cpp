@@ -23,7 +23,12 @@ bool IsTable(ListFormat format) {
 // Takes the preset's operand, or none if an option chooses the preset.
 Preset ChoosePreset(const Options& arguments) {
     const bool fromTemplate = arguments.Has("template");
-    const size_t expected = fromTemplate ? 1 : 2;
+    const bool fromFile = arguments.Has("preset-file");
+    if (fromTemplate && fromFile)
+        throw UsageError(L"--template and --preset-file exclude each other");
+    if (arguments.Has("preset") && !fromFile)
+        throw UsageError(L"--preset is for --preset-file");
+    const size_t expected = fromTemplate || fromFile ? 1 : 2;
     if (arguments.operands.size() < expected)
         throw UsageError(L"PRESET or FOLDER is missing");
     if (arguments.operands.size() > expected)
@@ -31,7 +36,11 @@ Preset ChoosePreset(const Options& arguments) {
                          L"', since an option chooses the preset");
     if (fromTemplate)
         return PresetOfTemplate(arguments.Value("template"));
-    return StoredPreset(arguments.operands[0]);
+    if (fromFile)
+        return PresetOfFile(arguments.Value("preset-file"), arguments.Has("preset")
+                                                                ? std::optional(arguments.Value("preset"))
+                                                                : std::nullopt);
+    return PresetByName(arguments.operands[0]);
 }
 
 ListFormat ChooseFormat(const Options& arguments, const Preset& preset) {

@@ -1,29 +1,17 @@
 #include "console/presets/PresetChoice.h"
 
-#include <vector>
-
 #include "console/Errors.h"
-#include "settings/MainSettings.h"
+#include "console/Input.h"
+#include "console/presets/JsonText.h"
+#include "console/presets/PresetFile.h"
+#include "console/presets/StoredPresets.h"
 #include "settings/Templates.h"
 
 namespace Console {
 
-Preset StoredPreset(const std::wstring& keyOrName) {
-    MainSettings settings;
-    settings.LoadAll();
-    std::vector<const Preset*> named;
-    for (const auto& preset : settings.Presets) {
-        if (preset->Key() == keyOrName)
-            return *preset;
-        if (preset->Get(Preset::Name) == keyOrName)
-            named.push_back(preset.get());
-    }
-    if (named.empty())
-        throw Error(ExitCode::WrongUsage,
-                    L"there is no preset '" + keyOrName + L"'; see 'tamblewickc presets list'");
-    if (named.size() > 1)
-        throw Error(ExitCode::WrongUsage, L"several presets have the name '" + keyOrName + L"'; use a key");
-    return *named.front();
+Preset PresetByName(const std::wstring& keyOrName) {
+    const StoredPresets presets = ReadPresets();
+    return ValuesOf(FindPreset(presets, keyOrName));
 }
 
 Preset PresetOfTemplate(const std::wstring& numberOrName) {
@@ -36,6 +24,33 @@ Preset PresetOfTemplate(const std::wstring& numberOrName) {
     }
     throw Error(ExitCode::WrongUsage,
                 L"there is no template '" + numberOrName + L"'; see 'tamblewickc presets templates'");
+}
+
+std::vector<Preset> PresetsOfFile(const std::wstring& file) {
+    const std::string text = ReadInput(file, LargestPresetFile);
+    try {
+        return ParsePresetFile(text);
+    } catch (const JsonError& error) {
+        throw Error(ExitCode::Failed, InputName(file) + L" is no file of presets: " + FromUtf8(error.what()));
+    }
+}
+
+Preset PresetOfFile(const std::wstring& file, const std::optional<std::wstring>& name) {
+    const std::vector<Preset> presets = PresetsOfFile(file);
+    std::vector<const Preset*> chosen;
+    for (const Preset& preset : presets)
+        if (!name || preset.Get(Preset::Name) == *name)
+            chosen.push_back(&preset);
+    const std::wstring named = name ? L" with the name '" + *name + L"'" : L"";
+    if (chosen.empty())
+        throw Error(ExitCode::WrongUsage, InputName(file) + L" has no preset" + named);
+    if (chosen.size() > 1)
+        throw Error(ExitCode::WrongUsage, InputName(file) + L" has several presets" + named +
+                                              (name ? L"" : L"; choose one with --preset NAME"));
+    Preset preset(*chosen.front());
+    if (preset.Get(Opening::OpenMethod) == OpenMethod::Custom)
+        preset.Get(Opening::OpenMethod) = OpenMethod::Nothing;
+    return preset;
 }
 
 }  // namespace Console

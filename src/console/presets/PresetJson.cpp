@@ -11,6 +11,8 @@
 
 namespace Console {
 
+using namespace nlohmann::literals;
+
 nlohmann::ordered_json FieldsOf(const Preset& preset) {
     nlohmann::ordered_json fields;
     JsonSerializer serializer(fields);
@@ -23,7 +25,8 @@ void SetFields(Preset& preset, const nlohmann::json& fields, const std::string& 
     Preset changed(preset);
     JsonDeserializer deserializer(fields, path);
     changed.Deserialize(deserializer);
-    if (!(static_cast<uint32_t>(changed.Get(Filter::PresetSearchPattern)) < SearchFilters.size()))
+    const auto pattern = static_cast<uint32_t>(changed.Get(Filter::PresetSearchPattern));
+    if (fields.contains("/Filter/PresetSearchPattern"_json_pointer) && pattern >= SearchFilters.size())
         throw JsonError(PathOf(PathOf(path, "Filter"), "PresetSearchPattern"),
                         "expected a whole number from 0 to " + std::to_string(SearchFilters.size() - 1));
     const int32_t position = changed.Get(Preset::Position);

@@ -9,6 +9,5 @@
 #define _SH_DENYRD 0x30
 #define _SH_DENYNO 0x40
 
-// Only for writing: mode is L"w", in which each 0A becomes 0D 0A on its way into the file, or L"wb". Null on
-// failure.
+// mode is L"w", in which each 0A becomes 0D 0A on its way into the file, L"wb" or L"rb". Null on failure.
 FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share);

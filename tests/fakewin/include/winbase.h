@@ -88,6 +88,7 @@ LONG WINAPI CompareFileTime(const FILETIME* first, const FILETIME* second);
 // Processes and modules
 
 #define WAIT_OBJECT_0 0
+#define WAIT_ABANDONED 0x80
 #define WAIT_TIMEOUT 258
 #define WAIT_FAILED 0xFFFFFFFF
 #define STILL_ACTIVE 259
@@ -100,6 +101,8 @@ HANDLE WINAPI GetCurrentProcess();
 DWORD WINAPI GetCurrentThreadId();
 DWORD WINAPI WaitForSingleObject(HANDLE handle, DWORD milliseconds);
 BOOL WINAPI GetExitCodeProcess(HANDLE process, LPDWORD exitCode);
+HANDLE WINAPI CreateMutexW(LPSECURITY_ATTRIBUTES attributes, BOOL owned, LPCWSTR name);
+BOOL WINAPI ReleaseMutex(HANDLE mutex);
 BOOL WINAPI CloseHandle(HANDLE handle);
 
 // System messages

@@ -3,6 +3,7 @@
 
 #include <windef.h>
 
+#define STD_INPUT_HANDLE (static_cast<DWORD>(-10))
 #define STD_OUTPUT_HANDLE (static_cast<DWORD>(-11))
 #define STD_ERROR_HANDLE (static_cast<DWORD>(-12))
 #define CP_UTF8 65001

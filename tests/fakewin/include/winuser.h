@@ -129,6 +129,8 @@ HWND WINAPI CreateDialogParamW(HINSTANCE instance, LPCWSTR templateName, HWND ow
 INT_PTR WINAPI DialogBoxParamW(HINSTANCE instance, LPCWSTR templateName, HWND owner, DLGPROC procedure,
                                LPARAM parameter);
 BOOL WINAPI EndDialog(HWND dialog, INT_PTR result);
+// Top-level windows of this program alone, the names in their own case.
+HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR title);
 HWND WINAPI GetDlgItem(HWND dialog, int id);
 int WINAPI GetDlgCtrlID(HWND window);
 
