@@ -302,3 +302,11 @@ TEST_F(DialogContract, ASubclassedControlCanAskItsOwnProcedure) {
     SetWindowLongPtrW(text, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(own));
     EXPECT_EQ(SendMessageW(text, WM_APP, 0, 0), 0);
 }
+
+TEST_F(DialogContract, IsFoundByItsClassAndItsTitle) {
+    const HWND dialog = Create();
+    SetWindowTextW(dialog, L"Title of the contract");
+    EXPECT_EQ(FindWindowW(L"#32770", L"Title of the contract"), dialog);
+    EXPECT_EQ(FindWindowW(L"#32770", L"Title of the"), nullptr);
+    EXPECT_EQ(FindWindowW(L"Button", L"Title of the contract"), nullptr);
+}

@@ -123,3 +123,27 @@ TEST(ModulePathContract, IsCutAtTheEndOfTheBuffer) {
     EXPECT_EQ(GetModuleFileNameW(nullptr, cut, 5), 5u);
     EXPECT_EQ(std::wstring(cut, 4), std::wstring(whole, 4));
 }
+
+TEST(ReadContract, ReadsTheBytesOfAFile) {
+    const TempFolder folder;
+    const std::string bytes("a\r\n\x1A\0z", 6);
+    folder.AddFile(L"file.txt", bytes);
+    FILE* const file = _wfsopen(folder.Path(L"file.txt").c_str(), L"rb", _SH_DENYNO);
+    ASSERT_NE(file, nullptr);
+    char buffer[16];
+    EXPECT_EQ(fread(buffer, 1, 4, file), 4u);
+    EXPECT_EQ(fread(buffer + 4, 1, 12, file), 2u);
+    EXPECT_EQ(std::string(buffer, 6), bytes);
+    EXPECT_NE(feof(file), 0);
+    EXPECT_EQ(ferror(file), 0);
+    EXPECT_EQ(fclose(file), 0);
+    EXPECT_EQ(folder.Read(L"file.txt"), bytes);
+}
+
+TEST(ReadContract, OpensOnlyFilesThatExist) {
+    const TempFolder folder;
+    folder.AddFolder(L"Sub");
+    EXPECT_EQ(_wfsopen(folder.Path(L"missing").c_str(), L"rb", _SH_DENYNO), nullptr);
+    EXPECT_EQ(_wfsopen(folder.Path(L"Sub").c_str(), L"rb", _SH_DENYNO), nullptr);
+    EXPECT_FALSE(folder.Exists(L"missing"));
+}
