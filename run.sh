@@ -53,7 +53,7 @@ if [ "$mode" = window ]; then
 fi
 
 presets() {
-    wine build/windows/presets.exe "$@" 2>/dev/null | tr -d '\r'
+    wine build/windows/tamblewickc.exe presets "$@" 2>/dev/null | tr -d '\r'
 }
 
 name="run.sh, template $template"
@@ -61,7 +61,7 @@ key=$(presets list | awk -F '\t' -v name="$name" '$3 == name { print $1; exit }'
 [ -n "$key" ] || key=$(presets new "$template" "$name")
 open=Default
 [ -z "$headless" ] || open=Nothing
-wine reg add "HKCU\\Software\\Tamblewick\\$key\\Opening" /v OpenMethod /d "$open" /f >/dev/null 2>&1
+presets set "$key" "Opening.OpenMethod=$open"
 
 temp=$(readlink -f "$(winepath -u "$(wine cmd /c 'echo %TEMP%' 2>/dev/null | tr -d '\r')" 2>/dev/null)")
 started=$(mktemp)

@@ -54,7 +54,7 @@ windows_path() { echo "Z:${1//\//\\}"; }
 # make_preset TEMPLATE: prints the key of a preset that saves to our folder and opens nothing.
 make_preset() {
     local key
-    key=$(wine build/windows/presets.exe new "$1" bench | tr -d '\r')
+    key=$(wine build/windows/tamblewickc.exe presets new "$1" bench | tr -d '\r')
     local preset="HKCU\\Software\\Tamblewick\\$key"
     {
         wine reg add "$preset\\Saving" /v SaveLocation /d Custom /f

@@ -13,7 +13,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
 
 # So many bytes of an input are enough for all that a target can do with one.
-declare -A longest=([arguments]=100 [names]=60 [paths]=60 [patterns]=120 [registry]=400 [list]=400)
+declare -A longest=([arguments]=100 [import]=600 [names]=60 [paths]=60 [patterns]=120 [registry]=400 [list]=400)
 mostInputs=100
 
 minutes=1

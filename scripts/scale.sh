@@ -50,7 +50,7 @@ use_wine wine-scale
 
 windows_path() { echo "Z:${1//\//\\}"; }
 
-key=$(wine build/windows/presets.exe new 0 scale </dev/null | tr -d '\r')
+key=$(wine build/windows/tamblewickc.exe presets new 0 scale </dev/null | tr -d '\r')
 # set_value SECTION NAME DATA [TYPE]
 set_value() {
     wine reg add "HKCU\\Software\\Tamblewick\\$key\\$1" /v "$2" /d "$3" /t "${4:-REG_SZ}" /f \

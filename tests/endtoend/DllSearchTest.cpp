@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::set<std::wstring>;
 
-const std::wstring Programs[] = {L"tamblewick.exe", L"presets.exe", L"careless.exe"};
+const std::wstring Programs[] = {L"tamblewick.exe", L"tamblewickc.exe", L"careless.exe"};
 
 // The DLLs that the programs import, and some that those load by name at run time. Without ole32, which
 // Wine's own DLLs load regardless of the limit.
@@ -140,8 +140,9 @@ TEST_F(DllSearch, AProgramWithoutTheLimitLoadsPlantedDlls) {
     EXPECT_EQ(Loaded(), Planted);
 }
 
-TEST_F(DllSearch, PresetsLoadsNoPlantedDll) {
-    EXPECT_EQ(Process(PathOf(L"presets.exe"), L"list").Wait(), 0u);
+TEST_F(DllSearch, TheCompanionLoadsNoPlantedDll) {
+    EXPECT_EQ(Process(PathOf(L"tamblewickc.exe"), L"presets list").Wait(), 0u);
+    EXPECT_EQ(Process(PathOf(L"tamblewickc.exe"), L"presets rename " + preset_.Key + L" Renamed").Wait(), 0u);
     EXPECT_EQ(Loaded(), Names{});
 }
 

@@ -123,6 +123,6 @@ TEST_P(Manifests, AskForTheControlsWithThemes) {
     })) << testing::PrintToString(assemblies);
 }
 
-INSTANTIATE_TEST_SUITE_P(Programs, Manifests, testing::Values(L"tamblewick.exe", L"presets.exe"));
+INSTANTIATE_TEST_SUITE_P(Programs, Manifests, testing::Values(L"tamblewick.exe", L"tamblewickc.exe"));
 
 }  // namespace

@@ -13,11 +13,12 @@ constexpr DWORD NotStarted = 99;
 Process::Process(std::wstring commandLine, const ProcessOptions& options) {
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
-    const bool redirects = options.output != nullptr || options.error != nullptr;
+    const bool redirects = options.output != nullptr || options.error != nullptr || options.input != nullptr;
     if (redirects) {
         startup.dwFlags = STARTF_USESTDHANDLES;
         startup.hStdOutput = options.output;
         startup.hStdError = options.error;
+        startup.hStdInput = options.input;
     }
     const wchar_t* const folder = options.folder.empty() ? nullptr : options.folder.c_str();
     if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, redirects, 0, nullptr, folder,

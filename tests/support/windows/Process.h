@@ -12,6 +12,7 @@ struct ProcessOptions {
     std::filesystem::path folder = {};  // the current folder; empty for that of the test
     HANDLE output = nullptr;  // inheritable handles of the standard output and error output; null for
     HANDLE error = nullptr;   // those of the test
+    HANDLE input = nullptr;   // the same for the standard input
 };
 
 // A started program. If it cannot be started the test fails, and its exit code is 99.
