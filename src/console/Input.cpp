@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <share.h>
 
+#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
@@ -48,8 +49,11 @@ std::string ReadInput(const std::wstring& name, size_t most) {
     if (!stream)
         throw Error(ExitCode::Failed,
                     InputName(name) + L" cannot be opened; check that it exists and may be read");
-    std::string bytes(most + 1, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));
+    std::string bytes;
+    std::array<char, 1 << 16> block;
+    size_t size;
+    while (bytes.size() <= most && (size = std::fread(block.data(), 1, block.size(), stream.get())) > 0)
+        bytes.append(block.data(), size);
     if (std::ferror(stream.get()) != 0)
         throw Error(ExitCode::Failed, InputName(name) + L" could not be read");
     if (bytes.size() > most)

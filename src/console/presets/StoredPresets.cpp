@@ -32,7 +32,8 @@ StoredPresets ReadLockedPresets() {
     if (RegOpenKeyExW(HKEY_CURRENT_USER, StorageKey, 0, KEY_READ, root.Receive()) != ERROR_SUCCESS)
         return presets;
     for (const std::wstring& key : root.EnumerateSubkeys()) {
-        StoredPreset& stored = presets.emplace_back(Preset(key));
+        presets.push_back({.preset = Preset(key)});
+        StoredPreset& stored = presets.back();
         try {
             stored.preset.Load();
         } catch (const utf8::invalid_utf16&) {
