@@ -88,6 +88,46 @@ Output RunPresets(const std::wstring& arguments) {
     return output;
 }
 
+// A console of this process in the place of the one that it may have, and of its standard handles.
+class Console {
+public:
+    Console() {
+        for (const DWORD id : StandardHandles)
+            before_.push_back(GetStdHandle(id));
+        FreeConsole();
+        EXPECT_TRUE(AllocConsole());
+        SECURITY_ATTRIBUTES inherited = {sizeof(inherited), nullptr, TRUE};
+        handle_ = CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                              &inherited, OPEN_EXISTING, 0, nullptr);
+    }
+    Console(const Console&) = delete;
+    Console& operator=(const Console&) = delete;
+    ~Console() {
+        CloseHandle(handle_);
+        FreeConsole();
+        for (size_t i = 0; i < before_.size(); ++i)
+            SetStdHandle(StandardHandles[i], before_[i]);
+    }
+
+    HANDLE Handle() const { return handle_; }
+
+    // A line of the screen without its blanks.
+    std::wstring Line(SHORT number) const {
+        std::array<wchar_t, 80> line = {};
+        DWORD count = 0;
+        EXPECT_TRUE(ReadConsoleOutputCharacterW(handle_, line.data(), line.size(), {0, number}, &count));
+        std::wstring text(line.data(), count);
+        std::erase(text, L' ');
+        return text;
+    }
+
+private:
+    static constexpr DWORD StandardHandles[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
+
+    std::vector<HANDLE> before_;
+    HANDLE handle_;
+};
+
 struct Presets : testing::Test {
     TestSupport::TestRegistry registry;
 };
@@ -175,6 +215,18 @@ TEST_F(Presets, OutputThatCannotBeWrittenIsAnErrorAndStoresNothing) {
     }
     EXPECT_EQ(registry.Subkeys(Root), std::vector<std::wstring>{L"aaa"});
     CloseHandle(reader);
+}
+
+TEST_F(Presets, AConsoleShowsNamesOfAnyScriptAndKeepsItsCodePage) {
+    registry.SetString(Root + L"\\aaa", L"Name", LongName);
+    registry.SetDword(Root + L"\\aaa", L"Position", 1);
+    const Console console;
+    SetConsoleOutputCP(437);
+    EXPECT_EQ(RunPresets(L"list", console.Handle(), console.Handle()), 0u);
+    EXPECT_EQ(console.Line(0), L"aaa1" + LongName);
+    EXPECT_EQ(RunPresets(L"remove \u7532\u4E59", console.Handle(), console.Handle()), 2u);
+    EXPECT_EQ(console.Line(1), L"tamblewickc:thereisnopreset'\u7532\u4E59';see'tamblewickcpresetslist'");
+    EXPECT_EQ(GetConsoleOutputCP(), 437u);
 }
 
 TEST_F(Presets, AnOpenMainWindowIsReportedAfterAChange) {
