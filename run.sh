@@ -23,7 +23,7 @@ cd "$root"
 . scripts/common.sh
 
 install_packages "${buildPackages[@]}" "${winePackages[@]}"
-build_preset windows tamblewick presets contextmenu
+build_preset windows tamblewick tamblewickc contextmenu
 trap 'stop_wine; stop_display' EXIT
 
 # Without a display of somebody's there is nobody to open a list or a window for.
@@ -52,23 +52,14 @@ if [ "$mode" = window ]; then
     exit
 fi
 
-presets() {
-    wine build/windows/tamblewickc.exe presets "$@" 2>/dev/null | tr -d '\r'
-}
-
-name="run.sh, template $template"
-key=$(presets list | awk -F '\t' -v name="$name" '$3 == name { print $1; exit }')
-[ -n "$key" ] || key=$(presets new "$template" "$name")
-open=Default
-[ -z "$headless" ] || open=Nothing
-presets set "$key" "Opening.OpenMethod=$open"
-
-temp=$(readlink -f "$(winepath -u "$(wine cmd /c 'echo %TEMP%' 2>/dev/null | tr -d '\r')" 2>/dev/null)")
-started=$(mktemp)
-wine build/windows/tamblewick.exe "$key" "$(winepath -w "$folder" 2>/dev/null)"
-list=$(find "$temp" -maxdepth 1 -name 'List of *' -newer "$started" -print -quit)
-rm -f "$started"
-[ -n "$list" ] || fail "No list was written."
+open=
+[ -n "$headless" ] || open=--open
+# Not a pipe: the processes that Wine starts beside the program would keep it open.
+printed=$(mktemp)
+wine build/windows/tamblewickc.exe list --template "$template" "$(winepath -w "$folder" 2>/dev/null)" \
+    --progress never $open >"$printed" 2>/dev/null
+list=$(winepath -u "$(cat "$printed")" 2>/dev/null)
+rm -f "$printed"
 
 echo "The list of $folder is $list"
 echo

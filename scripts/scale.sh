@@ -10,7 +10,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
 
 install_packages "${buildPackages[@]}" "${winePackages[@]}" time
-build_preset windows tamblewick presets
+build_preset windows tamblewick tamblewickc
 
 data=$PWD/build/scale
 lists=$data/lists
@@ -50,22 +50,18 @@ use_wine wine-scale
 
 windows_path() { echo "Z:${1//\//\\}"; }
 
-key=$(wine build/windows/tamblewickc.exe presets new 0 scale </dev/null | tr -d '\r')
-# set_value SECTION NAME DATA [TYPE]
-set_value() {
-    wine reg add "HKCU\\Software\\Tamblewick\\$key\\$1" /v "$2" /d "$3" /t "${4:-REG_SZ}" /f \
-        </dev/null >/dev/null 2>&1
-}
-set_value Saving SaveLocation Custom
-set_value Saving CustomFolderPath "$(windows_path "$lists")"
-set_value Saving OverwriteExisting 1 REG_DWORD
-set_value Opening OpenMethod Nothing
+# Not through a pipe: the processes that Wine starts beside the program would keep it open.
+tamblewickc() { wine build/windows/tamblewickc.exe "$@" </dev/null 2>/dev/null; }
+tamblewickc presets new 0 scale >"$data/key"
+key=$(cat "$data/key")
+tamblewickc presets set "$key" Saving.SaveLocation=Custom "Saving.CustomFolderPath=$(windows_path "$lists")" \
+    Saving.OverwriteExisting=true Opening.OpenMethod=Nothing
 
 # The rows of a list are full paths: in a grouped one each folder with its contents, its folders first, in a flat
 # one all folders and then all files, those of a folder before those of the folders in it.
 expected_rows() {
     local root=$1 flat=$2
-    if [ "$flat" = 1 ]; then
+    if [ "$flat" = true ]; then
         find "$root" -mindepth 1 -type d | LC_ALL=C sort
         find "$root" -mindepth 1 -type f -printf '%h\t%f\n' | LC_ALL=C sort | tr '\t' /
     else
@@ -101,9 +97,8 @@ row='%-16s %-6s %-8s %10s %9s %11s %12s\n'
 subjects=(${*:-million/quarter million wide long})
 printf "$row" tree style shape entries seconds "peak MB" "bytes/entry"
 for style in Text Html; do
-    for flat in 0 1; do
-        set_value Format ListStyle $style
-        set_value Display ShowFlatStyle $flat REG_DWORD
+    for flat in false true; do
+        tamblewickc presets set "$key" Format.ListStyle=$style Display.ShowFlatStyle=$flat
         list empty $style $flat
         none=$kilobytes
         quarter=
@@ -111,7 +106,7 @@ for style in Text Html; do
             list $subject $style $flat
             # Of few entries the memory of the program itself is all there is.
             each=$([ "$entries" -gt 1000 ] && echo $(((kilobytes - none) * 1024 / entries)) || echo -)
-            printf "$row" $subject $style "$([ $flat = 1 ] && echo flat || echo grouped)" "$entries" "$seconds" \
+            printf "$row" $subject $style "$([ $flat = true ] && echo flat || echo grouped)" "$entries" "$seconds" \
                 $((kilobytes / 1024)) $each
             [ $subject != million/quarter ] || quarter=$each
             [ $subject != million ] || [ -z "$quarter" ] || [ $each -le $((quarter * 11 / 10)) ] ||
