@@ -1,5 +1,6 @@
 #include "console/list/UtcTime.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <ratio>
@@ -16,6 +17,9 @@ using TickTime = time_point<system_clock, Ticks>;
 // A file time counts from here, the clock of the standard library from 1970.
 constexpr TickTime FileEpoch = sys_days(year(1601) / 1 / 1);
 constexpr TickTime End = sys_days(year(10000) / 1 / 1);
+
+constexpr std::string_view Pattern = "0000-00-00T00:00:00.0000000Z";
+static_assert(Pattern.size() == UtcText().size());
 
 // Writes the number with leading zeros to a place of this width that ends at `end`.
 void WriteDigits(uint64_t number, int width, char* end) {
@@ -34,8 +38,7 @@ std::string_view FormatUtc(const FILETIME& time, UtcText& memory) {
     const year_month_day date = day;
     const hh_mm_ss clock(point - day);
 
-    memory = {'0', '0', '0', '0', '-', '0', '0', '-', '0', '0', 'T', '0', '0', ':',
-              '0', '0', ':', '0', '0', '.', '0', '0', '0', '0', '0', '0', '0', 'Z'};
+    std::ranges::copy(Pattern, memory.begin());
     const auto put = [&memory](auto number, int width, size_t end) {
         WriteDigits(static_cast<uint64_t>(number), width, memory.data() + end);
     };

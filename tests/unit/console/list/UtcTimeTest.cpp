@@ -47,18 +47,19 @@ TEST(UtcTime, IsEmptyWithoutATimeAndBeyondTheYear9999) {
 
 // Against the system's own calendar.
 TEST(UtcTime, IsTheSystemsDate) {
-    Random random(1);
-    for (int i = 0; i < 20000; ++i) {
-        const uint64_t ticks = 1 + random.Bits() % 2650467743999999999;
-        const FILETIME time = Ticks(ticks);
-        SYSTEMTIME utc = {};
-        ASSERT_TRUE(FileTimeToSystemTime(&time, &utc));
-        char expected[80];
-        std::snprintf(expected, sizeof expected, "%04d-%02d-%02dT%02d:%02d:%02d.%07uZ", utc.wYear, utc.wMonth,
-                      utc.wDay, utc.wHour, utc.wMinute, utc.wSecond,
-                      static_cast<unsigned>(ticks % 10'000'000));
-        ASSERT_EQ(Shown(ticks), expected) << ticks;
-    }
+    ForRandomInputs(
+        2000,
+        [](Random& random) {
+            const uint64_t ticks = 1 + random.Bits() % 2650467743999999999;
+            const FILETIME time = Ticks(ticks);
+            SYSTEMTIME utc = {};
+            ASSERT_TRUE(FileTimeToSystemTime(&time, &utc));
+            char expected[80];
+            std::snprintf(expected, sizeof expected, "%04d-%02d-%02dT%02d:%02d:%02d.%07uZ", utc.wYear,
+                          utc.wMonth, utc.wDay, utc.wHour, utc.wMinute, utc.wSecond,
+                          static_cast<unsigned>(ticks % 10'000'000));
+            EXPECT_EQ(Shown(ticks), expected) << ticks;
+        });
 }
 
 // The clock of the C library against that of the C++ library.
