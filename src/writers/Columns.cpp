@@ -200,11 +200,19 @@ std::vector<const wchar_t*> MakeTitles(const std::vector<const Column*>& columns
 
 }  // namespace
 
+std::vector<ColumnWriter> MakeFolderColumns(const Preset& preset) {
+    return MakeWriters(preset, ShownFolderColumns(preset));
+}
+
+std::vector<ColumnWriter> MakeFileColumns(const Preset& preset) {
+    return MakeWriters(preset, ShownFileColumns(preset));
+}
+
 Cells MakeCells(const Preset& preset) {
     return {
         .sizeWriter = MakeSizeWriter(preset.Get(Display::SizeStyle)),
-        .folderColumns = MakeWriters(preset, ShownFolderColumns(preset)),
-        .fileColumns = MakeWriters(preset, ShownFileColumns(preset)),
+        .folderColumns = MakeFolderColumns(preset),
+        .fileColumns = MakeFileColumns(preset),
     };
 }
 

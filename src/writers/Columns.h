@@ -9,10 +9,15 @@
 
 class Preset;
 
-// Returns the functions for the preset's style of sizes and for its enabled columns. Throws std::exception on
-// a column or style outside its enumeration.
+// Return the enabled columns of the preset, in display order. Throw std::exception on a value outside the
+// enumeration.
+std::vector<ColumnWriter> MakeFolderColumns(const Preset& preset);
+std::vector<ColumnWriter> MakeFileColumns(const Preset& preset);
+
+// Returns all that the preset selects for cells. Throws std::exception on a column or style outside its
+// enumeration.
 Cells MakeCells(const Preset& preset);
 
-// Return the titles of the enabled columns in display order: static strings. Throw as MakeCells.
+// Return the titles of the same columns in the same order: static strings.
 std::vector<const wchar_t*> FolderTitles(const Preset& preset);
 std::vector<const wchar_t*> FileTitles(const Preset& preset);

@@ -221,9 +221,9 @@ TEST(Columns, StandInTheOrderOfThePreset) {
     preset.Folders({FolderColumn::Size, FolderColumn::Name, FolderColumn::Number})
         .Files({FileColumn::LastTimeWritten, FileColumn::Filename});
     EXPECT_EQ(JoinedTitles(FolderTitles(preset)), "Size;Name;#;");
-    EXPECT_EQ(MakeCells(preset).folderColumns.size(), 3u);
+    EXPECT_EQ(MakeFolderColumns(preset).size(), 3u);
     EXPECT_EQ(JoinedTitles(FileTitles(preset)), "Written;Filename;");
-    EXPECT_EQ(MakeCells(preset).fileColumns.size(), 2u);
+    EXPECT_EQ(MakeFileColumns(preset).size(), 2u);
 }
 
 TEST(Columns, DisabledPositionsLeaveNoGap) {
@@ -235,30 +235,30 @@ TEST(Columns, DisabledPositionsLeaveNoGap) {
     preset.Get(Columns::FileColumns, 10) = FileColumn::Number;
     preset.Get(Columns::FileEnabled, 10) = true;
     EXPECT_EQ(JoinedTitles(FolderTitles(preset)), "Size;#;");
-    EXPECT_EQ(MakeCells(preset).folderColumns.size(), 2u);
+    EXPECT_EQ(MakeFolderColumns(preset).size(), 2u);
     EXPECT_EQ(JoinedTitles(FileTitles(preset)), "Path;Extension;#;");
-    EXPECT_EQ(MakeCells(preset).fileColumns.size(), 3u);
+    EXPECT_EQ(MakeFileColumns(preset).size(), 3u);
 }
 
 TEST(Columns, TheSameColumnTwiceGivesTwoCells) {
     ListPreset preset;
     preset.Folders({FolderColumn::Name, FolderColumn::Name}).Files({FileColumn::Size, FileColumn::Size});
     EXPECT_EQ(JoinedTitles(FolderTitles(preset)), "Name;Name;");
-    EXPECT_EQ(MakeCells(preset).folderColumns.size(), 2u);
+    EXPECT_EQ(MakeFolderColumns(preset).size(), 2u);
     EXPECT_EQ(JoinedTitles(FileTitles(preset)), "Size;Size;");
-    EXPECT_EQ(MakeCells(preset).fileColumns.size(), 2u);
+    EXPECT_EQ(MakeFileColumns(preset).size(), 2u);
 }
 
 TEST(Columns, RefuseValuesOutsideTheirEnumerationWherePositionsAreEnabled) {
     ListPreset preset;
     preset.Folders({FolderColumn::Name, static_cast<FolderColumn>(FolderColumnCount)});
-    EXPECT_THROW(MakeCells(preset), std::exception);
-    preset.Get(Columns::FolderEnabled, 1) = false;
     preset.Files({static_cast<FileColumn>(FileColumnCount)});
-    EXPECT_THROW(MakeCells(preset), std::exception);
+    EXPECT_THROW(MakeFolderColumns(preset), std::exception);
+    EXPECT_THROW(MakeFileColumns(preset), std::exception);
+    preset.Get(Columns::FolderEnabled, 1) = false;
     preset.Get(Columns::FileEnabled, 0) = false;
-    EXPECT_EQ(MakeCells(preset).folderColumns.size(), 1u);
-    EXPECT_TRUE(MakeCells(preset).fileColumns.empty());
+    EXPECT_EQ(MakeFolderColumns(preset).size(), 1u);
+    EXPECT_TRUE(MakeFileColumns(preset).empty());
 }
 
 }  // namespace

@@ -48,8 +48,8 @@ TEST(Writer, HoldsTheChoicesOfThePreset) {
     ListPreset preset;
     preset.Folders({FolderColumn::Name, FolderColumn::Size}).Files({FileColumn::Filename});
     Written(preset, [&](Writer& writer) {
-        EXPECT_EQ(writer.folderColumns, MakeCells(preset).folderColumns);
-        EXPECT_EQ(writer.fileColumns, MakeCells(preset).fileColumns);
+        EXPECT_EQ(writer.folderColumns, MakeFolderColumns(preset));
+        EXPECT_EQ(writer.fileColumns, MakeFileColumns(preset));
         EXPECT_EQ(writer.sizeWriter, MakeSizeWriter(SizeStyle::Dynamic));
     });
 }
