@@ -15,7 +15,7 @@ using RowSupport::PlainJson;
 
 TEST(JsonLinesWriter, BeginsWithTheListAndEndsWithTheSummary) {
     ScanTree tree;
-    tree.AddFile(tree.AddFolder(tree.root, L"Sub"), L"a", 300);
+    tree.AddFile(tree.AddFolder(tree.AddFolder(tree.root, L"Sub"), L"Inner"), L"a", 300);
     tree.AddFile(tree.root, L"b", 12);
     JsonLinesOptions options = PlainJson();
     options.rows = {.folders = false, .files = false};
@@ -25,7 +25,7 @@ TEST(JsonLinesWriter, BeginsWithTheListAndEndsWithTheSummary) {
     EXPECT_EQ(JsonOf(tree, options),
               "{\"type\":\"list\",\"format\":1,\"program\":\"Tamblewick 4.0.1\",\"root\":\"C:\\\\Data\","
               "\"preset\":\"My \\\"list\\\"\",\"created\":\"2026-11-21T14:05:20.0213522Z\"}\n"
-              "{\"type\":\"summary\",\"size\":312,\"folders\":1,\"files\":2,\"unreadable\":3}\n");
+              "{\"type\":\"summary\",\"size\":312,\"folders\":2,\"files\":2,\"unreadable\":3}\n");
 }
 
 TEST(JsonLinesWriter, WritesEachFieldOfAFile) {
