@@ -1,10 +1,16 @@
 // Writing the list of a whole tree with the columns that a new preset has.
 #include <benchmark/benchmark.h>
 
+#include <cstdio>
+#include <memory>
+
 #include "FakeWin.h"
 #include "SampleTree.h"
+#include "console/list/CsvWriter.h"
+#include "console/list/JsonLinesWriter.h"
 #include "scanner/Scan.h"
 #include "settings/Preset.h"
+#include "writers/WalkTree.h"
 #include "writers/WriteList.h"
 
 namespace {
@@ -45,6 +51,37 @@ void WriteHtml(benchmark::State& state) {
     WriteWith(state, WholeList(ListStyle::Html));
 }
 
+// A table of the tree for other programs. The real null device takes it, so that the formatting is measured.
+template <typename RowWriter, typename Options>
+void WriteTable(benchmark::State& state, const Options& options) {
+    MakeSampleTree(state.range(0));
+    QuietListener listener;
+    Scanner::Result result;
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen("/dev/null", "wb"), std::fclose);
+    if (!Scan(result, WholeTree(listener), SampleRoot) || stream == nullptr) {
+        state.SkipWithError("the scan failed");
+        return;
+    }
+    for (auto _ : state) {
+        RowWriter writer(options, stream.get());
+        WalkTree(writer, result.root, false);
+        if (!writer.Finish())
+            state.SkipWithError("the table was not written");
+    }
+    CountTime(state);
+}
+
+void WriteCsv(benchmark::State& state) {
+    WriteTable<Console::CsvWriter>(state, Console::CsvOptions());
+}
+
+void WriteJsonLines(benchmark::State& state) {
+    WriteTable<Console::JsonLinesWriter>(
+        state, Console::JsonLinesOptions{.rows = {}, .preset = L"bench", .created = {}, .unreadable = 0});
+}
+
+BENCHMARK(WriteCsv)->Apply(AtAllSizes);
+BENCHMARK(WriteJsonLines)->Apply(AtAllSizes);
 BENCHMARK(WriteText)->Apply(AtAllSizes);
 BENCHMARK(WriteHtml)->Apply(AtAllSizes);
 

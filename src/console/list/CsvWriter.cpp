@@ -11,12 +11,12 @@ namespace {
 
 constexpr std::wstring_view FormulaStarts = L"=+-@\t";
 
-char* WriteDoublingQuotes(char character, char* out) {
+constexpr auto WriteDoublingQuotes = [](char character, char* out) {
     *out++ = character;
     if (character == '"')
         *out++ = '"';
     return out;
-}
+};
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 #include "console/list/JsonLinesWriter.h"
 
+#include <algorithm>
+
 #include "console/EncodeValid.h"
 #include "resources/version.h"
 
@@ -8,9 +10,11 @@ namespace Console {
 namespace {
 
 constexpr size_t LongestUnit = 6;  // of a control character
+constexpr size_t Quotes = 2;
 
-char* WriteEscaped(char character, char* out) {
-    static constexpr char Digits[] = "0123456789abcdef";
+constexpr char Digits[] = "0123456789abcdef";
+
+constexpr auto WriteEscaped = [](char character, char* out) {
     const auto value = static_cast<unsigned char>(character);
     if (value < 0x20) {
         for (const char part : {'\\', 'u', '0', '0', Digits[value >> 4], Digits[value & 0xF]})
@@ -21,7 +25,7 @@ char* WriteEscaped(char character, char* out) {
         *out++ = '\\';
     *out++ = character;
     return out;
-}
+};
 
 }  // namespace
 
@@ -62,9 +66,14 @@ void JsonLinesWriter::WriteFooter(const PathState&, const Scanner::Folder& root)
 }
 
 void JsonLinesWriter::BeginField(std::string_view name) {
-    Output().Append(inRow_ ? ",\"" : "{\"");
-    Output().Append(name);
-    Output().Append("\":");
+    constexpr size_t Around = 4;
+    char* out = Output().Reserve(name.size() + Around);
+    *out++ = inRow_ ? ',' : '{';
+    *out++ = '"';
+    out = std::ranges::copy(name, out).out;
+    *out++ = '"';
+    *out++ = ':';
+    Output().Commit(out);
     inRow_ = true;
 }
 
@@ -78,7 +87,6 @@ void JsonLinesWriter::EndRow() {
 }
 
 void JsonLinesWriter::WriteText(std::wstring_view text) {
-    constexpr size_t Quotes = 2;
     char* out = Output().Reserve(text.size() * LongestUnit + Quotes);
     *out++ = '"';
     out = EncodeValid(text, out, lossy_, WriteEscaped);
@@ -87,9 +95,11 @@ void JsonLinesWriter::WriteText(std::wstring_view text) {
 }
 
 void JsonLinesWriter::WriteWord(std::string_view word) {
-    Output().Append("\"");
-    Output().Append(word);
-    Output().Append("\"");
+    char* out = Output().Reserve(word.size() + Quotes);
+    *out++ = '"';
+    out = std::ranges::copy(word, out).out;
+    *out++ = '"';
+    Output().Commit(out);
 }
 
 }  // namespace Console

@@ -21,10 +21,11 @@ constexpr TickTime End = sys_days(year(10000) / 1 / 1);
 constexpr std::string_view Pattern = "0000-00-00T00:00:00.0000000Z";
 static_assert(Pattern.size() == UtcText().size());
 
-// Writes the number with leading zeros to a place of this width that ends at `end`.
-void WriteDigits(uint64_t number, int width, char* end) {
-    for (int i = 0; i < width; ++i, number /= 10)
-        *--end = static_cast<char>('0' + number % 10);
+// Writes the number with leading zeros to the digits that begin at `begin`.
+template <size_t Width>
+void WriteDigits(uint32_t number, char* begin) {
+    for (size_t i = Width; i-- > 0; number /= 10)
+        begin[i] = static_cast<char>('0' + number % 10);
 }
 
 }  // namespace
@@ -39,23 +40,15 @@ std::string_view FormatUtc(const FILETIME& time, UtcText& memory) {
     const hh_mm_ss clock(point - day);
 
     std::ranges::copy(Pattern, memory.begin());
-    const auto put = [&memory](auto number, int width, size_t end) {
-        WriteDigits(static_cast<uint64_t>(number), width, memory.data() + end);
-    };
-    put(static_cast<int>(date.year()), 4, 4);
-    put(static_cast<unsigned>(date.month()), 2, 7);
-    put(static_cast<unsigned>(date.day()), 2, 10);
-    put(clock.hours().count(), 2, 13);
-    put(clock.minutes().count(), 2, 16);
-    put(clock.seconds().count(), 2, 19);
-    put(clock.subseconds().count(), 7, 27);
+    char* const text = memory.data();
+    WriteDigits<4>(static_cast<uint32_t>(static_cast<int>(date.year())), text);
+    WriteDigits<2>(static_cast<unsigned>(date.month()), text + 5);
+    WriteDigits<2>(static_cast<unsigned>(date.day()), text + 8);
+    WriteDigits<2>(static_cast<uint32_t>(clock.hours().count()), text + 11);
+    WriteDigits<2>(static_cast<uint32_t>(clock.minutes().count()), text + 14);
+    WriteDigits<2>(static_cast<uint32_t>(clock.seconds().count()), text + 17);
+    WriteDigits<7>(static_cast<uint32_t>(clock.subseconds().count()), text + 20);
     return {memory.data(), memory.size()};
-}
-
-FILETIME UtcNow() {
-    const Ticks sinceEpoch = floor<Ticks>(system_clock::now()) - FileEpoch;
-    const auto ticks = static_cast<uint64_t>(sinceEpoch.count());
-    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
 }
 
 }  // namespace Console

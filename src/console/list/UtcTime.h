@@ -16,7 +16,4 @@ using UtcText = std::array<char, 28>;
 // after the year 9999, which the format cannot express.
 std::string_view FormatUtc(const FILETIME& time, UtcText& memory);
 
-// Returns the current time.
-FILETIME UtcNow();
-
 }  // namespace Console

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <ctime>
 #include <string>
 
 #include "RowSupport.h"
@@ -60,18 +59,6 @@ TEST(UtcTime, IsTheSystemsDate) {
                           static_cast<unsigned>(ticks % 10'000'000));
             EXPECT_EQ(Shown(ticks), expected) << ticks;
         });
-}
-
-// The clock of the C library against that of the C++ library.
-TEST(UtcTime, NowIsThisMoment) {
-    const auto seconds = [] { return static_cast<uint64_t>(std::time(nullptr)); };
-    const uint64_t before = seconds();
-    const FILETIME now = Console::UtcNow();
-    const uint64_t after = seconds();
-    const uint64_t ticks = uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime;
-    const uint64_t unixSeconds = ticks / 10'000'000 - 11'644'473'600;
-    EXPECT_GE(unixSeconds + 1, before);
-    EXPECT_LE(unixSeconds, after + 1);
 }
 
 }  // namespace
