@@ -164,7 +164,7 @@ bool MainTreeController::HandleRButtonUp(int x, int y, WPARAM) {
     if (WindowFromPoint(point) != TreeWindow)
         return true;
     const HTREEITEM selected = SelectedItem();
-    WinLib::UniqueHandle<HMENU> menu = MakeContextMenu(ItemKindOf(selected) == ItemKind::Preset);
+    WinLib::UniqueHandle<HMENU> menu = MakeTreeMenu(ItemKindOf(selected) == ItemKind::Preset);
     const auto bits = static_cast<UINT>(
         TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY, point.x, point.y, 0, TreeWindow, nullptr));
     menu.reset();

@@ -40,7 +40,7 @@ WinLib::UniqueHandle<HMENU> MakeMenuBar(HINSTANCE instance, HMENU templateMenu) 
     return menu;
 }
 
-WinLib::UniqueHandle<HMENU> MakeContextMenu(bool presetSelected) {
+WinLib::UniqueHandle<HMENU> MakeTreeMenu(bool presetSelected) {
     WinLib::UniqueHandle<HMENU> menu(CreatePopupMenu());
     AppendContextCommand(menu.get(), IDM_NEW, presetSelected);
     // The menu takes over its submenu.

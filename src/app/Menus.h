@@ -15,7 +15,7 @@ WinLib::UniqueHandle<HMENU> MakeTemplateMenu(UINT firstId);
 WinLib::UniqueHandle<HMENU> MakeMenuBar(HINSTANCE instance, HMENU templateMenu);
 
 // The tree's context menu. presetSelected says whether a preset's own item is selected, as below.
-WinLib::UniqueHandle<HMENU> MakeContextMenu(bool presetSelected);
+WinLib::UniqueHandle<HMENU> MakeTreeMenu(bool presetSelected);
 
 // Enables or grays the entries of the menu bar that need a preset.
 void EnablePresetCommands(HMENU menuBar, bool presetSelected);

@@ -99,15 +99,15 @@ std::vector<Entry> ContextMenu(UINT itemState) {
 }
 
 TEST(Menus, ContextMenuOfAPreset) {
-    EXPECT_EQ(Read(MakeContextMenu(true).get()), ContextMenu(MFS_ENABLED));
+    EXPECT_EQ(Read(MakeTreeMenu(true).get()), ContextMenu(MFS_ENABLED));
 }
 
 TEST(Menus, ContextMenuWithoutAPresetHasGrayItemCommands) {
-    EXPECT_EQ(Read(MakeContextMenu(false).get()), ContextMenu(MF_GRAYED | MF_DISABLED));
+    EXPECT_EQ(Read(MakeTreeMenu(false).get()), ContextMenu(MF_GRAYED | MF_DISABLED));
 }
 
 TEST(Menus, DestroyingTheContextMenuTakesItsSubmenuAlong) {
-    WinLib::UniqueHandle<HMENU> menu = MakeContextMenu(true);
+    WinLib::UniqueHandle<HMENU> menu = MakeTreeMenu(true);
     const HMENU submenu = GetSubMenu(menu.get(), 1);
     ASSERT_TRUE(IsMenu(submenu));
     menu.reset();

@@ -49,28 +49,17 @@ const std::pair<std::wstring, std::wstring> FileColumns[] = {
 
 TEST_F(ColumnsPageTest, EachStateHasItsPicture) {
     Open();
-    EXPECT_TRUE(StatePicture(ItemState::Unchecked).Resembles(Ui::OfSmallIcon(IDI_UNCHECKED, Ground)));
-    EXPECT_TRUE(StatePicture(ItemState::Checked).Resembles(Ui::OfSmallIcon(IDI_CHECKED, Ground)));
-    EXPECT_TRUE(StatePicture(ItemState::Mixed).Resembles(Ui::OfSmallIcon(IDI_MIXED, Ground)));
+    ExpectStatePictures(IDI_UNCHECKED, IDI_CHECKED, IDI_MIXED);
 }
 
 TEST_F(ColumnsPageTest, ButtonsShowTheirArrowsAndAreNamed) {
     Open();
-    EXPECT_TRUE(UpPicture().Resembles(Ui::OfSmallIcon(IDI_MOVE_UP, Ground)));
-    EXPECT_TRUE(DownPicture().Resembles(Ui::OfSmallIcon(IDI_MOVE_DOWN, Ground)));
-    ExpectButtonTexts();
+    ExpectButtons();
 }
 
 TEST_F(ColumnsPageTest, ShowsTwoRootsOpenWithTheFirstSelected) {
     Open();
-    EXPECT_EQ(tree.Names(), (Names{L"Folders", L"Files"}));
-    EXPECT_EQ(tree.Parameter(Folders()), 0);
-    EXPECT_EQ(tree.Parameter(Files()), 1);
-    EXPECT_TRUE(tree.IsExpanded(Folders()));
-    EXPECT_TRUE(tree.IsExpanded(Files()));
-    EXPECT_EQ(tree.Selected(), Folders());
-    EXPECT_FALSE(CanMoveUp());
-    EXPECT_FALSE(CanMoveDown());
+    ExpectTwoRoots();
 }
 
 TEST_F(ColumnsPageTest, ShowsEveryColumnInStoredOrderUnderItsLabel) {

@@ -1,5 +1,14 @@
 #include "OrderPageTest.h"
 
+#include "resources/resource.h"
+
+namespace {
+
+// The ground on which a picture is drawn to be compared.
+constexpr COLORREF Ground = RGB(255, 255, 255);
+
+}  // namespace
+
 HTREEITEM OrderPageTest::Child(HTREEITEM root, int index) const {
     HTREEITEM item = tree.Related(root, TVGN_CHILD);
     for (int i = 0; i < index; ++i)
@@ -61,6 +70,30 @@ OrderPageTest::Values OrderPageTest::Bools(const std::vector<uint32_t>& bools) {
     for (const uint32_t value : bools)
         values.push_back(TestSupport::DwordValue(value));
     return values;
+}
+
+void OrderPageTest::ExpectTwoRoots() const {
+    EXPECT_EQ(tree.Names(), (std::vector<std::wstring>{L"Folders", L"Files"}));
+    EXPECT_EQ(tree.Parameter(Folders()), 0);
+    EXPECT_EQ(tree.Parameter(Files()), 1);
+    EXPECT_TRUE(tree.IsExpanded(Folders()));
+    EXPECT_TRUE(tree.IsExpanded(Files()));
+    EXPECT_EQ(tree.Selected(), Folders());
+    EXPECT_FALSE(CanMoveUp());
+    EXPECT_FALSE(CanMoveDown());
+}
+
+void OrderPageTest::ExpectStatePictures(WORD uncheckedId, WORD checkedId, WORD mixedId) const {
+    EXPECT_TRUE(StatePicture(ItemState::Unchecked).Resembles(Ui::OfSmallIcon(uncheckedId, Ground)));
+    EXPECT_TRUE(StatePicture(ItemState::Checked).Resembles(Ui::OfSmallIcon(checkedId, Ground)));
+    EXPECT_TRUE(StatePicture(ItemState::Mixed).Resembles(Ui::OfSmallIcon(mixedId, Ground)));
+}
+
+void OrderPageTest::ExpectButtons() const {
+    EXPECT_TRUE(ButtonPicture(upId_).Resembles(Ui::OfSmallIcon(IDI_MOVE_UP, Ground)));
+    EXPECT_TRUE(ButtonPicture(downId_).Resembles(Ui::OfSmallIcon(IDI_MOVE_DOWN, Ground)));
+    EXPECT_EQ(open->Text(upId_), L"Move up");
+    EXPECT_EQ(open->Text(downId_), L"Move down");
 }
 
 Ui::Picture OrderPageTest::StatePicture(ItemState state) const {

@@ -34,16 +34,14 @@ protected:
     void ClickState(HTREEITEM item) const;
     void ClickLabel(HTREEITEM item) const;
 
-    // What the page shows as picture of a state, on which ground it says itself, and on its two buttons.
-    static constexpr COLORREF Ground = RGB(255, 255, 255);
-    Ui::Picture StatePicture(ItemState state) const;
-    Ui::Picture UpPicture() const { return ButtonPicture(upId_); }
-    Ui::Picture DownPicture() const { return ButtonPicture(downId_); }
+    // What the page shows as it opens: its two roots, expanded, with the first selected.
+    void ExpectTwoRoots() const;
 
-    void ExpectButtonTexts() const {
-        EXPECT_EQ(open->Text(upId_), L"Move up");
-        EXPECT_EQ(open->Text(downId_), L"Move down");
-    }
+    // The pictures of the three states, by the numbers of their icons.
+    void ExpectStatePictures(WORD uncheckedId, WORD checkedId, WORD mixedId) const;
+
+    // The arrows and the names of the two buttons.
+    void ExpectButtons() const;
 
     void MoveUp() const { open->Click(upId_); }
     void MoveDown() const { open->Click(downId_); }
@@ -65,6 +63,7 @@ protected:
     TreeReader tree;
 
 private:
+    Ui::Picture StatePicture(ItemState state) const;
     Ui::Picture ButtonPicture(int id) const;
 
     const PageKind& kind_;

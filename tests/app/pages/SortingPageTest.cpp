@@ -39,28 +39,17 @@ const std::pair<std::wstring, std::wstring> FileKeys[] = {
 
 TEST_F(SortingPageTest, EachStateHasItsPicture) {
     Open();
-    EXPECT_TRUE(StatePicture(ItemState::Unchecked).Resembles(Ui::OfSmallIcon(IDI_ASCENDING, Ground)));
-    EXPECT_TRUE(StatePicture(ItemState::Checked).Resembles(Ui::OfSmallIcon(IDI_DESCENDING, Ground)));
-    EXPECT_TRUE(StatePicture(ItemState::Mixed).Resembles(Ui::OfSmallIcon(IDI_MIXED_ORDER, Ground)));
+    ExpectStatePictures(IDI_ASCENDING, IDI_DESCENDING, IDI_MIXED_ORDER);
 }
 
 TEST_F(SortingPageTest, ButtonsShowTheirArrowsAndAreNamed) {
     Open();
-    EXPECT_TRUE(UpPicture().Resembles(Ui::OfSmallIcon(IDI_MOVE_UP, Ground)));
-    EXPECT_TRUE(DownPicture().Resembles(Ui::OfSmallIcon(IDI_MOVE_DOWN, Ground)));
-    ExpectButtonTexts();
+    ExpectButtons();
 }
 
 TEST_F(SortingPageTest, ShowsTwoRootsOpenWithTheFirstSelected) {
     Open();
-    EXPECT_EQ(tree.Names(), (Names{L"Folders", L"Files"}));
-    EXPECT_EQ(tree.Parameter(Folders()), 0);
-    EXPECT_EQ(tree.Parameter(Files()), 1);
-    EXPECT_TRUE(tree.IsExpanded(Folders()));
-    EXPECT_TRUE(tree.IsExpanded(Files()));
-    EXPECT_EQ(tree.Selected(), Folders());
-    EXPECT_FALSE(CanMoveUp());
-    EXPECT_FALSE(CanMoveDown());
+    ExpectTwoRoots();
 }
 
 TEST_F(SortingPageTest, ShowsEveryKeyInStoredOrderUnderItsLabel) {
