@@ -10,6 +10,7 @@
 #include <sstream>
 #include <vector>
 
+#include "endtoend/Companion.h"
 #include "endtoend/Program.h"
 #include "settings/MainSettings.h"
 #include "support/TempFolder.h"
@@ -18,6 +19,8 @@
 
 namespace {
 
+using EndToEnd::OutputFile;
+using EndToEnd::Printed;
 using TestSupport::DwordValue;
 using TestSupport::StringValue;
 
@@ -28,64 +31,17 @@ const std::wstring LongName =
     L"\u4E00\u4E8C\u4E09\u56DB\u4E94\u516D\u4E03\u516B\u4E5D\u5341"
     L"\u7532\u4E59\u4E19\u4E01\u620A\u5DF1\u5E9A\u8F9B\u58EC\u7678";
 
-struct Output {
-    DWORD code = 99;
-    std::string out;
-    std::string error;
-};
-
-// A file that takes what a program prints. A pipe would not do: under Wine the desktop's own process, started
-// by the first program that needs it, inherits the pipe and keeps it open after the program has ended.
-class OutputFile {
-public:
-    OutputFile() {
-        std::array<wchar_t, MAX_PATH> folder;
-        std::array<wchar_t, MAX_PATH> path;
-        GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
-        GetTempFileNameW(folder.data(), L"out", 0, path.data());
-        SECURITY_ATTRIBUTES inherited = {sizeof(inherited), nullptr, TRUE};
-        handle_ = CreateFileW(path.data(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_DELETE, &inherited,
-                              CREATE_ALWAYS, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    }
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
-    ~OutputFile() { CloseHandle(handle_); }
-
-    HANDLE Handle() const { return handle_; }
-
-    // Everything that was printed, without carriage returns.
-    std::string ReadAll() {
-        SetFilePointer(handle_, 0, nullptr, FILE_BEGIN);
-        std::string text;
-        std::array<char, 4096> block;
-        DWORD size = 0;
-        while (ReadFile(handle_, block.data(), block.size(), &size, nullptr) && size != 0)
-            text.append(block.data(), size);
-        std::erase(text, '\r');
-        return text;
-    }
-
-private:
-    HANDLE handle_;
-};
-
 std::wstring CommandLine(const std::wstring& arguments) {
-    return L"\"" + EndToEnd::PathBeside(L"tamblewickc.exe") + L"\" presets " + arguments;
+    return EndToEnd::CompanionCommand(L"presets " + arguments);
+}
+
+Printed RunPresets(const std::wstring& arguments) {
+    return EndToEnd::RunCompanion(L"presets " + arguments);
 }
 
 // Runs the program with these handles for its output and returns its exit code.
 DWORD RunPresets(const std::wstring& arguments, HANDLE out, HANDLE error) {
     return TestSupport::RunProcess(CommandLine(arguments), {.output = out, .error = error});
-}
-
-Output RunPresets(const std::wstring& arguments) {
-    OutputFile out;
-    OutputFile error;
-    Output output;
-    output.code = RunPresets(arguments, out.Handle(), error.Handle());
-    output.out = out.ReadAll();
-    output.error = error.ReadAll();
-    return output;
 }
 
 // A console of this process in the place of the one that it may have, and of its standard handles.
@@ -137,14 +93,14 @@ TEST_F(Presets, ListShowsKeyPositionAndNameInTheOrderOfTheWindow) {
     registry.SetDword(Root + L"\\aaa", L"Position", 1);
     registry.SetString(Root + L"\\bbb", L"Name", LongName);
     registry.SetDword(Root + L"\\bbb", L"Position", 2);
-    const Output output = RunPresets(L"list");
+    const Printed output = RunPresets(L"list");
     EXPECT_EQ(output.code, 0u);
     EXPECT_EQ(output.out, "bbb\t2\t" + TestSupport::Utf8(LongName) + "\naaa\t1\tLow\n");
     EXPECT_EQ(output.error, "");
 }
 
 TEST_F(Presets, NewStoresThePresetOfATemplateAndPrintsItsKey) {
-    const Output output = RunPresets(L"new 3 \"My music\"");
+    const Printed output = RunPresets(L"new 3 \"My music\"");
     EXPECT_EQ(output.code, 0u);
     ASSERT_GE(output.out.size(), 2u);
     const std::wstring key(output.out.begin(), output.out.end() - 1);
@@ -193,7 +149,7 @@ TEST_F(Presets, ImportReadsTheStandardInput) {
 TEST_F(Presets, WhatIsUnknownGetsOneLineOnStandardErrorAndExitCode2) {
     for (const wchar_t* arguments :
          {L"remove nope", L"new 9", L"new nope Name", L"set nope Name=x", L"get nope"}) {
-        const Output output = RunPresets(arguments);
+        const Printed output = RunPresets(arguments);
         EXPECT_EQ(output.code, 2u) << testing::PrintToString(arguments);
         EXPECT_EQ(output.out, "") << testing::PrintToString(arguments);
         EXPECT_EQ(output.error.find('\n'), output.error.size() - 1) << output.error;
