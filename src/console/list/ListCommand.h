@@ -7,7 +7,7 @@
 
 namespace Console {
 
-inline constexpr char ListUsage[] = "PRESET|--template NUMBER|NAME FOLDER [options]";
+inline constexpr char ListUsage[] = "PRESET|--template NUMBER|NAME|--preset-file FILE FOLDER [options]";
 
 inline constexpr char ListHelp[] =
     "\n"
@@ -16,6 +16,9 @@ inline constexpr char ListHelp[] =
     "of a preset, or its name if only one preset has it.\n"
     "\n"
     "  --template NUMBER|NAME  use a template, see 'presets templates'\n"
+    "  --preset-file FILE      use a preset of a file of 'presets export'; - is the standard input. No program\n"
+    "                          that the file names is started\n"
+    "  --preset NAME           the name of the preset in that file, if it has several\n"
     "  -f, --format FORMAT     preset (text or HTML, as the preset says), text, html, csv, jsonl\n"
     "  -o, --output FILE       the list; - is the standard output. Default: where the preset saves; csv and\n"
     "                          jsonl: the standard output\n"
@@ -29,8 +32,10 @@ inline constexpr char ListHelp[] =
     "written\n"
     "but folders could not be read, 4 the list could not be written, 130 ended by Ctrl+C, nothing written.\n";
 
-inline constexpr std::array<Option, 8> ListOptions = {{
+inline constexpr std::array<Option, 10> ListOptions = {{
     {"template", 0, true},
+    {"preset-file", 0, true},
+    {"preset", 0, true},
     {"format", 'f', true},
     {"output", 'o', true},
     {"absolute"},

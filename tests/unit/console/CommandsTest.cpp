@@ -13,7 +13,8 @@ using FakeWin::StandardOutput;
 
 namespace {
 
-const std::string ListUsage = "Usage: tamblewickc list PRESET|--template NUMBER|NAME FOLDER [options]\n";
+const std::string ListUsage =
+    "Usage: tamblewickc list PRESET|--template NUMBER|NAME|--preset-file FILE FOLDER [options]\n";
 
 }  // namespace
 
