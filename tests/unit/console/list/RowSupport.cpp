@@ -13,14 +13,14 @@ namespace RowSupport {
 
 namespace {
 
-template <typename RowWriter, typename Options>
+template <typename Writer, typename Options>
 std::string TableOf(const ScanTree& tree, const Options& options, bool flat) {
     const TestSupport::TempFolder folder;
     const std::wstring path = folder.Path(L"table");
     {
         const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(
             _wfsopen(path.c_str(), L"wb", _SH_DENYNO), std::fclose);
-        RowWriter writer(options, stream.get());
+        Writer writer(options, stream.get());
         WalkTree(writer, tree.root, flat);
         EXPECT_TRUE(writer.Finish());
     }
@@ -35,6 +35,10 @@ std::string CsvOf(const ScanTree& tree, const Console::CsvOptions& options, bool
 
 std::string JsonOf(const ScanTree& tree, const Console::JsonLinesOptions& options, bool flat) {
     return TableOf<Console::JsonLinesWriter>(tree, options, flat);
+}
+
+std::string ReportOf(const ScanTree& tree, const Console::ReportOptions& options) {
+    return TableOf<Console::ReportWriter>(tree, options, false);
 }
 
 Console::JsonLinesOptions PlainJson() {

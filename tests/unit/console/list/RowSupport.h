@@ -1,4 +1,4 @@
-// Lists in the formats for other programs, as bytes.
+// Lists in the formats that presets do not have, as bytes.
 #pragma once
 
 #include <cstdint>
@@ -8,6 +8,7 @@
 
 #include "console/list/CsvWriter.h"
 #include "console/list/JsonLinesWriter.h"
+#include "console/list/ReportWriter.h"
 #include "support/lists/ListSupport.h"
 
 namespace RowSupport {
@@ -15,6 +16,8 @@ namespace RowSupport {
 // The bytes of the list of a tree in the grouped or the flat style.
 std::string CsvOf(const ScanTree& tree, const Console::CsvOptions& options = {}, bool flat = false);
 std::string JsonOf(const ScanTree& tree, const Console::JsonLinesOptions& options, bool flat = false);
+
+std::string ReportOf(const ScanTree& tree, const Console::ReportOptions& options = {});
 
 // The list of a preset named "Names", made at the zero time, with relative paths.
 Console::JsonLinesOptions PlainJson();
