@@ -1,6 +1,8 @@
 // The entries of the list, read from the data of the page into one column for each property. Entry 0 is the listed
 // folder itself; the others follow in the order of the list, so that a folder precedes what it contains.
 
+const NameSeparator = "\b";
+
 const FolderFlag = 1;
 const UnreadableFlag = 2;
 
@@ -89,7 +91,7 @@ class Entries {
         let nameStart = 0;
         for (const end = next + block.rows; next < end; ++next) {
             this.nameStart[next] = nameStart;
-            nameStart = block.names.indexOf("/", nameStart) + 1;
+            nameStart = block.names.indexOf(NameSeparator, nameStart) + 1;
             const sinceLast = modified.next();
             if (sinceLast !== NoTime)
                 lastModified += sinceLast;
@@ -180,8 +182,7 @@ class Entries {
 
     // Calls found for each entry whose name contains the text in any case, in the order of the list.
     search(text, found) {
-        // It separates the names.
-        if (text.includes("/"))
+        if (text.includes(NameSeparator))
             return;
         const pattern = searchPattern(text, "giu");
         this.names.forEach((names, block) => {

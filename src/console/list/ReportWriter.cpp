@@ -15,7 +15,8 @@ namespace {
 
 constexpr std::string_view DataStart = "<script type=\"application/json\" class=\"";
 constexpr std::string_view DataEnd = "</script>\n";
-constexpr char NameSeparator = '/';
+constexpr char NameSeparator = '\b';
+constexpr std::string_view EscapedSeparator = "\\b";
 constexpr size_t LongestUnit = 6;  // of an escaped character
 
 // Escapes, beyond what JSON asks for, each character by which HTML leaves plain text.
@@ -32,8 +33,7 @@ char* WriteEscaped(char character, char* out) {
     return out;
 }
 
-// No file system allows the separator in a name. If a name has it nevertheless, it must not move those after
-// it.
+// If a name has the separator nevertheless, it must not move those after it.
 char* WriteEscapedInName(char character, char* out) {
     constexpr uint32_t Replacement = 0xFFFD;
     if (character == NameSeparator)
@@ -172,7 +172,7 @@ void ReportWriter::BeginRow() {
     if (block_.rows == BlockRows)
         WriteBlock();
     else if (block_.rows > 0)
-        block_.names += NameSeparator;
+        block_.names += EscapedSeparator;
 }
 
 void ReportWriter::AddRow(const Scanner::Record& record) {

@@ -5,7 +5,7 @@
 // of up to BlockRows rows in the order of the walk, a column in each member:
 //
 //   rows      how many
-//   names     joined by "/"
+//   names     joined by U+0008, which Windows allows in no name
 //   tree      the rows as they are nested: "(" is a folder, "[" one that could not be read, ")" ends either,
 //   a
 //             number is that many files. A folder may end in a later block

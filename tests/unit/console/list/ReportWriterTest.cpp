@@ -91,10 +91,10 @@ TEST(ReportWriter, ABlockHasAColumnInEachMember) {
     ScanTree tree;
     tree.AddFile(tree.AddFolder(tree.root, L"Sub"), L"a.txt", 35);
     tree.AddFile(tree.root, L"b", 36);
-    EXPECT_EQ(
-        OnlyBlockOf(tree),
-        "{\"rows\":3,\"names\":\"Sub/a.txt/b\",\"tree\":\"(1)1\",\"sizes\":\"z,10,\",\"modified\":\",,,\","
-        "\"created\":\",,,\"}");
+    EXPECT_EQ(OnlyBlockOf(tree),
+              "{\"rows\":3,\"names\":\"Sub\\ba.txt\\bb\",\"tree\":\"(1)1\",\"sizes\":\"z,10,\",\"modified\":"
+              "\",,,\","
+              "\"created\":\",,,\"}");
 }
 
 TEST(ReportWriter, AnEmptyFolderHasAnEmptyBlock) {
@@ -115,7 +115,8 @@ TEST(ReportWriter, TheTreeNestsFoldersAndCountsFiles) {
         tree.AddFile(tree.root, L"d");
     const std::string block = OnlyBlockOf(tree);
     EXPECT_EQ(Member(block, "tree"), "((2)1)[)()12");
-    EXPECT_EQ(Member(block, "names"), "first/inner/a/b/c/second/third/d/d/d/d/d/d/d/d/d/d/d/d");
+    EXPECT_EQ(Member(block, "names"),
+              R"(first\binner\ba\bb\bc\bsecond\bthird\bd\bd\bd\bd\bd\bd\bd\bd\bd\bd\bd\bd)");
 }
 
 TEST(ReportWriter, SizesOfAllMagnitudesAreInBase36) {
@@ -154,7 +155,8 @@ TEST(ReportWriter, NothingInANameCanEndItsElement) {
     EXPECT_EQ(NameInReport(L"<img src=x onerror=alert(1)>"), "\\u003cimg src=x onerror=alert(1)\\u003e");
     EXPECT_EQ(NameInReport(L"<!--&lt;\"\\"), "\\u003c!--\\u0026lt;\\u0022\\u005c");
     EXPECT_EQ(NameInReport(L"<script"), "\\u003cscript");
-    EXPECT_EQ(NameInReport(Units({'a', 1, 0x0A, 0x0D, 0x1F, 0x7F})), "a\\u0001\\u000a\\u000d\\u001f\x7F");
+    EXPECT_EQ(NameInReport(Units({'a', '/', 1, 0x0A, 0x0D, 0x1F, 0x7F})),
+              "a/\\u0001\\u000a\\u000d\\u001f\x7F");
     EXPECT_EQ(NameInReport(Units({0xE4, 0x202E, 0xD83D, 0xDE00})), "\xC3\xA4\xE2\x80\xAE\xF0\x9F\x98\x80");
 }
 
@@ -176,7 +178,7 @@ TEST(ReportWriter, HalfASurrogatePairIsTheReplacementCharacter) {
 }
 
 TEST(ReportWriter, TheSeparatorInANameMovesNoOtherName) {
-    EXPECT_EQ(NameInReport(L"a/b"),
+    EXPECT_EQ(NameInReport(L"a\bb"),
               "a\xEF\xBF\xBD"
               "b");
 }
@@ -189,10 +191,10 @@ TEST(ReportWriter, ALargeListHasSeveralBlocks) {
     tree.AddFile(tree.root, L"last", 2).lastTimeWritten = SecondsSince1970(6);
     const std::vector<std::string> elements = ElementsOf(ReportOf(tree));
     ASSERT_EQ(elements.size(), 3u);
-    EXPECT_TRUE(elements[1].starts_with("{\"rows\":4096,\"names\":\"Sub/a/a/"));
+    EXPECT_TRUE(elements[1].starts_with("{\"rows\":4096,\"names\":\"Sub\\ba\\ba\\b"));
     EXPECT_EQ(Member(elements[1], "tree"), "(4095");
     EXPECT_EQ(elements[2],
-              "{\"rows\":2,\"names\":\"a/last\",\"tree\":\"1)1\",\"sizes\":\"1,2,\",\"modified\":\"5,1,\","
+              "{\"rows\":2,\"names\":\"a\\blast\",\"tree\":\"1)1\",\"sizes\":\"1,2,\",\"modified\":\"5,1,\","
               "\"created\":\",,\"}");
 }
 
