@@ -155,7 +155,7 @@ TEST_F(ConsoleList, AFullStandardOutputGivesExitCode4) {
     const HANDLE full = CreateFileW(L"Z:\\dev\\full", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                     &inherited, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(full, INVALID_HANDLE_VALUE);
-    for (const wchar_t* more : {L"-o -", L"-f csv", L"-f jsonl"}) {
+    for (const wchar_t* more : {L"-o -", L"-f csv", L"-f jsonl", L"-f report -o -"}) {
         EndToEnd::OutputFile error;
         const std::wstring command =
             EndToEnd::CompanionCommand(L"list --template 0 " + Quoted(folder.Path(L"Data")) + L" " + more);

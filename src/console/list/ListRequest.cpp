@@ -44,11 +44,12 @@ Preset ChoosePreset(const Options& arguments) {
 }
 
 ListFormat ChooseFormat(const Options& arguments, const Preset& preset) {
-    static constexpr std::array<std::pair<const wchar_t*, ListFormat>, 4> Formats = {{
+    static constexpr std::array<std::pair<const wchar_t*, ListFormat>, 5> Formats = {{
         {L"text", ListFormat::Text},
         {L"html", ListFormat::Html},
         {L"csv", ListFormat::Csv},
         {L"jsonl", ListFormat::JsonLines},
+        {L"report", ListFormat::Report},
     }};
     const std::wstring name = arguments.Has("format") ? arguments.Value("format") : L"preset";
     if (name == L"preset")
@@ -56,7 +57,7 @@ ListFormat ChooseFormat(const Options& arguments, const Preset& preset) {
     for (const auto& [known, format] : Formats)
         if (name == known)
             return format;
-    throw UsageError(L"there is no format '" + name + L"'; use preset, text, html, csv or jsonl");
+    throw UsageError(L"there is no format '" + name + L"'; use preset, text, html, csv, jsonl or report");
 }
 
 bool ChooseProgress(const Options& arguments) {
@@ -68,7 +69,7 @@ bool ChooseProgress(const Options& arguments) {
     return when == L"always" || (when == L"auto" && ErrorIsConsole());
 }
 
-// Without --output a table goes to the standard output, and text and HTML to where the preset saves.
+// Without --output a table goes to the standard output, and other lists to where the preset saves.
 std::optional<std::wstring> ChooseOutput(const Options& arguments, const ListRequest& request) {
     if (!arguments.Has("output"))
         return IsTable(request.format) ? std::nullopt
@@ -83,7 +84,9 @@ ListRequest MakeListRequest(const Options& arguments) {
     Preset preset = ChoosePreset(arguments);
     const ListFormat format = ChooseFormat(arguments, preset);
     if (!IsTable(format))
-        preset.Get(Format::ListStyle) = format == ListFormat::Html ? ListStyle::Html : ListStyle::Text;
+        preset.Get(Format::ListStyle) = format == ListFormat::Text ? ListStyle::Text : ListStyle::Html;
+    if (format == ListFormat::Report)
+        preset.Get(Display::ShowFlatStyle) = false;
 
     ListRequest request = {
         .preset = preset,

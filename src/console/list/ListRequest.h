@@ -9,10 +9,10 @@
 
 namespace Console {
 
-enum class ListFormat { Text, Html, Csv, JsonLines };
+enum class ListFormat { Text, Html, Csv, JsonLines, Report };
 
 struct ListRequest {
-    Preset preset;        // for text and HTML, its list style is that of the format
+    Preset preset;        // its list style is that of the format, and a report is grouped
     std::wstring folder;  // a full path in the canonical form of scanner/Path.h
     ListFormat format;
 

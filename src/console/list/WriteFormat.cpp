@@ -6,6 +6,7 @@
 #include "console/list/CsvWriter.h"
 #include "console/list/InterruptibleVisitor.h"
 #include "console/list/JsonLinesWriter.h"
+#include "console/list/ReportWriter.h"
 #include "winlib/Windows.h"
 #include "writers/MakeWriter.h"
 #include "writers/WalkTree.h"
@@ -60,6 +61,12 @@ bool WriteJsonLines(std::FILE* stream, const ListRequest& request, const Finishe
     return writer.Finish();
 }
 
+bool WriteReport(std::FILE* stream, const ListRequest& request, const FinishedScan& scan) {
+    ReportWriter writer({.preset = request.preset.Get(Preset::Name), .created = Now()}, stream);
+    Walk(writer, request, scan);
+    return writer.Finish();
+}
+
 bool WriteText(std::FILE* stream, const ListRequest& request, const FinishedScan& scan) {
     const std::unique_ptr<Writer> writer = MakeWriter(request.preset, stream);
     Walk(*writer, request, scan);
@@ -78,6 +85,8 @@ bool WriteFormat(std::FILE* stream, const ListRequest& request, const FinishedSc
             return WriteCsv(stream, request, scan);
         case ListFormat::JsonLines:
             return WriteJsonLines(stream, request, scan);
+        case ListFormat::Report:
+            return WriteReport(stream, request, scan);
         case ListFormat::Text:
         case ListFormat::Html:
             break;

@@ -3,6 +3,7 @@
 #include "ConsoleRun.h"
 #include "listmaker/OutputName.h"
 #include "listmaker/ScanOptions.h"
+#include "report/Page.h"
 #include "scanner/Listener.h"
 #include "scanner/Scan.h"
 #include "settings/MainSettings.h"
@@ -155,6 +156,33 @@ TEST_F(ListCommand, ATableHasTheKindsOfEntriesThatThePresetShows) {
     EXPECT_NE(StandardOutput().find("file,Sub\\b.txt"), std::string::npos);
 }
 
+TEST_F(ListCommand, AReportIsAPageWhereThePresetSaves) {
+    EXPECT_EQ(RunProgram({L"list", L"--template", L"0", L"C:\\Data", L"-f", L"report"}), ExitCode::Complete);
+    EXPECT_EQ(StandardOutput(), "C:\\Temp\\List of Data.html\n");
+    const std::string report = Contents(L"C:\\Temp\\List of Data.html").value_or("");
+    EXPECT_TRUE(report.starts_with(Report::PageStart));
+    EXPECT_TRUE(report.ends_with(Report::PageEnd));
+    EXPECT_NE(report.find("\"root\":\"C:\\u005cData\",\"preset\":\"All files (Simple, Text)\",\"created\":\""
+                          "2024-03-09T16:05:09.0000000Z\",\"size\":12,\"folders\":1,\"files\":2,"),
+              std::string::npos);
+    EXPECT_NE(report.find("\"names\":\"Sub\\bb.txt\\ba.txt\",\"tree\":\"(1)1\""), std::string::npos);
+}
+
+TEST_F(ListCommand, AReportIsGroupedWhateverThePresetShows) {
+    MainSettings settings;
+    Preset& preset = AddPreset(settings, L"key", L"name");
+    preset.Get(Display::ShowFlatStyle) = true;
+    preset.Save();
+    EXPECT_EQ(RunProgram({L"list", L"key", L"C:\\Data", L"-f", L"report", L"-o", L"-"}), ExitCode::Complete);
+    EXPECT_NE(StandardOutput().find("\"tree\":\"(1)1\""), std::string::npos);
+}
+
+TEST_F(ListCommand, AReportMarksFoldersThatCouldNotBeRead) {
+    FakeWin::FailOn(FakeWin::Call::FindFirstFileExW, L"C:\\Data\\Sub", ERROR_ACCESS_DENIED);
+    EXPECT_EQ(RunList({L"--format=report"}), ExitCode::FoldersUnread);
+    EXPECT_NE(Contents(Output)->find("\"tree\":\"[)1\""), std::string::npos);
+}
+
 TEST_F(ListCommand, TheExtensionIsThatOfTheFormat) {
     EXPECT_EQ(RunProgram({L"list", L"--template", L"0", L"C:\\Data", L"-f", L"html"}), ExitCode::Complete);
     EXPECT_EQ(StandardOutput(), "C:\\Temp\\List of Data.html\n");
@@ -246,7 +274,7 @@ struct WrongUse {
 };
 
 TEST_F(ListCommand, WrongUseIsExplained) {
-    const std::array<WrongUse, 11> rows = {{
+    const std::array<WrongUse, 12> rows = {{
         {{L"x"}, "PRESET or FOLDER is missing"},
         {{L"--template", L"0", L"a", L"b"},
          "there is no place for the argument 'a', since an option chooses the preset"},
@@ -255,10 +283,11 @@ TEST_F(ListCommand, WrongUseIsExplained) {
         {{L"none", L"a"}, "there is no preset 'none'; see 'tamblewickc presets list'"},
         {{L"--template", L"0", L""}, "'' is not a path"},
         {{L"--template", L"0", L"a", L"-f", L"xml"},
-         "there is no format 'xml'; use preset, text, html, csv or jsonl"},
+         "there is no format 'xml'; use preset, text, html, csv, jsonl or report"},
         {{L"--template", L"0", L"a", L"--progress", L"soon"},
          "--progress takes auto, always or never, not 'soon'"},
         {{L"--template", L"0", L"a", L"--absolute"}, "--absolute is for csv and jsonl"},
+        {{L"--template", L"0", L"a", L"-f", L"report", L"--absolute"}, "--absolute is for csv and jsonl"},
         {{L"--template", L"0", L"a", L"--excel"}, "--excel is for csv"},
         {{L"--template", L"0", L"a", L"-o", L"-", L"--open"},
          "--open needs a list in a file; give it with --output FILE"},
