@@ -9,19 +9,20 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 released='2026-11-21 12:00:00'
 
 install_packages "${buildPackages[@]}" nsis zip
-build_preset windows tamblewick contextmenu
+build_preset windows tamblewick tamblewickc contextmenu
 
 packages=$PWD/build/packages
 stage=$packages/stage/tamblewick-$version
 rm -rf "$packages"
 mkdir -p "$stage"
-cp build/windows/tamblewick.exe build/windows/tamblewick.dll "$stage"
+cp build/windows/tamblewick.exe build/windows/tamblewickc.exe build/windows/tamblewick.dll "$stage"
 sed -e "s/{version}/$version/" -e 's/$/\r/' packaging/README.txt >"$stage/README.txt"
 chmod 644 "$stage"/*
 TZ=UTC find "$stage" -exec touch -d "$released" {} +
 
 (cd "$packages/stage" && TZ=UTC zip -X -q -9 "../tamblewick-$version-portable.zip" \
-    "tamblewick-$version/README.txt" "tamblewick-$version/tamblewick.dll" "tamblewick-$version/tamblewick.exe")
+    "tamblewick-$version/README.txt" "tamblewick-$version/tamblewick.dll" "tamblewick-$version/tamblewick.exe" \
+    "tamblewick-$version/tamblewickc.exe")
 
 # The icon is for the setup itself, so it comes after the zip.
 cp src/resources/icons/program.ico "$stage/tamblewick.ico"

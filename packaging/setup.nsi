@@ -1,8 +1,9 @@
-; The setup for one user: program, handler module and README, without administrator rights.
+; The setup for one user: programs, handler module and documents, without administrator rights.
 ;
 ;   makensis -DFILES=folder -DOUTPUT=setup.exe -DVERSION=version -DSIZE=kilobytes setup.nsi
 ;
-; /S runs setup and removal without a window. The removal leaves the presets; /PRESETS takes them too.
+; /S runs setup and removal without a window, /NOMENU leaves the menus of folders and drives alone. The removal leaves
+; the presets; /PRESETS takes them too.
 
 Unicode true
 Target amd64-unicode
@@ -10,6 +11,7 @@ SetCompressor /SOLID lzma
 
 !include FileFunc.nsh
 !include LogicLib.nsh
+!include nsDialogs.nsh
 !include Win\WinError.nsh
 !include WinMessages.nsh
 !include x64.nsh
@@ -19,6 +21,8 @@ SetCompressor /SOLID lzma
 !define SettingsKey "Software\Tamblewick"
 !define ClassKey "CLSID\{5E2C81D4-3B7F-4A16-9C0E-7F41D2A96B3C}"
 !define Shortcut "$SMPROGRAMS\Tamblewick.lnk"
+; The module as the user's own classes name it.
+!define UserModule 'HKCU "Software\Classes\${ClassKey}\InProcServer32" ""'
 ; The control of the text on the page of the folder.
 !define IntroText 1006
 
@@ -42,6 +46,7 @@ VIAddVersionKey "CompanyName" "Tamblewick"
 VIAddVersionKey "LegalCopyright" "Copyright 2026 Ostrel Vane"
 
 Page directory
+Page custom ShowMenuPage "" ": Menus"
 Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
@@ -89,6 +94,71 @@ Function .onVerifyInstDir
     ${EndIf}
 FunctionEnd
 
+; ---- The menus of folders and drives: registered for this user alone
+
+; The state of the check box.
+Var Menu
+
+; An update keeps what the user has chosen, which is whether the installed module is registered.
+Function .onInit
+    StrCpy $Menu ${BST_CHECKED}
+    ReadRegStr $0 HKCU "${UninstallKey}" "InstallLocation"
+    ReadRegStr $1 ${UserModule}
+    ${If} $0 != ""
+    ${AndIf} $1 != "$0\tamblewick.dll"
+        StrCpy $Menu ${BST_UNCHECKED}
+    ${EndIf}
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/NOMENU" $1
+    ${IfNot} ${Errors}
+        StrCpy $Menu ${BST_UNCHECKED}
+    ${EndIf}
+FunctionEnd
+
+; Shows the page of the check box. Each click is kept, so that "Back" and "Next" show it again.
+Function ShowMenuPage
+    nsDialogs::Create 1018
+    Pop $0
+    ${NSD_CreateLabel} 0 0 100% 36u "Tamblewick can be an entry in the menu that a right click on a folder or a drive \
+        opens. Windows 11 shows the entry under $\"Show more options$\". It is made for you alone and needs no \
+        administrator rights."
+    Pop $0
+    ${NSD_CreateCheckBox} 0 42u 100% 12u "&Add to the menus of folders and drives"
+    Pop $0
+    ${NSD_SetState} $0 $Menu
+    ${NSD_OnClick} $0 KeepMenuChoice
+    nsDialogs::Show
+FunctionEnd
+
+; The stack holds the check box.
+Function KeepMenuChoice
+    Pop $0
+    ${NSD_GetState} $0 $Menu
+FunctionEnd
+
+; regsvr32 calls the module in a process of its own: a module that fails or stays loaded does not affect the setup, and
+; the path needs no search for DLLs in the setup's folder.
+!macro UnregisterForUser
+    ReadRegStr $0 ${UserModule}
+    ${If} $0 == "$INSTDIR\tamblewick.dll"
+        ExecWait '"$SYSDIR\regsvr32.exe" /s /u /n /i:user "$INSTDIR\tamblewick.dll"'
+    ${EndIf}
+!macroend
+
+Function ApplyMenuChoice
+    ${If} $Menu = ${BST_CHECKED}
+        ClearErrors
+        ExecWait '"$SYSDIR\regsvr32.exe" /s /n /i:user "$INSTDIR\tamblewick.dll"' $0
+        ${If} ${Errors}
+        ${OrIf} $0 <> 0
+            MessageBox MB_OK|MB_ICONEXCLAMATION "Tamblewick is installed, but could not be added to the menus of folders and drives." /SD IDOK
+        ${EndIf}
+    ${Else}
+        !insertmacro UnregisterForUser
+    ${EndIf}
+FunctionEnd
+
 ; ---- The files: new ones are written beside the old ones as NAME.new. A file that is in use, as the module is by the
 ; shell, can be renamed but not deleted: it becomes one of NAME.1.old to NAME.9.old until it is free.
 
@@ -121,6 +191,7 @@ FunctionEnd
 
 !macro ForEachFile operation
     !insertmacro ${operation} "$INSTDIR\tamblewick.exe"
+    !insertmacro ${operation} "$INSTDIR\tamblewickc.exe"
     !insertmacro ${operation} "$INSTDIR\tamblewick.dll"
     !insertmacro ${operation} "$INSTDIR\README.txt"
     !insertmacro ${operation} "$INSTDIR\uninstall.exe"
@@ -193,6 +264,7 @@ Section
     ; Failures set the error flag and ask nothing.
     SetOverwrite try
     File "/oname=tamblewick.exe.new" "${FILES}\tamblewick.exe"
+    File "/oname=tamblewickc.exe.new" "${FILES}\tamblewickc.exe"
     File "/oname=tamblewick.dll.new" "${FILES}\tamblewick.dll"
     File "/oname=README.txt.new" "${FILES}\README.txt"
     WriteUninstaller "$INSTDIR\uninstall.exe.new"
@@ -223,6 +295,8 @@ Section
 
     !insertmacro ForEachFile DeleteLeftovers
     !insertmacro DeleteLeftovers "${Shortcut}"
+
+    Call ApplyMenuChoice
 SectionEnd
 
 ; ---- Removal
@@ -230,11 +304,7 @@ SectionEnd
 ; A registration for all users was made with administrator rights, so its removal asks for them as well.
 ; Another installation's registration stays.
 !macro Unregister
-    SetRegView 64
-    ReadRegStr $0 HKCU "Software\Classes\${ClassKey}\InProcServer32" ""
-    ${If} $0 == "$INSTDIR\tamblewick.dll"
-        ExecWait '"$SYSDIR\regsvr32.exe" /s /u /n /i:user "$INSTDIR\tamblewick.dll"'
-    ${EndIf}
+    !insertmacro UnregisterForUser
     ReadRegStr $0 HKLM "Software\Classes\${ClassKey}\InProcServer32" ""
     ${If} $0 == "$INSTDIR\tamblewick.dll"
     ${AndIf} ${FileExists} "$INSTDIR\tamblewick.dll"
@@ -258,6 +328,7 @@ Section Uninstall
 
     ClearErrors
     !insertmacro Remove "$INSTDIR\tamblewick.exe"
+    !insertmacro Remove "$INSTDIR\tamblewickc.exe"
     !insertmacro Remove "$INSTDIR\tamblewick.dll"
     !insertmacro Remove "$INSTDIR\README.txt"
     !insertmacro DeleteLeftovers "$INSTDIR\uninstall.exe"

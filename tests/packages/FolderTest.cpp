@@ -106,8 +106,8 @@ TEST_F(Folder, OnThePageIsNamedBeforeAnythingIsInstalled) {
     EXPECT_NE(
         window.WaitForControl(FolderText, L"Setup will install Tamblewick into " + below.wstring() + L"."),
         nullptr);
-    const HWND install = window.WaitForControl(IDOK, L"Install");
-    EXPECT_TRUE(IsWindowEnabled(install));
+    EXPECT_TRUE(window.Press(IDOK, L"Next"));
+    EXPECT_NE(window.WaitForControl(IDOK, L"Install"), nullptr);
     EXPECT_FALSE(fs::exists(below));
     EXPECT_TRUE(window.Press(IDOK, L"Install"));
     EXPECT_NE(window.WaitForControl(AnyControl, L"Completed"), nullptr);
@@ -126,10 +126,10 @@ TEST_F(Folder, OnThePageCannotBeOneThatIsRefused) {
     ASSERT_NE(edit, nullptr);
     SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(tools.c_str()));
     EXPECT_NE(window.WaitForControl(FolderText, L"Choose another folder."), nullptr);
-    const HWND install = window.WaitForControl(IDOK, L"Install");
-    EXPECT_FALSE(IsWindowEnabled(install));
+    const HWND next = window.WaitForControl(IDOK, L"Next");
+    EXPECT_FALSE(IsWindowEnabled(next));
     SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>((tools / L"new").c_str()));
-    EXPECT_TRUE(IsWindowEnabled(install));
+    EXPECT_TRUE(IsWindowEnabled(next));
     EXPECT_TRUE(window.Press(IDCANCEL, L"Cancel"));
     EXPECT_EQ(window.Wait(), 1u);
     ExpectNothingInstalled();

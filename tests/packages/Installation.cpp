@@ -139,7 +139,8 @@ void Installation::Clear() const {
     fs::remove_all(installed);
     fs::remove_all(tools);
     fs::remove(shortcut);
-    registry.DeleteKey(UninstallKey);
+    for (const std::wstring& key : {ClassKey, FolderMenuKey, DriveMenuKey, UninstallKey})
+        registry.DeleteKey(key);
     registry.DeleteKey(RunOnceKey);
 }
 
@@ -150,6 +151,10 @@ DWORD Installation::RunSetup() const {
 // The folder is the last argument and has no quotes.
 DWORD Installation::RunSetup(const fs::path& folder) const {
     return RunProcess(Quoted(setup) + L" /S /D=" + folder.wstring());
+}
+
+DWORD Installation::RunSetupWithoutMenu() const {
+    return RunProcess(Quoted(setup) + L" /S /NOMENU");
 }
 
 DWORD Installation::RunRemoval(const fs::path& folder) const {

@@ -78,6 +78,8 @@ protected:
     DWORD RunSetup() const;
     DWORD RunSetup(const fs::path& folder) const;
 
+    DWORD RunSetupWithoutMenu() const;
+
     void Install() const { ASSERT_EQ(RunSetup(), 0u); }
 
     // Runs the removal as uninstall.exe does: from a copy in another folder. Unlike uninstall.exe it returns
@@ -93,9 +95,16 @@ protected:
     // A list by the program of this folder, to see that it runs.
     bool ProgramRuns(const fs::path& folder) const;
 
+    // The registration of the module for this user, and the keys in which it is.
+    const std::wstring ClassKey = L"Software\\Classes\\CLSID\\{5E2C81D4-3B7F-4A16-9C0E-7F41D2A96B3C}";
+    const std::wstring FolderMenuKey =
+        L"Software\\Classes\\Directory\\shellex\\ContextMenuHandlers\\Tamblewick";
+    const std::wstring DriveMenuKey = L"Software\\Classes\\Drive\\shellex\\ContextMenuHandlers\\Tamblewick";
+
     const std::wstring UninstallKey = L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Tamblewick";
     const std::wstring RunOnceKey = L"Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce";
-    const Names InstalledFiles = {L"README.txt", L"tamblewick.dll", L"tamblewick.exe", L"uninstall.exe"};
+    const Names InstalledFiles = {L"README.txt", L"tamblewick.dll", L"tamblewick.exe", L"tamblewickc.exe",
+                                  L"uninstall.exe"};
 
     const fs::path setup;
     const fs::path installed;  // where the setup installs by itself

@@ -6,8 +6,6 @@ using namespace Packaging;
 
 namespace {
 
-const std::wstring ClassKey = L"CLSID\\{5E2C81D4-3B7F-4A16-9C0E-7F41D2A96B3C}";
-
 class Packages : public Installation {
 protected:
     // The removal goes on in a copy of itself when the first process has ended.
@@ -25,10 +23,10 @@ TEST_F(Packages, SetupInstallsForTheUser) {
     Install();
     EXPECT_EQ(NamesIn(installed), InstalledFiles);
     EXPECT_TRUE(fs::exists(shortcut));
-    EXPECT_EQ(Bytes(installed / L"tamblewick.exe"), Bytes(portable / L"tamblewick.exe"));
-    EXPECT_EQ(Bytes(installed / L"tamblewick.dll"), Bytes(portable / L"tamblewick.dll"));
+    for (const auto& [name, bytes] : ContentsOf(portable))
+        EXPECT_EQ(ContentsOf(installed)[name], bytes) << testing::PrintToString(name);
     EXPECT_FALSE(KeyExists(HKEY_CURRENT_USER, L"Software\\Tamblewick"));
-    EXPECT_FALSE(KeyExists(HKEY_CLASSES_ROOT, ClassKey));
+    EXPECT_FALSE(KeyExists(HKEY_LOCAL_MACHINE, ClassKey));
 }
 
 TEST_F(Packages, SetupEntersTheListOfInstalledPrograms) {
@@ -50,7 +48,7 @@ TEST_F(Packages, SetupEntersTheListOfInstalledPrograms) {
     EXPECT_EQ(registry.Get(UninstallKey, L"NoModify"), TestSupport::DwordValue(1));
     EXPECT_EQ(registry.Get(UninstallKey, L"NoRepair"), TestSupport::DwordValue(1));
     uintmax_t bytes = 0;
-    for (const wchar_t* name : {L"tamblewick.exe", L"tamblewick.dll", L"README.txt"})
+    for (const wchar_t* name : {L"tamblewick.exe", L"tamblewickc.exe", L"tamblewick.dll", L"README.txt"})
         bytes += fs::file_size(installed / name);
     const auto size = registry.Get(UninstallKey, L"EstimatedSize");
     ASSERT_TRUE(size && size->data.size() == 4);
@@ -64,15 +62,16 @@ TEST_F(Packages, RemovalTakesEverythingButThePresets) {
     Install();
     const std::wstring module = (installed / L"tamblewick.dll").wstring();
     ASSERT_EQ(RunProcess(L"regsvr32.exe /s \"" + module + L"\""), 0u);
-    ASSERT_EQ(RunProcess(L"regsvr32.exe /s /n /i:user \"" + module + L"\""), 0u);
-    ASSERT_TRUE(KeyExists(HKEY_CLASSES_ROOT, ClassKey));
+    ASSERT_TRUE(KeyExists(HKEY_LOCAL_MACHINE, ClassKey));
+    ASSERT_TRUE(KeyExists(HKEY_CURRENT_USER, ClassKey));
     registry.SetString(L"Software\\Tamblewick\\abc", L"Name", L"Kept");
     Remove(L" /S");
     EXPECT_FALSE(fs::exists(installed));
     EXPECT_FALSE(fs::exists(shortcut));
     EXPECT_FALSE(KeyExists(HKEY_CURRENT_USER, UninstallKey));
-    EXPECT_FALSE(KeyExists(HKEY_CLASSES_ROOT, ClassKey));
-    EXPECT_FALSE(KeyExists(HKEY_CURRENT_USER, L"Software\\Classes\\" + ClassKey));
+    for (HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER})
+        for (const std::wstring& key : {ClassKey, FolderMenuKey, DriveMenuKey})
+            EXPECT_FALSE(KeyExists(root, key)) << testing::PrintToString(key);
     EXPECT_EQ(registry.Get(L"Software\\Tamblewick\\abc", L"Name"), TestSupport::StringValue(L"Kept"));
 }
 
@@ -81,7 +80,7 @@ TEST_F(Packages, RemovalLeavesARegistrationOfAnotherCopy) {
     const std::wstring other = (portable / L"tamblewick.dll").wstring();
     ASSERT_EQ(RunProcess(L"regsvr32.exe /s \"" + other + L"\""), 0u);
     Remove(L" /S");
-    EXPECT_TRUE(KeyExists(HKEY_CLASSES_ROOT, ClassKey));
+    EXPECT_TRUE(KeyExists(HKEY_LOCAL_MACHINE, ClassKey));
     EXPECT_EQ(RunProcess(L"regsvr32.exe /s /u \"" + other + L"\""), 0u);
 }
 
@@ -104,7 +103,8 @@ TEST_F(Packages, ProgramCanBeInstalledAgain) {
 }
 
 TEST_F(Packages, PortableProgramMakesAListFromAnyFolder) {
-    EXPECT_EQ(NamesIn(portable), (Names{L"README.txt", L"tamblewick.dll", L"tamblewick.exe"}));
+    EXPECT_EQ(NamesIn(portable),
+              (Names{L"README.txt", L"tamblewick.dll", L"tamblewick.exe", L"tamblewickc.exe"}));
     EXPECT_TRUE(ProgramRuns(portable));
 }
 

@@ -104,6 +104,7 @@ TEST_F(Update, ThatFailsSaysThatNothingHasChanged) {
     const LockedFile locked(installed / L"README.txt");
     const Contents before = ContentsOf(installed);
     Process window(Quoted(setup));
+    EXPECT_TRUE(window.Press(IDOK, L"Next"));
     EXPECT_TRUE(window.Press(IDOK, L"Install"));
     EXPECT_NE(window.WaitForControl(AnyControl, L"could not be installed into " + installed.wstring()),
               nullptr);
