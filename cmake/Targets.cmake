@@ -40,12 +40,35 @@ else()
   target_link_libraries(platform INTERFACE fakewin Threads::Threads)
 endif()
 
+# What is compiled into a program for users, on Windows: with tables of lines, in which the files are named from the
+# root of the sources, so that the folder of the build shows nowhere.
+add_library(tamblewick_lines INTERFACE)
+if(WIN32)
+  target_compile_options(tamblewick_lines INTERFACE -g1 -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+endif()
+
+# tamblewick_shipped(target)
+# Moves the symbols and lines of a program or module for users into NAME.debug beside it, which its section
+# .gnu_debuglink names, so that an address in a report of a crash can be resolved. NAME.map names all that is linked.
+function(tamblewick_shipped name)
+  set(file $<TARGET_FILE:${name}>)
+  target_link_libraries(${name} PRIVATE tamblewick_lines)
+  target_link_options(${name} PRIVATE -Wl,-Map=${file}.map)
+  # Both tools write the time into the file otherwise.
+  set(dateless ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0)
+  add_custom_command(TARGET ${name} POST_BUILD
+    COMMAND ${dateless} ${CMAKE_OBJCOPY} --only-keep-debug ${file} ${file}.debug
+    COMMAND ${dateless} ${CMAKE_STRIP} ${file}
+    COMMAND ${dateless} ${CMAKE_OBJCOPY} --add-gnu-debuglink=${file}.debug ${file}
+    VERBATIM)
+endfunction()
+
 # tamblewick_library(name SOURCES file... [LIBRARIES library...])
 # One folder of src/ as a static library. LIBRARIES names the folders below it.
 function(tamblewick_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC ${arg_LIBRARIES} platform PRIVATE tamblewick_options)
+  target_link_libraries(${name} PUBLIC ${arg_LIBRARIES} platform PRIVATE tamblewick_options tamblewick_lines)
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
 endfunction()
 
@@ -58,7 +81,8 @@ function(tamblewick_program name)
   set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ${arg_WIN32})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} tamblewick_options)
   target_link_directories(${name} BEFORE PRIVATE ${TAMBLEWICK_DELAY_FOLDER})
-  target_link_options(${name} PRIVATE -municode -s)
+  target_link_options(${name} PRIVATE -municode)
+  tamblewick_shipped(${name})
 endfunction()
 
 # tamblewick_resources(target file.rc)
