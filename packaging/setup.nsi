@@ -194,6 +194,7 @@ FunctionEnd
     !insertmacro ${operation} "$INSTDIR\tamblewickc.exe"
     !insertmacro ${operation} "$INSTDIR\tamblewick.dll"
     !insertmacro ${operation} "$INSTDIR\README.txt"
+    !insertmacro ${operation} "$INSTDIR\THIRD-PARTY.txt"
     !insertmacro ${operation} "$INSTDIR\uninstall.exe"
 !macroend
 
@@ -267,6 +268,7 @@ Section
     File "/oname=tamblewickc.exe.new" "${FILES}\tamblewickc.exe"
     File "/oname=tamblewick.dll.new" "${FILES}\tamblewick.dll"
     File "/oname=README.txt.new" "${FILES}\README.txt"
+    File "/oname=THIRD-PARTY.txt.new" "${FILES}\THIRD-PARTY.txt"
     WriteUninstaller "$INSTDIR\uninstall.exe.new"
     ${If} ${Errors}
         Call Fail
@@ -331,6 +333,7 @@ Section Uninstall
     !insertmacro Remove "$INSTDIR\tamblewickc.exe"
     !insertmacro Remove "$INSTDIR\tamblewick.dll"
     !insertmacro Remove "$INSTDIR\README.txt"
+    !insertmacro Remove "$INSTDIR\THIRD-PARTY.txt"
     !insertmacro DeleteLeftovers "$INSTDIR\uninstall.exe"
     IfErrors inUse
     Delete "$INSTDIR\uninstall.exe"

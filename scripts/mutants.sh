@@ -65,21 +65,21 @@ done
 
 # ---- The copy: a tree of its own, with its own build folders and Wine prefix
 
-install_packages "${buildPackages[@]}" "${winePackages[@]}" g++ libbenchmark-dev unzip
+install_packages "${buildPackages[@]}" "${winePackages[@]}" g++ libbenchmark-dev python3 python3-yaml unzip
 
 # A file is written only if it differs, so that a second run builds little.
 while IFS= read -r source; do
     cmp -s "$source" "build/mutants/$source" && continue
     mkdir -p "build/mutants/$(dirname "$source")"
     cp "$source" "build/mutants/$source"
-done < <(find CMakeLists.txt CMakePresets.json cmake scripts src contextmenu bench tests packaging -type f)
+done < <(find CMakeLists.txt CMakePresets.json cmake scripts src contextmenu bench tests packaging docs README.md -type f)
 cd build/mutants
 
 # Builds and runs a program, given as "PRESET NAME". Returns whether its tests passed.
 passes() {
     local preset=${1% *} name=${1#* }
     quietly build/logs/build.log cmake --build --preset "$preset" --target "$name"
-    [[ $name != packages* ]] || { quietly build/logs/package.log packaging/package.sh && unpack_portable; }
+    [[ $name != package* ]] || { quietly build/logs/package.log packaging/package.sh && unpack_portable; }
     mkdir -p "build/$preset/results"
     rm -f "build/$preset/results/$name.xml"
     ctest --preset "$preset" -R "^$name\$" >build/logs/test.log 2>&1

@@ -39,8 +39,8 @@ protected:
     std::vector<uint64_t> RoomForFirstFiles() const {
         constexpr uint64_t Cluster = 4096;
         std::vector<uint64_t> room = {0};
-        for (const wchar_t* name :
-             {L"tamblewick.exe", L"tamblewickc.exe", L"tamblewick.dll", L"README.txt", L"uninstall.exe"})
+        for (const wchar_t* name : {L"tamblewick.exe", L"tamblewickc.exe", L"tamblewick.dll", L"README.txt",
+                                    L"THIRD-PARTY.txt", L"uninstall.exe"})
             room.push_back(room.back() + (Bytes(installed / name).size() + Cluster - 1) / Cluster * Cluster);
         return room;
     }

@@ -103,8 +103,8 @@ protected:
 
     const std::wstring UninstallKey = L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Tamblewick";
     const std::wstring RunOnceKey = L"Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce";
-    const Names InstalledFiles = {L"README.txt", L"tamblewick.dll", L"tamblewick.exe", L"tamblewickc.exe",
-                                  L"uninstall.exe"};
+    const Names InstalledFiles = {L"README.txt",     L"THIRD-PARTY.txt", L"tamblewick.dll",
+                                  L"tamblewick.exe", L"tamblewickc.exe", L"uninstall.exe"};
 
     const fs::path setup;
     const fs::path installed;  // where the setup installs by itself

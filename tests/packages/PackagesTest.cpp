@@ -48,7 +48,7 @@ TEST_F(Packages, SetupEntersTheListOfInstalledPrograms) {
     EXPECT_EQ(registry.Get(UninstallKey, L"NoModify"), TestSupport::DwordValue(1));
     EXPECT_EQ(registry.Get(UninstallKey, L"NoRepair"), TestSupport::DwordValue(1));
     uintmax_t bytes = 0;
-    for (const wchar_t* name : {L"tamblewick.exe", L"tamblewickc.exe", L"tamblewick.dll", L"README.txt"})
+    for (const auto& [name, packed] : ContentsOf(portable))
         bytes += fs::file_size(installed / name);
     const auto size = registry.Get(UninstallKey, L"EstimatedSize");
     ASSERT_TRUE(size && size->data.size() == 4);
@@ -103,8 +103,8 @@ TEST_F(Packages, ProgramCanBeInstalledAgain) {
 }
 
 TEST_F(Packages, PortableProgramMakesAListFromAnyFolder) {
-    EXPECT_EQ(NamesIn(portable),
-              (Names{L"README.txt", L"tamblewick.dll", L"tamblewick.exe", L"tamblewickc.exe"}));
+    EXPECT_EQ(NamesIn(portable), (Names{L"README.txt", L"THIRD-PARTY.txt", L"tamblewick.dll",
+                                        L"tamblewick.exe", L"tamblewickc.exe"}));
     EXPECT_TRUE(ProgramRuns(portable));
 }
 
