@@ -10,6 +10,7 @@
 
 #include "console/Errors.h"
 #include "console/FullPath.h"
+#include "console/Interrupt.h"
 #include "winlib/Windows.h"
 
 #include <io.h>
@@ -54,6 +55,8 @@ std::string ReadInput(const std::wstring& name, size_t most) {
     size_t size;
     while (bytes.size() <= most && (size = std::fread(block.data(), 1, block.size(), stream.get())) > 0)
         bytes.append(block.data(), size);
+    // Ctrl+C ends a read from a console.
+    ThrowIfInterrupted();
     if (std::ferror(stream.get()) != 0)
         throw Error(ExitCode::Failed, InputName(name) + L" could not be read");
     if (bytes.size() > most)

@@ -46,24 +46,29 @@ StoredPresets ReadLockedPresets() {
     return presets;
 }
 
-const StoredPreset& FindPreset(const StoredPresets& presets, const std::wstring& keyOrName) {
+const StoredPreset* FindByName(const StoredPresets& presets, const std::wstring& name) {
     std::vector<const StoredPreset*> named;
-    for (const StoredPreset& stored : presets) {
-        if (stored.preset.Key() == keyOrName)
-            return stored;
-        if (ToUtf8(stored.preset.Get(Preset::Name)) == ToUtf8(keyOrName))
+    for (const StoredPreset& stored : presets)
+        if (ToUtf8(stored.preset.Get(Preset::Name)) == ToUtf8(name))
             named.push_back(&stored);
-    }
-    if (named.empty())
-        throw Error(ExitCode::WrongUsage,
-                    L"there is no preset '" + keyOrName + L"'; see 'tamblewickc presets list'");
-    if (named.size() == 1)
-        return *named.front();
+    if (named.size() <= 1)
+        return named.empty() ? nullptr : named.front();
     std::wstring keys;
     for (const StoredPreset* stored : named)
         keys += (keys.empty() ? L"" : L", ") + stored->preset.Key();
     throw Error(ExitCode::WrongUsage,
-                L"several presets have the name '" + keyOrName + L"'; use one of the keys " + keys);
+                L"several presets have the name '" + name + L"'; use one of the keys " + keys);
+}
+
+const StoredPreset& FindPreset(const StoredPresets& presets, const std::wstring& keyOrName) {
+    for (const StoredPreset& stored : presets)
+        if (stored.preset.Key() == keyOrName)
+            return stored;
+    const StoredPreset* const named = FindByName(presets, keyOrName);
+    if (named == nullptr)
+        throw Error(ExitCode::WrongUsage,
+                    L"there is no preset '" + keyOrName + L"'; see 'tamblewickc presets list'");
+    return *named;
 }
 
 std::vector<const StoredPreset*> FindPresets(const StoredPresets& presets,

@@ -27,8 +27,11 @@ StoredPresets ReadPresets();
 // The same for a caller that has the lock.
 StoredPresets ReadLockedPresets();
 
-// Returns the preset with this key, or with this name if only one has it. Half a surrogate pair in a name is
-// taken for U+FFFD, as it is printed. Throws Error.
+// Returns the only preset with this name; null if there is none. Half a surrogate pair in a name is taken for
+// U+FFFD, as it is printed. Throws Error if several presets have the name.
+const StoredPreset* FindByName(const StoredPresets& presets, const std::wstring& name);
+
+// Returns the preset with this key, or else FindByName. Throws Error.
 const StoredPreset& FindPreset(const StoredPresets& presets, const std::wstring& keyOrName);
 
 // Returns the presets with these keys or names, each once and in the order of the list. Throws Error.

@@ -1,5 +1,4 @@
 // "presets export" and "presets import".
-#include <algorithm>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -74,14 +73,6 @@ void Distrust(std::vector<Preset>& presets) {
     }
 }
 
-// Returns the stored preset that a preset of the file replaces; null if there is none. Throws Error if there
-// are several.
-const StoredPreset* Replaced(const StoredPresets& presets, const std::wstring& name) {
-    const auto hasName = [&](const StoredPreset& stored) { return stored.preset.Get(Preset::Name) == name; };
-    const auto found = std::ranges::find_if(presets, hasName);
-    return found == presets.end() ? nullptr : &FindPreset(presets, name);
-}
-
 void RequireDifferentNames(const std::vector<Preset>& presets) {
     std::set<std::wstring> names;
     for (const Preset& preset : presets)
@@ -129,7 +120,7 @@ ExitCode ImportPresets(const Options& arguments) {
     std::string keys;
     for (auto preset = presets.rbegin(); preset != presets.rend(); ++preset) {
         const StoredPreset* replaced =
-            arguments.Has("replace") ? Replaced(change.Presets(), preset->Get(Preset::Name)) : nullptr;
+            arguments.Has("replace") ? FindByName(change.Presets(), preset->Get(Preset::Name)) : nullptr;
         keys.insert(0, ToUtf8(Import(change, *preset, replaced)) + "\n");
     }
     Print(keys);

@@ -202,6 +202,26 @@ TEST_F(TravelCommands, ReplaceTakesNamesAndNoKeys) {
     EXPECT_EQ(Text(key, L"Name"), L"First");
 }
 
+TEST_F(TravelCommands, ReplaceTakesTheNameEvenIfItIsTheKeyOfAnother) {
+    const std::wstring key = Make(L"First");
+    const std::wstring named = Make(key);
+    EXPECT_EQ(Import(FileOf("[{\"Name\":\"" + Utf8(key) + "\"}]"), {L"--replace"}),
+              std::vector<std::wstring>{named});
+    EXPECT_EQ(Text(key, L"Name"), L"First");
+}
+
+TEST_F(TravelCommands, AnInterruptWhileTheInputIsReadStoresNothing) {
+    FakeWin::SetStandardInput(FileOf("[{}]"));
+    FakeWin::AtUse(FakeWin::Call::ReadFile, 1, [] { FakeWin::SendConsoleEvent(CTRL_C_EVENT); });
+    EXPECT_EQ(Run({L"import", L"-"}).code, ExitCode::Cancelled);
+    Console::CatchInterrupts();
+    // The read itself then ends without data.
+    FakeWin::SetStandardInput("");
+    FakeWin::AtUse(FakeWin::Call::ReadFile, 1, [] { FakeWin::SendConsoleEvent(CTRL_C_EVENT); });
+    EXPECT_EQ(Run({L"import", L"-"}).code, ExitCode::Cancelled);
+    EXPECT_TRUE(registry.Subkeys(L"Software\\Tamblewick").empty());
+}
+
 TEST_F(TravelCommands, ReplaceRefusesANameThatIsNotTheOnlyOne) {
     registry.SetString(Root + L"aaa", L"Name", L"Same");
     registry.SetString(Root + L"bbb", L"Name", L"Same");
