@@ -10,6 +10,7 @@
 #include "console/Completion.h"
 #include "console/Errors.h"
 #include "console/Output.h"
+#include "console/compare/CompareCommand.h"
 #include "console/list/ListCommand.h"
 #include "console/menu/MenuCommand.h"
 #include "console/presets/PresetCommands.h"
@@ -32,7 +33,7 @@ ExitCode RunCompletion(const Options&) {
     return ExitCode::Complete;
 }
 
-constexpr std::array<Command, 15> Table = {{
+constexpr std::array<Command, 16> Table = {{
     {"list", ListUsage, ListHelp, ListOptions, 1, 2, RunList},
     {"presets list", "[--json]", PresetsListHelp, PresetsListOptions, 0, 0, ListPresets},
     {"presets templates", "", TemplatesHelp, {}, 0, 0, ListTemplates},
@@ -44,6 +45,7 @@ constexpr std::array<Command, 15> Table = {{
     {"presets set", "PRESET FIELD=VALUE...", SetHelp, {}, 2, AnyNumber, SetPresetFields},
     {"presets export", "[PRESET...] [-o FILE]", ExportHelp, ExportOptions, 0, AnyNumber, ExportPresets},
     {"presets import", "FILE|- [--replace] [--trust]", ImportHelp, ImportOptions, 1, 1, ImportPresets},
+    {"compare", CompareUsage, CompareHelp, CompareOptions, 2, 2, CompareLists},
     {"menu status", "", MenuStatusHelp, {}, 0, 0, RunMenuStatus},
     {"menu on", "[--all-users]", MenuOnHelp, MenuOptions, 0, 0, RunMenuOn},
     {"menu off", "[--all-users]", MenuOffHelp, MenuOptions, 0, 0, RunMenuOff},

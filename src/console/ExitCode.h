@@ -6,6 +6,7 @@ namespace Console {
 enum class ExitCode : int {
     Complete = 0,
     Failed = 1,         // the folder cannot be listed, the file cannot be imported
+    Different = 1,      // the lists that are compared differ
     WrongUsage = 2,     // wrong arguments, or no such preset
     FoldersUnread = 3,  // the list was written, but folders could not be read
     NotWritten = 4,     // the list, the settings or the standard output could not be written

@@ -28,6 +28,21 @@ void WriteDigits(uint32_t number, char* begin) {
         begin[i] = static_cast<char>('0' + number % 10);
 }
 
+uint32_t ReadDigits(std::string_view digits) {
+    uint32_t number = 0;
+    for (const char digit : digits)
+        number = number * 10 + static_cast<uint32_t>(digit - '0');
+    return number;
+}
+
+// Whether a text has digits where the pattern has them, and is the pattern elsewhere.
+bool FitsPattern(std::string_view text) {
+    const auto fits = [](char character, char pattern) {
+        return pattern == '0' ? character >= '0' && character <= '9' : character == pattern;
+    };
+    return std::ranges::equal(text, Pattern, fits);
+}
+
 }  // namespace
 
 std::string_view FormatUtc(const FILETIME& time, UtcText& memory) {
@@ -49,6 +64,26 @@ std::string_view FormatUtc(const FILETIME& time, UtcText& memory) {
     WriteDigits<2>(static_cast<uint32_t>(clock.seconds().count()), text + 17);
     WriteDigits<7>(static_cast<uint32_t>(clock.subseconds().count()), text + 20);
     return {memory.data(), memory.size()};
+}
+
+bool ParseUtc(std::string_view text, FILETIME& time) {
+    time = {};
+    if (text.empty())
+        return true;
+    if (!FitsPattern(text))
+        return false;
+    const year_month_day date(year(static_cast<int>(ReadDigits(text.substr(0, 4)))),
+                              month(ReadDigits(text.substr(5, 2))), day(ReadDigits(text.substr(8, 2))));
+    const uint32_t hour = ReadDigits(text.substr(11, 2));
+    const uint32_t minute = ReadDigits(text.substr(14, 2));
+    const uint32_t second = ReadDigits(text.substr(17, 2));
+    if (!date.ok() || date.year() < year(1601) || hour > 23 || minute > 59 || second > 59)
+        return false;
+    const TickTime point = sys_days(date) + hours(hour) + minutes(minute) + seconds(second) +
+                           Ticks(ReadDigits(text.substr(20, 7)));
+    const auto sinceEpoch = static_cast<uint64_t>((point - FileEpoch).count());
+    time = {static_cast<DWORD>(sinceEpoch), static_cast<DWORD>(sinceEpoch >> 32)};
+    return true;
 }
 
 }  // namespace Console

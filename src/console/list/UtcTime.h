@@ -16,4 +16,8 @@ using UtcText = std::array<char, 28>;
 // after the year 9999, which the format cannot express.
 std::string_view FormatUtc(const FILETIME& time, UtcText& memory);
 
+// Stores the time of a text that FormatUtc has written; zero if it is empty. Returns false for any other
+// text.
+bool ParseUtc(std::string_view text, FILETIME& time);
+
 }  // namespace Console

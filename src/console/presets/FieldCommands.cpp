@@ -6,7 +6,7 @@
 #include "console/Errors.h"
 #include "console/Output.h"
 #include "console/presets/JsonText.h"
-#include "console/presets/OneLine.h"
+#include "console/OneLine.h"
 #include "console/presets/PresetChange.h"
 #include "console/presets/PresetCommands.h"
 #include "console/presets/PresetJson.h"

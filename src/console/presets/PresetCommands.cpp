@@ -5,7 +5,7 @@
 
 #include "console/Errors.h"
 #include "console/Output.h"
-#include "console/presets/OneLine.h"
+#include "console/OneLine.h"
 #include "console/presets/PresetChange.h"
 #include "console/presets/PresetChoice.h"
 #include "settings/Templates.h"

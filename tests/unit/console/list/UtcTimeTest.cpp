@@ -62,3 +62,29 @@ TEST(UtcTime, IsTheSystemsDate) {
 }
 
 }  // namespace
+
+TEST(ParseUtc, ReadsWhatFormatUtcWrites) {
+    for (const uint64_t ticks :
+         {uint64_t{1}, uint64_t{0x01D0'0000'1234'5600}, uint64_t{2'650'467'743'999'999'999}}) {
+        const FILETIME time = {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+        Console::UtcText memory;
+        FILETIME read = {};
+        EXPECT_TRUE(Console::ParseUtc(Console::FormatUtc(time, memory), read));
+        EXPECT_EQ(read.dwLowDateTime, time.dwLowDateTime);
+        EXPECT_EQ(read.dwHighDateTime, time.dwHighDateTime);
+    }
+    FILETIME none = {1, 1};
+    EXPECT_TRUE(Console::ParseUtc("", none));
+    EXPECT_EQ(none.dwLowDateTime + none.dwHighDateTime, 0u);
+}
+
+TEST(ParseUtc, RefusesOtherTexts) {
+    for (const char* text :
+         {"2026", "2026-11-21T14:05:20Z", "2026-11-21 14:05:20.0213522Z", "2026-11-21T14:05:20.0213522",
+          "2026-11-31T14:05:20.0213522Z", "2026-13-21T14:05:20.0213522Z", "2026-11-21T24:05:20.0213522Z",
+          "2026-11-21T14:60:20.0213522Z", "2026-11-21T14:05:60.0213522Z", "1600-11-21T14:05:20.0213522Z",
+          "2026-11-21T14:05:20.02135222Z", "x026-11-21T14:05:20.0213522Z"}) {
+        FILETIME time;
+        EXPECT_FALSE(Console::ParseUtc(text, time)) << text;
+    }
+}
