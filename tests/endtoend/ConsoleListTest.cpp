@@ -150,6 +150,17 @@ TEST_F(ConsoleList, AListThatIsOpenElsewhereIsKept) {
     EXPECT_FALSE(folder.Exists(L"out.txt.part"));
 }
 
+TEST_F(ConsoleList, AListThatAnotherRunWritesIsLeftToIt) {
+    folder.AddFile(L"out.txt.part", std::string("of another run"));
+    const HANDLE open = CreateFileW(folder.Path(L"out.txt.part").c_str(), GENERIC_WRITE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    EXPECT_EQ(List(L"-o " + Quoted(folder.Path(L"out.txt"))).code, 4u);
+    CloseHandle(open);
+    EXPECT_EQ(folder.Read(L"out.txt.part"), "of another run");
+    EXPECT_FALSE(folder.Exists(L"out.txt"));
+}
+
 TEST_F(ConsoleList, AFullStandardOutputGivesExitCode4) {
     SECURITY_ATTRIBUTES inherited = {sizeof(inherited), nullptr, TRUE};
     const HANDLE full = CreateFileW(L"Z:\\dev\\full", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
