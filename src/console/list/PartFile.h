@@ -10,9 +10,9 @@ namespace Console {
 
 class PartFile {
 public:
-    // Creates NAME.part; name is a full path. In text mode line feeds become CR LF. Throws Error if it cannot
-    // be created.
-    PartFile(const std::wstring& name, bool text);
+    // Creates NAME.part; name is a full path. In text mode line feeds become CR LF. Messages name the file as
+    // a list, or as another kind of file. Throws Error if it cannot be created.
+    PartFile(const std::wstring& name, bool text, const std::wstring& kind = L"list");
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
 
@@ -32,6 +32,7 @@ private:
     };
 
     const std::wstring name_;
+    const std::wstring title_;
     const std::wstring partName_;
     std::unique_ptr<std::FILE, Close> file_;
     bool moved_ = false;

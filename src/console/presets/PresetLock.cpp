@@ -29,8 +29,7 @@ PresetLock::PresetLock() : mutex_(CreateMutexW(nullptr, FALSE, Name)) {
         CloseHandle(mutex_);
     ThrowIfInterrupted();
     throw Error(ExitCode::NotWritten,
-                L"the presets cannot be locked against other programs; try again as the user who began to "
-                L"change them");
+                L"the presets cannot be locked against changes by other programs; try again");
 }
 
 PresetLock::~PresetLock() {

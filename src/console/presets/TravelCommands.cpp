@@ -40,7 +40,7 @@ bool CanTravel(const StoredPreset& stored) {
 
 void WriteFile(const std::wstring& name, const std::string& text) {
     const std::wstring fullName = FullPath(name);
-    PartFile file(fullName, false);
+    PartFile file(fullName, false, L"file");
     if (std::fwrite(text.data(), 1, text.size(), file.Stream()) != text.size())
         throw Error(ExitCode::NotWritten,
                     L"the file '" + fullName + L"' could not be written; check the free space");

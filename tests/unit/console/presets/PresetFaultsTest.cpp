@@ -116,10 +116,8 @@ TEST_F(PresetFaults, MessagesNameThePreset) {
     ExpectFailure({L"remove", L"first"}, ExitCode::NotWritten,
                   "the preset 'first' could not be removed from the registry");
     FakeWin::Fail(Call::CreateMutexW, ERROR_ACCESS_DENIED);
-    ExpectFailure(
-        {L"list"}, ExitCode::NotWritten,
-        "the presets cannot be locked against other programs; try again as the user who began to change "
-        "them");
+    ExpectFailure({L"list"}, ExitCode::NotWritten,
+                  "the presets cannot be locked against changes by other programs; try again");
 }
 
 TEST_F(PresetFaults, AKeyThatCannotBePrintedIsNotStored) {
@@ -150,7 +148,10 @@ TEST_F(PresetFaults, AnExportThatFailsLeavesTheFormerFile) {
         FakeWin::AddFile(File, "yesterday");
         const std::wstring part = std::wstring(File) + L".part";
         FakeWin::FailOn(call, part, ERROR_DISK_FULL);
-        EXPECT_EQ(Run({L"export", L"-o", File}).code, ExitCode::NotWritten) << FakeWin::NameOf(call);
+        const Outcome outcome = Run({L"export", L"-o", File});
+        EXPECT_EQ(outcome.code, ExitCode::NotWritten) << FakeWin::NameOf(call);
+        EXPECT_TRUE(outcome.error.starts_with("tamblewickc: the file 'C:\\Lists\\presets.json' c"))
+            << outcome.error;
         EXPECT_EQ(FakeWin::Contents(File), "yesterday");
         EXPECT_FALSE(FakeWin::EntryExists(part));
     }
@@ -166,6 +167,14 @@ TEST_F(PresetFaults, CtrlCUndoesTheChange) {
         EXPECT_EQ(outcome.error, "");
         EXPECT_EQ(Differences(RegistryNow(), stored), "") << TestSupport::Utf8(arguments[0]);
     }
+}
+
+TEST_F(PresetFaults, CtrlCWhileTheStandardInputIsReadIsNoDamagedFile) {
+    FakeWin::SetStandardInput("{");
+    FakeWin::SendConsoleEvent(CTRL_C_EVENT);
+    const Outcome outcome = Run({L"import", L"-"});
+    EXPECT_EQ(outcome.code, ExitCode::Cancelled);
+    EXPECT_EQ(outcome.error, "");
 }
 
 TEST_F(PresetFaults, CtrlCEndsTheWaitForTheLock) {
