@@ -63,7 +63,8 @@ struct FoldedLess {
     bool operator()(std::wstring_view less, std::wstring_view more) const;
 };
 
-// Mutexes, which are waited for and closed by the calls for all handles. CloseMutex returns whether it was one.
+// Mutexes, which are waited for and closed by the calls for all handles. CloseMutex returns whether it was
+// one.
 bool IsMutex(HANDLE handle);
 DWORD WaitForMutex(HANDLE handle, DWORD milliseconds);
 bool CloseMutex(HANDLE handle);

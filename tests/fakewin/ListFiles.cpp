@@ -135,7 +135,8 @@ using namespace FakeWin;
 FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share) {
     const std::wstring_view asked = mode;
     const bool reading = asked == L"rb";
-    if ((!reading && asked != L"w" && asked != L"wb" && asked != L"wt") || share < _SH_DENYRW || share > _SH_DENYNO) {
+    if ((!reading && asked != L"w" && asked != L"wb" && asked != L"wt") || share < _SH_DENYRW ||
+        share > _SH_DENYNO) {
         errno = EINVAL;
         return nullptr;
     }
@@ -143,8 +144,9 @@ FILE* _wfsopen(const wchar_t* path, const wchar_t* mode, int share) {
     const ParsedPath parsed = ParsePath(path, false);
     file->subject = parsed.Subject();
     file->text = asked != L"wb";
-    const DWORD error = Watched(Call::OpenFile, file->subject, static_cast<DWORD>(share),
-                                [&] { return reading ? OpenExisting(parsed, *file) : Truncate(parsed, *file); });
+    const DWORD error = Watched(Call::OpenFile, file->subject, static_cast<DWORD>(share), [&] {
+        return reading ? OpenExisting(parsed, *file) : Truncate(parsed, *file);
+    });
     if (error != 0) {
         errno = ErrnoOf(error);
         return nullptr;

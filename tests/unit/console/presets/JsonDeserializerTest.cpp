@@ -111,6 +111,8 @@ TEST(JsonDeserializer, RefusesWhatDoesNotFitWithThePathOfTheField) {
          "Filter.ExcludedFolders[1]: the text must not be empty"},
         {R"({"Columns":{"FolderEnabled":true}})", "Columns.FolderEnabled: expected an array of 12 values"},
         {R"({"Columns":{"FileEnabled":[true]}})", "Columns.FileEnabled: expected an array of 11 values"},
+        {R"({"Columns":{"FileEnabled":[true,true,true,true,true,true,true,true,true,true,true,true]}})",
+         "Columns.FileEnabled: expected an array of 11 values"},
         {R"({"Columns":{"FileColumns":[]}})", "Columns.FileColumns: expected an array of 11 values"},
     };
     for (const Row& row : rows)
