@@ -6,7 +6,6 @@
 #include <exception>
 #include <limits>
 #include <nlohmann/json.hpp>
-#include <random>
 
 #include "console/Errors.h"
 #include "console/Interrupt.h"
@@ -62,10 +61,8 @@ private:
     std::deque<std::vector<FieldRow>> tables_;  // keeps their addresses
 };
 
-// Creates a key that no preset has and returns its name. The window program seeds the generator with the
-// current second, and would draw the key that it has just been given to another preset.
+// Creates a key that no preset has and returns its name.
 std::wstring CreateKey() {
-    std::srand(std::random_device()());
     while (true) {
         const std::wstring name = DrawPresetKey();
         RegistryKey key;
@@ -93,7 +90,10 @@ bool IsMainWindowOpen() {
 
 }  // namespace
 
-PresetChange::PresetChange() : presets_(ReadLockedPresets()) {
+// The window program seeds the generator with the current second; it would draw the same keys and save its
+// presets under them.
+PresetChange::PresetChange(unsigned seed) : presets_(ReadLockedPresets()) {
+    std::srand(seed);
     if (!presets_.empty())
         highest_ = std::max(highest_, presets_.front().preset.Get(Preset::Position));
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,8 @@ namespace Console {
 
 class PresetChange {
 public:
-    // Locks the presets and reads them. Throws Error.
-    PresetChange();
+    // Locks the presets and reads them. The seed is that of the keys of new presets. Throws Error.
+    explicit PresetChange(unsigned seed = std::random_device()());
     PresetChange(const PresetChange&) = delete;
     PresetChange& operator=(const PresetChange&) = delete;
 

@@ -49,6 +49,18 @@ TEST_F(PresetChanges, AreUndoneUnlessTheyAreCommitted) {
     EXPECT_EQ(TextsOf(again), TextsOf(stored));
 }
 
+TEST_F(PresetChanges, DrawAnotherKeyIfOneIsTaken) {
+    std::set<std::wstring> keys;
+    for (int i = 0; i < 3; ++i) {
+        PresetChange change(7);
+        keys.insert(change.Add(Named(L"x")));
+        keys.insert(change.Add(Named(L"y")));
+        change.Commit();
+    }
+    EXPECT_EQ(keys.size(), 6u);
+    EXPECT_EQ(registry.Subkeys(L"Software\\Tamblewick").size(), 6u);
+}
+
 TEST_F(PresetChanges, OfManyThreadsLoseNoPreset) {
     constexpr int Threads = 20;
     std::vector<std::wstring> keys(Threads);
