@@ -14,6 +14,8 @@ buildPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix libutfcpp-dev nlohma
 winePackages=(wine wine64 xvfb openbox)
 # What tests with pictures, a mouse and keys need.
 displayPackages=(xdotool imagemagick fonts-dejavu-core)
+# A browser that tests control.
+browserPackages=(chromium chromium-driver python3-selenium fonts-dejavu-core)
 
 fail() {
     echo "$*" >&2

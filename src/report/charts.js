@@ -73,7 +73,7 @@ function showExtensions(kinds) {
         const name = element(sum.extension ? "bdi" : "i", "", title);
         addCells(byId("extension-sizes"),
             {className: "name", content: [element("span", `swatch kind${kind}`), name]},
-            {className: "size number", content: [bar(sum.size, largest), sizeText(sum.size)]},
+            {className: "size number", content: [bar(sum.size, largest), element("span", "amount", sizeText(sum.size))]},
             {className: "number", content: [shareText(sum.size, size[0])]},
             {className: "number", content: [numberText(sum.files)]});
     }
@@ -110,7 +110,8 @@ function showLargest(kinds, opened) {
         folder.title = attributeText(folder.textContent);
         addCells(byId("largest-files"),
             {className: "name", content: [element("span", `swatch kind${kinds.of(entry)}`), button]},
-            {className: "size number", content: [bar(entries.size[entry], entries.size[files[0]]), sizeText(entries.size[entry])]},
+            {className: "size number", content: [bar(entries.size[entry], entries.size[files[0]]),
+                element("span", "amount", sizeText(entries.size[entry]))]},
             {content: [timeText(entries.modified[entry])]},
             {className: "path", content: [folder]});
     }

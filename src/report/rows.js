@@ -91,7 +91,7 @@ class Rows {
     isShown(entry) {
         const {parent} = this.entries;
         for (; entry !== 0; entry = parent[entry])
-            if ((this.marks[parent[entry]] & HasFound) !== 0 && this.marks[entry] === 0)
+            if (this.isFiltered(parent[entry]) && this.marks[entry] === 0)
                 return false;
         return true;
     }
@@ -119,13 +119,15 @@ class Rows {
         }
     }
 
-    // A search shows all that a folder contains if nothing was found in it: the folder itself was found, or one
-    // around it.
+    // Whether the search shows only some of what a folder contains. If nothing was found in it, then it or a folder
+    // around it was, and all is shown.
+    isFiltered(folder) {
+        return this.marks !== null && (folder === 0 || (this.marks[folder] & HasFound) !== 0);
+    }
+
     shownKids(folder) {
         const kids = this.sortedKids(folder);
-        const {marks} = this;
-        const shown = marks !== null && (marks[folder] & HasFound) !== 0 ?
-            kids.filter(entry => marks[entry] !== 0) : kids;
+        const shown = this.isFiltered(folder) ? kids.filter(entry => this.marks[entry] !== 0) : kids;
         this.shown[folder] = shown.length;
         return shown;
     }

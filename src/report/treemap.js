@@ -18,7 +18,11 @@ class Treemap {
         this.buttons = [];
         this.map.addEventListener("click", event => this.onClick(event));
         this.map.addEventListener("keydown", event => this.onKey(event));
-        new ResizeObserver(delayed(100, () => this.draw())).observe(this.map);
+        const redraw = delayed(100, () => this.draw());
+        new ResizeObserver(() => {
+            if (this.map.clientWidth !== this.width || this.map.clientHeight !== this.height)
+                redraw();
+        }).observe(this.map);
     }
 
     // Shows a folder; a file in it can be highlighted.
@@ -67,6 +71,8 @@ class Treemap {
 
     draw() {
         const {clientWidth: width, clientHeight: height} = this.map;
+        this.width = width;
+        this.height = height;
         const hadFocus = this.map.contains(document.activeElement);
         this.map.replaceChildren();
         this.buttons = [];
@@ -111,9 +117,10 @@ class Treemap {
         button.dataset.entry = entry;
         button.title = attributeText(`${entries.pathText(entry)}\n${sizeText(entries.size[entry])}, ${share}`);
         button.setAttribute("aria-label", label);
-        if (node.x1 - node.x0 > 2.5 * text && node.y1 - node.y0 > 1.3 * text) {
+        const isLegible = (width, height) => node.x1 - node.x0 > width * text && node.y1 - node.y0 > height * text;
+        if (isLegible(3.5, 1.3)) {
             button.append(element("bdi", "", name));
-            if (node.y1 - node.y0 > 2.6 * text && !node.children)
+            if (isLegible(6, 2.6) && !node.children)
                 button.append(element("span", "", sizeText(entries.size[entry])));
         }
         this.buttons.push(button);

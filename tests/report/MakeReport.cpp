@@ -1,8 +1,8 @@
 // Writes the report of a tree that is made up:
 //
-//   make_report sample ENTRIES FILE    folders with files of many kinds, sizes and times, four levels or
-//   deeper make_report hostile FILE           names that would do harm in a page that takes them for anything
-//   but text
+//   make_report small FILE             a few entries, whose figures the tests of the page know
+//   make_report sample ENTRIES FILE    folders with files of many kinds, sizes and times
+//   make_report hostile FILE           names that would do harm if a page took them for anything but text
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -24,6 +24,37 @@ constexpr uint64_t Year = 31'536'000 * TicksOfASecond;
 
 FILETIME TimeOf(uint64_t ticks) {
     return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+}
+
+void FillSmall(ScanTree& tree) {
+    tree.root.folders.reserve(4);
+    const auto addFolder = [&](Scanner::Node& parent, const wchar_t* name) -> Scanner::Node& {
+        Scanner::Node& folder = tree.AddFolder(parent, name);
+        folder.folder->lastTimeWritten = TimeOf(From1601To2020);
+        return folder;
+    };
+    const auto addFile = [&](Scanner::Node& parent, const wchar_t* name, uint64_t size, uint64_t minute) {
+        Scanner::File& file = tree.AddFile(parent, name, size);
+        file.lastTimeWritten = TimeOf(From1601To2020 + minute * 60 * TicksOfASecond);
+        file.timeCreated = TimeOf(From1601To2020);
+    };
+    Scanner::Node& photos = addFolder(tree.root, L"Photos");
+    photos.folders.reserve(2);
+    Scanner::Node& first = addFolder(photos, L"2025");
+    addFile(first, L"beach.jpg", 600'000, 1);
+    addFile(first, L"dunes.JPG", 300'000, 3);
+    addFile(addFolder(photos, L"2026"), L"party.jpg", 50'000, 2);
+    addFile(photos, L"cover.png", 50'000, 4);
+    Scanner::Node& music = addFolder(tree.root, L"Music");
+    addFile(music, L"song10.mp3", 4'000, 5);
+    addFile(music, L"song2.mp3", 6'000, 6);
+    addFolder(tree.root, L"Empty");
+    Scanner::Folder& refused = *addFolder(tree.root, L"Private").folder;
+    refused.flags = Scanner::Record::AccessDenied;
+    refused.lastTimeWritten = {};
+    addFile(tree.root, L"notes (old).txt", 100, 7);
+    addFile(tree.root, L"Readme.md", 900, 9);
+    addFile(tree.root, L"data", 39'000, 8);
 }
 
 // A tree in which each folder has some files and subfolders: breadth first, until there are enough entries.
@@ -109,19 +140,22 @@ void FillHostile(ScanTree& tree) {
 int Run(int count, char** arguments) {
     const std::string kind = count > 1 ? arguments[1] : "";
     const bool sample = kind == "sample" && count == 4;
-    if (!sample && !(kind == "hostile" && count == 3))
-        return std::fputs("usage: make_report sample ENTRIES FILE | hostile FILE\n", stderr), 2;
-    ScanTree tree(sample ? L"C:\\Users\\Public\\Documents" : L"C:\\</script>\\<img src=x onerror=alert(1)>");
+    const bool hostile = kind == "hostile" && count == 3;
+    if (!sample && !hostile && !(kind == "small" && count == 3))
+        return std::fputs("usage: make_report small FILE | sample ENTRIES FILE | hostile FILE\n", stderr), 2;
+    ScanTree tree(hostile ? L"C:\\</script>\\<img src=x onerror=alert(1)>" : L"C:\\Data");
     if (sample)
         FillSample(tree, std::strtoull(arguments[2], nullptr, 10));
-    else
+    else if (hostile)
         FillHostile(tree);
+    else
+        FillSmall(tree);
 
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(arguments[count - 1], "wb"),
                                                                  std::fclose);
     if (stream == nullptr)
         return 1;
-    const std::wstring preset = sample ? L"Everything" : L"</script><script>alert(1)</script>";
+    const std::wstring preset = hostile ? L"</script><script>alert(1)</script>" : L"Everything";
     Console::ReportWriter writer({.preset = preset, .created = TimeOf(From1601To2020 + 6 * Year)},
                                  stream.get());
     WalkTree(writer, tree.root, false);
