@@ -7,8 +7,8 @@ cd "$(dirname "$(readlink -f "$0")")"
 . scripts/common.sh
 
 install_packages "${buildPackages[@]}" "${winePackages[@]}" \
-    "${displayPackages[@]}" g++ clang libclang-rt-14-dev libbenchmark-dev python3 python3-yaml jq sqlite3 \
-    unzip
+    "${displayPackages[@]}" "${browserPackages[@]}" g++ clang libclang-rt-14-dev libbenchmark-dev python3 \
+    python3-yaml jq sqlite3 unzip
 
 # What the threads of a job touch; the rest has one thread.
 threadedTests=(unit_progress unit_listmaker)

@@ -2,7 +2,7 @@
 // it takes the focus, and so it always has an element.
 
 const RowsAround = 4;       // drawn above and below the view
-const MostPrinted = 5000;  // rows
+const MostPrinted = 2000;  // rows; some forty pages
 
 class Table {
     // chosen is called with the entry whose row becomes active.
