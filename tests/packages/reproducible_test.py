@@ -2,13 +2,14 @@
 """The packages made once more, elsewhere, later and by another user, are the same byte by byte."""
 
 import os
+import struct
 import subprocess
 import tempfile
 import unittest
 import zipfile
 from pathlib import Path
 
-from finished import Packages, Portable, Root, Symbols
+from finished import Packages, Portable, Programs, Root, Symbols, contents
 import reported
 
 
@@ -31,6 +32,14 @@ class MadeOnceMore(unittest.TestCase):
         for package in [Portable, Symbols]:
             with zipfile.ZipFile(package) as packed:
                 self.assertEqual({file.date_time for file in packed.infolist()}, {(2026, 11, 21, 12, 0, 0)})
+
+    def test_programs_bear_no_time(self):
+        packed = contents(Portable)
+        for program in Programs:
+            data = packed[f"tamblewick-4.0.1/{program}"]
+            header, = struct.unpack_from("<I", data, 0x3C)
+            self.assertEqual(data[header:header + 4], b"PE\0\0")
+            self.assertEqual(struct.unpack_from("<I", data, header + 8), (0,), program)
 
 
 if __name__ == "__main__":
