@@ -1,6 +1,8 @@
 # Compares the examples of docs/formats.md with what the program writes, and runs its commands on them.
 #
-#   examples.py PROGRAM DOCUMENT
+#   examples.py PROGRAM DOCUMENT RESULTS
+#
+# The results go to the XML file RESULTS.
 import json
 import re
 import subprocess
@@ -8,6 +10,9 @@ import sys
 import tempfile
 import unittest
 from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support/python"))
+import reported
 
 
 def blocks(text):
@@ -72,6 +77,7 @@ class Examples(unittest.TestCase):
         self.assertGreater(commands, 3)
 
 
-DOCUMENT = sys.argv.pop()
-PROGRAM = sys.argv.pop()
-unittest.main()
+if __name__ == "__main__":
+    PROGRAM = sys.argv.pop(1)
+    DOCUMENT = sys.argv.pop(1)
+    reported.main()

@@ -1,7 +1,9 @@
 # Reads lists of hostile names back with the readers that people use, and compares each row with what was written:
 # Python's csv and json, jq and sqlite3.
 #
-#   read_back.py PROGRAM
+#   read_back.py PROGRAM RESULTS
+#
+# The results go to the XML file RESULTS.
 import csv
 import json
 import subprocess
@@ -9,6 +11,9 @@ import sys
 import tempfile
 import unittest
 from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support/python"))
+import reported
 
 FORMULA_STARTS = ("=", "+", "-", "@", "\t")
 
@@ -94,4 +99,4 @@ class ReadBack(unittest.TestCase):
 
 
 PROGRAM = sys.argv.pop(1)
-unittest.main()
+reported.main()
