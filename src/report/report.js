@@ -44,11 +44,61 @@ function showCrumbs(entries, folder, opened) {
     byId("crumbs").replaceChildren(...crumbs);
 }
 
+// The box in which a text is searched for, and the keys that lead to it and end the search.
+class SearchBox {
+    constructor(table) {
+        this.table = table;
+        this.box = byId("search");
+        this.found = byId("found");
+        this.box.addEventListener("input", delayed(150, () => this.run()));
+        this.box.addEventListener("keydown", event => this.onKeyInBox(event));
+        addEventListener("keydown", event => this.onKey(event));
+    }
+
+    run() {
+        const text = this.box.value;
+        this.table.change(rows => {
+            if (text === "") {
+                rows.endSearch();
+                this.found.textContent = "";
+            } else {
+                const found = rows.search(text);
+                this.found.textContent = found === 0 ? "No name has this text." : countText(found, "match", "matches");
+            }
+        });
+    }
+
+    // Empties the box when the rows are all there again.
+    clear() {
+        this.box.value = "";
+        this.found.textContent = "";
+    }
+
+    onKeyInBox(event) {
+        if (event.key === "ArrowDown" || event.key === "Enter") {
+            event.preventDefault();
+            this.table.moveTo(this.table.active);
+        }
+    }
+
+    onKey(event) {
+        if (event.defaultPrevented || event.ctrlKey || event.altKey || event.metaKey)
+            return;
+        if (event.key === "/" && document.activeElement !== this.box) {
+            event.preventDefault();
+            this.box.focus();
+            this.box.select();
+        } else if (event.key === "Escape") {
+            event.preventDefault();
+            this.clear();
+            this.run();
+        }
+    }
+}
+
 function start() {
     const entries = readEntries();
     const kinds = new Kinds(entries);
-    const rows = new Rows(entries);
-    const search = byId("search");
     byId("opening").remove();
     byId("page").hidden = false;
     showHeader(entries);
@@ -60,10 +110,8 @@ function start() {
         showCrumbs(entries, folder, openFolder);
     };
     const reveal = (entry, focus) => {
-        if (table.reveal(entry, {focus})) {
-            search.value = "";
-            byId("found").textContent = "";
-        }
+        if (table.reveal(entry, {focus}))
+            search.clear();
     };
     const openFolder = folder => {
         if (folder !== 0)
@@ -75,57 +123,16 @@ function start() {
         byId("tree").scrollIntoView({block: "nearest"});
         showFolder(file);
     };
-    const table = new Table(rows, kinds, delayed(150, showFolder));
+    const table = new Table(new Rows(entries), kinds, delayed(150, showFolder));
+    const search = new SearchBox(table);
     const treemap = new Treemap(entries, kinds,
         entry => entries.isFolder(entry) ? openFolder(entry) : openFile(entry));
     table.update(0);
     showFolder(0);
     showExtensions(kinds);
     showLargest(kinds, openFile);
-
-    const runSearch = () => {
-        const active = rows.list[table.active];
-        if (search.value === "") {
-            rows.endSearch();
-            byId("found").textContent = "";
-        } else {
-            const found = rows.search(search.value);
-            byId("found").textContent = found === 0 ? "No name has this text." : countText(found, "match", "matches");
-        }
-        table.update(active);
-        table.moveTo(table.active, {focus: false});
-    };
-    search.addEventListener("input", delayed(150, runSearch));
-    search.addEventListener("keydown", event => {
-        if (event.key === "Escape") {
-            event.preventDefault();
-            search.value = "";
-            runSearch();
-        } else if (event.key === "ArrowDown" || event.key === "Enter") {
-            event.preventDefault();
-            table.moveTo(table.active);
-        }
-    });
-    addEventListener("keydown", event => {
-        if (event.defaultPrevented || event.ctrlKey || event.altKey || event.metaKey)
-            return;
-        if (event.key === "/" && document.activeElement !== search) {
-            event.preventDefault();
-            search.focus();
-            search.select();
-        } else if (event.key === "Escape" && search.value !== "") {
-            search.value = "";
-            runSearch();
-        }
-    });
-    const openAll = open => {
-        const active = rows.list[table.active];
-        rows.setAllOpen(open);
-        table.update(active);
-        table.moveTo(table.active, {focus: false});
-    };
-    byId("open-all").addEventListener("click", () => openAll(true));
-    byId("close-all").addEventListener("click", () => openAll(false));
+    byId("open-all").addEventListener("click", () => table.change(rows => rows.setAllOpen(true)));
+    byId("close-all").addEventListener("click", () => table.change(rows => rows.setAllOpen(false)));
 }
 
 start();

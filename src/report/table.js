@@ -56,9 +56,7 @@ class Table {
             other.removeAttribute("aria-sort");
         if (after !== null)
             heading.setAttribute("aria-sort", after);
-        const active = this.rows.list[this.active];
-        this.rows.sortBy(after === null ? "list" : key, after === "descending");
-        this.update(active);
+        this.change(rows => rows.sortBy(after === null ? "list" : key, after === "descending"));
     }
 
     // Measures the height of a row, which depends on the size of the text.
@@ -112,15 +110,14 @@ class Table {
         this.release(wanted);
         let next = this.layer.firstChild;
         for (const index of wanted) {
-            const view_ = this.viewOf(index);
-            if (view_.element === next)
+            const {element} = this.viewOf(index);
+            if (element === next)
                 next = next.nextSibling;
             else
-                this.layer.insertBefore(view_.element, next);
-            const isActive = index === this.active;
-            view_.element.tabIndex = isActive ? 0 : -1;
-            view_.element.classList.toggle("active", isActive);
-            view_.element.classList.toggle("away", index < first || index >= last);
+                this.layer.insertBefore(element, next);
+            element.tabIndex = index === this.active ? 0 : -1;
+            element.classList.toggle("active", index === this.active);
+            element.classList.toggle("away", index < first || index >= last);
         }
         while (next !== null) {
             const rest = next;
@@ -181,9 +178,16 @@ class Table {
         return endsSearch;
     }
 
+    // Changes the rows by a call with them. The active row stays in view.
+    change(call) {
+        const entry = this.rows.count === 0 ? 0 : this.rows.list[this.active];
+        call(this.rows);
+        this.update(entry);
+        this.moveTo(this.active, {focus: false});
+    }
+
     setOpen(folder, open) {
-        this.rows.setOpen(folder, open);
-        this.update(folder);
+        this.change(rows => rows.setOpen(folder, open));
     }
 
     onClick(event) {
