@@ -2,7 +2,7 @@
 //
 //   documented FOLDER
 //
-// Reads FOLDER/presets.json, and writes list.csv, list.jsonl and exported.json to it.
+// Reads FOLDER/presets.json, and writes list.csv, list.jsonl, compared.txt and exported.json to it.
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -32,6 +32,15 @@ void AddPhotos() {
     FakeWin::SetTimes(L"D:\\Photos\\Private", january, january, january);
     FakeWin::SetTimes(L"D:\\Photos\\notes.txt", january, january, january);
     FakeWin::FailOn(FakeWin::Call::FindFirstFileExW, L"D:\\Photos\\Private", ERROR_ACCESS_DENIED);
+}
+
+// What has changed on the next day.
+void ChangePhotos() {
+    FakeWin::RemoveEntry(L"D:\\Photos\\Private");
+    FakeWin::AddFile(L"D:\\Photos\\2026\\IMG_0001.jpg", 2412171);
+    FakeWin::AddFile(L"D:\\Photos\\todo.txt", 10);
+    const FILETIME later = MakeFileTime(2026, 11, 21, 9, 15, 0);
+    FakeWin::SetTimes(L"D:\\Photos\\2026", MakeFileTime(2026, 1, 2, 8, 0, 0), later, later);
 }
 
 void Run(const Console::Arguments& arguments, Console::ExitCode expected) {
@@ -66,6 +75,12 @@ int main(int count, char** arguments) {
         Run({L"list", L"Photos", L"D:\\Photos", L"-f", format, L"-o", std::wstring(L"C:\\list.") + format,
              L"-q"},
             ExitCode::FoldersUnread);
+    ChangePhotos();
+    Run({L"list", L"Photos", L"D:\\Photos", L"-f", L"jsonl", L"-o", L"C:\\next.jsonl", L"-q"},
+        ExitCode::Complete);
+    const size_t printed = FakeWin::StandardOutput().size();
+    Run({L"compare", L"C:\\list.jsonl", L"C:\\next.jsonl"}, ExitCode::Complete);
+    std::ofstream(folder + "compared.txt", std::ios::binary) << FakeWin::StandardOutput().substr(printed);
     Save(folder + "exported.json", L"C:\\exported.json");
     Save(folder + "list.csv", L"C:\\list.csv");
     Save(folder + "list.jsonl", L"C:\\list.jsonl");

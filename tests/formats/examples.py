@@ -51,6 +51,9 @@ class Examples(unittest.TestCase):
         moment = re.compile(r'("preset":"Photos","created":)"[^"]*"')
         self.assertEqual(moment.sub(r"\1", self.read("list.jsonl")), moment.sub(r"\1", self.block("jsonl")))
 
+    def test_comparison(self):
+        self.assertEqual(self.read("compared.txt"), self.block("diff"))
+
     def test_presets(self):
         exported = json.loads(self.read("exported.json"))
         shown = json.loads(self.block("json"))
