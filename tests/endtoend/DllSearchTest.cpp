@@ -143,6 +143,7 @@ TEST_F(DllSearch, AProgramWithoutTheLimitLoadsPlantedDlls) {
 TEST_F(DllSearch, TheCompanionLoadsNoPlantedDll) {
     EXPECT_EQ(Process(PathOf(L"tamblewickc.exe"), L"presets list").Wait(), 0u);
     EXPECT_EQ(Process(PathOf(L"tamblewickc.exe"), L"presets rename " + preset_.Key + L" Renamed").Wait(), 0u);
+    EXPECT_EQ(Process(PathOf(L"tamblewickc.exe"), L"presets new 0").Wait(), 0u);
     EXPECT_EQ(Loaded(), Names{});
 }
 

@@ -1,6 +1,7 @@
 #include "console/presets/PresetChange.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <deque>
 #include <exception>
@@ -90,8 +91,11 @@ bool IsMainWindowOpen() {
 
 }  // namespace
 
-// The window program seeds the generator with the current second; it would draw the same keys and save its
-// presets under them.
+// Not the current second, with which the window program seeds the generator: it would draw the same keys and
+// save its presets under them. The library's random device would load a DLL.
+PresetChange::PresetChange()
+    : PresetChange(static_cast<unsigned>(std::chrono::steady_clock::now().time_since_epoch().count())) {}
+
 PresetChange::PresetChange(unsigned seed) : presets_(ReadLockedPresets()) {
     std::srand(seed);
     if (!presets_.empty())

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -15,8 +14,10 @@ namespace Console {
 
 class PresetChange {
 public:
-    // Locks the presets and reads them. The seed is that of the keys of new presets. Throws Error.
-    explicit PresetChange(unsigned seed = std::random_device()());
+    // Lock the presets and read them. Throw Error. The seed is that of the keys of new presets, by default
+    // the current moment.
+    PresetChange();
+    explicit PresetChange(unsigned seed);
     PresetChange(const PresetChange&) = delete;
     PresetChange& operator=(const PresetChange&) = delete;
 
