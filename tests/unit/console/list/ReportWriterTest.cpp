@@ -6,10 +6,12 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "RowSupport.h"
 #include "report/Page.h"
+#include "support/Random.h"
 
 namespace {
 
@@ -158,6 +160,36 @@ TEST(ReportWriter, NothingInANameCanEndItsElement) {
     EXPECT_EQ(NameInReport(Units({'a', '/', 1, 0x0A, 0x0D, 0x1F, 0x7F})),
               "a/\\u0001\\u000a\\u000d\\u001f\x7F");
     EXPECT_EQ(NameInReport(Units({0xE4, 0x202E, 0xD83D, 0xDE00})), "\xC3\xA4\xE2\x80\xAE\xF0\x9F\x98\x80");
+}
+
+// Half of what a name may consist of is what the page, JSON or the columns are made of.
+TEST(ReportWriter, NamesOfAnyCharactersStayApartAndPlainText) {
+    ForRandomInputs(
+        200,
+        [](Random& random) {
+            constexpr std::wstring_view Special = L"<>&\"\\/\b\n-!script";
+            const int count = random.Between(1, 40);
+            ScanTree tree;
+            for (int i = 0; i < count; ++i) {
+                std::wstring name = L"n" + random.Text(10);
+                for (wchar_t& unit : name)
+                    unit = random.Bool() ? random.Choose(Special) : unit;
+                tree.AddFile(tree.root, name);
+            }
+            const std::string names = Member(OnlyBlockOf(tree), "names");
+            EXPECT_EQ(
+                std::ranges::count_if(
+                    names, [](char c) { return c == '<' || c == '>' || c == '&' || (c >= 0 && c < 0x20); }),
+                0);
+            int separators = 0;
+            for (size_t place = names.find('\\'); place != std::string::npos;
+                 place = names.find('\\', place + 1)) {
+                const char escape = names.at(place + 1);
+                EXPECT_TRUE(escape == 'b' || escape == 'u') << escape;
+                separators += escape == 'b';
+            }
+            EXPECT_EQ(separators, count - 1);
+        });
 }
 
 TEST(ReportWriter, NothingInTheRootOrThePresetCanEndItsElement) {
