@@ -22,6 +22,7 @@ foreach(name comctl32 comdlg32 shell32 ole32 advapi32 gdi32 user32)
   list(TRANSFORM symbols REPLACE " T " "")
   list(JOIN symbols "\n" symbols)
   file(WRITE ${functions} "EXPORTS\n${symbols}\n")
-  execute_process(COMMAND ${CMAKE_DLLTOOL} --dllname ${dll} --input-def ${functions} --output-delaylib ${made}
-    COMMAND_ERROR_IS_FATAL ANY)
+  # dlltool makes names of symbols from that of the library: without the folder they are the same in each build.
+  execute_process(COMMAND ${CMAKE_DLLTOOL} --dllname ${dll} --input-def ${functions} --output-delaylib lib${name}.a
+    WORKING_DIRECTORY ${TAMBLEWICK_DELAY_FOLDER} COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
