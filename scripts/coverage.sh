@@ -22,8 +22,8 @@ declare -A gcov=([native]=gcov [windows]=x86_64-w64-mingw32-gcov-posix)
 reports=build/coverage
 mkdir -p "$reports"
 
-# Benchmarks assert nothing, the packages hold the program of another build, and the races repeat without end what
-# the other tests reach.
+# Benchmarks assert nothing, the packages and the documents are of another build, and the races repeat without end
+# what the other tests reach.
 measure() {
     local build=$1 preset=$1-coverage
     build_preset "$preset"
@@ -37,7 +37,7 @@ measure() {
     fi
     echo "Testing $preset ..."
     quietly "build/logs/test-$preset.log" ctest --preset "$preset" -j "$(nproc)" \
-        -E '^(bench_|package)|races$'
+        -E '^(bench_|package)|races$|^documents$'
     quietly "build/logs/gcovr-$build.log" gcovr --root . --filter 'src/' --filter 'contextmenu/' \
         --gcov-executable "${gcov[$build]}" --exclude-throw-branches --exclude-unreachable-branches \
         --csv "$reports/$build.csv" --sonarqube "$reports/$build.xml" "build/$preset"

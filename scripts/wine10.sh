@@ -31,8 +31,8 @@ make_root() {
     touch "$root/.complete"
 }
 
-# What tests the files of the packages needs no Wine, but more than there is in the root.
-[ $# -gt 0 ] || set -- -E 'races$|^package_'
+# What tests the files of the packages and the documents needs no Wine, but more than there is in the root.
+[ $# -gt 0 ] || set -- -E 'races$|^package_|^documents$'
 [ "$(id -u)" = 0 ] || fail "Run this as root: it makes a Debian and changes into it."
 install_packages debootstrap
 [ -f "$root/.complete" ] || make_root

@@ -47,10 +47,10 @@ class Documents(unittest.TestCase):
         self.assertLessEqual({"bat", "sh", "xml"}, kinds)
         self.assertEqual(kinds & {"bash", "shell", "console", "cmd", "batch", "powershell"}, set())
 
-    # tests/formats runs those of formats.md on files of its own.
+    # tests/formats runs those of the tables on files of its own.
     def test_commands_for_linux_run(self):
         for page in Pages:
-            if page.name == "formats.md":
+            if page.name in {"formats.md", "many-machines.md"}:
                 continue
             commands = "".join(text for kind, text in blocks(page) if kind == "sh")
             done = subprocess.run(["bash", "-euo", "pipefail", "-c", commands], cwd=Root, capture_output=True, text=True)

@@ -5,6 +5,13 @@
 
 namespace Packaging {
 
+namespace {
+
+// The argument of the scripts.
+constexpr wchar_t Day[] = L"2026-11-21";
+
+}  // namespace
+
 std::vector<fs::path> Pages() {
     std::vector<fs::path> pages = {L"README.md"};
     for (const auto& entry : fs::directory_iterator(fs::path(SOURCES_FOLDER) / L"docs"))
@@ -63,6 +70,8 @@ Documented::Documented() {
     fs::remove(task);
     fs::remove_all(drive);
     fs::create_directories(drive / L"Lists");
+    fs::create_directories(drive / L"share" / Day);
+    WriteFile(drive / L"Data" / L"notes.txt", "1");
     WriteFile(drive / L"Photos" / L"Summer" / L"sea.jpg", "12345");
     WriteFile(drive / L"Photos" / L"old.jpg", "1");
     Install();
@@ -73,18 +82,23 @@ Documented::~Documented() {
     fs::remove_all(drive);
 }
 
+std::string Documented::Here(const std::string& text) const {
+    return Replaced(Replaced(text, "D:\\", drive.string() + "\\"), "\\\\server\\lists",
+                    (drive / L"share").string());
+}
+
 std::string Documented::BlocksHere(const fs::path& page, const std::string& kind) const {
-    return Replaced(Blocks(page, kind), "D:\\", drive.string() + "\\");
+    return Here(Blocks(page, kind));
 }
 
 std::string Documented::FailedCommand(const fs::path& page) const {
     const std::vector<std::string> commands = Commands(page);
     std::string script = "@echo off\r\nset PATH=" + installed.string() + ";%PATH%\r\n";
     for (size_t i = 0; i < commands.size(); ++i)
-        script += Replaced(commands[i], "D:\\", drive.string() + "\\") + "\r\nif errorlevel 1 exit /b " +
-                  std::to_string(i + 1) + "\r\n";
+        script += Here(commands[i]) + "\r\nif errorlevel 1 exit /b " + std::to_string(i + 1) + "\r\n";
     WriteFile(drive / L"commands.cmd", script + "exit /b 0\r\n");
-    const DWORD failed = RunProcess(L"cmd.exe /c " + (drive / L"commands.cmd").wstring(), {.folder = drive});
+    const DWORD failed =
+        RunProcess(L"cmd.exe /c " + (drive / L"commands.cmd").wstring() + L" " + Day, {.folder = drive});
     return failed == 0 ? "" : failed <= commands.size() ? commands[failed - 1] : std::to_string(failed);
 }
 

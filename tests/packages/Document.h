@@ -23,8 +23,9 @@ std::string Blocks(const fs::path& page, const std::string& kind);
 
 std::string Replaced(std::string text, const std::string& from, const std::string& to);
 
-// The program is installed, and there are the folders of which the pages speak: D:\\Photos with two files and
-// D:\\Lists. The drive is a folder here.
+// The program is installed, and there are the folders of which the pages speak: D:\Photos with two files,
+// D:\Data with one, D:\Lists, and a folder for a day in the share \\server\lists. Drive and share are folders
+// here.
 class Documented : public Installation {
 protected:
     Documented();
@@ -40,6 +41,10 @@ protected:
     // The file of the task of task-scheduler.md, once the system has it.
     const fs::path task = L"C:\\windows\\system32\\tasks\\Tamblewick Photos";
     const fs::path drive = L"C:\\tamblewick-drive";
+
+private:
+    // The text with the folders in the place of the drive and the share.
+    std::string Here(const std::string& text) const;
 };
 
 }  // namespace Packaging

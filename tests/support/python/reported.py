@@ -48,6 +48,8 @@ class Result(unittest.TextTestResult):
             case = ElementTree.SubElement(suite, "testcase", names)
             if test in self.broken:
                 ElementTree.SubElement(case, "failure").text = self.broken[test]
+        # scripts/mutants.sh reads line by line.
+        ElementTree.indent(suites)
         ElementTree.ElementTree(suites).write(path, encoding="utf-8", xml_declaration=True)
 
 
