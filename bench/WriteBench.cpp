@@ -8,6 +8,7 @@
 #include "SampleTree.h"
 #include "console/list/CsvWriter.h"
 #include "console/list/JsonLinesWriter.h"
+#include "console/list/ReportWriter.h"
 #include "scanner/Scan.h"
 #include "settings/Preset.h"
 #include "writers/WalkTree.h"
@@ -51,9 +52,9 @@ void WriteHtml(benchmark::State& state) {
     WriteWith(state, WholeList(ListStyle::Html));
 }
 
-// A table of the tree for other programs. The real null device takes it, so that the formatting is measured.
-template <typename RowWriter, typename Options>
-void WriteTable(benchmark::State& state, const Options& options) {
+// A format of the console companion. The real null device takes the list, so that the formatting is measured.
+template <typename FormatWriter, typename Options>
+void WriteFormat(benchmark::State& state, const Options& options) {
     MakeSampleTree(state.range(0));
     QuietListener listener;
     Scanner::Result result;
@@ -63,25 +64,30 @@ void WriteTable(benchmark::State& state, const Options& options) {
         return;
     }
     for (auto _ : state) {
-        RowWriter writer(options, stream.get());
+        FormatWriter writer(options, stream.get());
         WalkTree(writer, result.root, false);
         if (!writer.Finish())
-            state.SkipWithError("the table was not written");
+            state.SkipWithError("the list was not written");
     }
     CountTime(state);
 }
 
 void WriteCsv(benchmark::State& state) {
-    WriteTable<Console::CsvWriter>(state, Console::CsvOptions());
+    WriteFormat<Console::CsvWriter>(state, Console::CsvOptions());
 }
 
 void WriteJsonLines(benchmark::State& state) {
-    WriteTable<Console::JsonLinesWriter>(
+    WriteFormat<Console::JsonLinesWriter>(
         state, Console::JsonLinesOptions{.rows = {}, .preset = L"bench", .created = {}, .unreadable = 0});
+}
+
+void WriteReport(benchmark::State& state) {
+    WriteFormat<Console::ReportWriter>(state, Console::ReportOptions{.preset = L"bench", .created = {}});
 }
 
 BENCHMARK(WriteCsv)->Apply(AtAllSizes);
 BENCHMARK(WriteJsonLines)->Apply(AtAllSizes);
+BENCHMARK(WriteReport)->Apply(AtAllSizes);
 BENCHMARK(WriteText)->Apply(AtAllSizes);
 BENCHMARK(WriteHtml)->Apply(AtAllSizes);
 
