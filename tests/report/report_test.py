@@ -460,6 +460,20 @@ class SmallReport(ReportTest):
         self.assertTrue(self.find("#map").is_displayed())
         self.assertEqual(self.run_script("return getComputedStyle(document.querySelector('h1')).color"), "rgb(0, 0, 0)")
 
+    def test_nothing_is_cut_off_or_squeezed_on_paper(self):
+        self.open("sample", "500")
+        # The width of A4 between its margins.
+        self.set_size(718, 1000)
+        self.emulate(media="print")
+        self.run_script("document.getElementById('open-all').click(); dispatchEvent(new Event('beforeprint'))")
+        cut = self.run_script("""return [...document.querySelectorAll("#layer .row > *, #head .row > *, td, .amount")]
+            .filter(each => each.scrollWidth > each.clientWidth && each.clientWidth > 0).map(each => each.textContent)""")
+        self.assertEqual(cut, [])
+        lines = self.run_script("""return [...document.querySelectorAll("#largest-files tr, #extension-sizes tr")]
+            .map(row => row.getBoundingClientRect().height / parseFloat(getComputedStyle(row).lineHeight))""")
+        self.assertLess(max(lines), 3)
+        self.assertLess(sorted(lines)[len(lines) // 2], 1.8)
+
     def test_it_fits_a_narrow_window(self):
         self.set_size(320, 700)
         widths = self.run_script("return [document.documentElement.scrollWidth, innerWidth]")
