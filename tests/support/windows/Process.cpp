@@ -7,10 +7,24 @@ namespace TestSupport {
 namespace {
 
 constexpr DWORD NotStarted = 99;
+constexpr int Attempts = 3;
+
+// Under load Wine seldom fails to start a program: the new process ends before it has loaded anything.
+bool Start(std::wstring commandLine, bool inherits, const wchar_t* folder, STARTUPINFOW& startup,
+           PROCESS_INFORMATION& information) {
+    for (int attempt = 1; attempt <= Attempts; ++attempt) {
+        if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, inherits, 0, nullptr, folder,
+                           &startup, &information))
+            return true;
+        if (GetLastError() != ERROR_INTERNAL_ERROR)
+            return false;
+    }
+    return false;
+}
 
 }  // namespace
 
-Process::Process(std::wstring commandLine, const ProcessOptions& options) {
+Process::Process(const std::wstring& commandLine, const ProcessOptions& options) {
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     const bool redirects = options.output != nullptr || options.error != nullptr || options.input != nullptr;
@@ -21,8 +35,7 @@ Process::Process(std::wstring commandLine, const ProcessOptions& options) {
         startup.hStdInput = options.input;
     }
     const wchar_t* const folder = options.folder.empty() ? nullptr : options.folder.c_str();
-    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, redirects, 0, nullptr, folder,
-                        &startup, &information_))
+    if (!Start(commandLine, redirects, folder, startup, information_))
         ADD_FAILURE() << testing::PrintToString(commandLine) << " could not be started, error "
                       << GetLastError();
 }

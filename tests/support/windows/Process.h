@@ -18,7 +18,7 @@ struct ProcessOptions {
 // A started program. If it cannot be started the test fails, and its exit code is 99.
 class Process {
 public:
-    explicit Process(std::wstring commandLine, const ProcessOptions& options = {});
+    explicit Process(const std::wstring& commandLine, const ProcessOptions& options = {});
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
