@@ -6,7 +6,7 @@
 set(TAMBLEWICK_DELAY_FOLDER ${CMAKE_BINARY_DIR}/delay)
 file(MAKE_DIRECTORY ${TAMBLEWICK_DELAY_FOLDER})
 
-foreach(name comctl32 comdlg32 shell32 ole32 advapi32 gdi32 user32)
+foreach(name comctl32 comdlg32 shell32 ole32 advapi32 bcrypt gdi32 user32)
   set(made ${TAMBLEWICK_DELAY_FOLDER}/lib${name}.a)
   set(functions ${TAMBLEWICK_DELAY_FOLDER}/${name}.def)
   if(EXISTS ${made})

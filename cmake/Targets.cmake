@@ -32,7 +32,7 @@ target_link_libraries(platform INTERFACE utf8cpp)
 if(WIN32)
   include(cmake/DelayLoad.cmake)
   target_link_libraries(platform INTERFACE
-    stackguard ssp comctl32 comdlg32 shell32 ole32 advapi32 gdi32 user32 kernel32)
+    stackguard ssp comctl32 comdlg32 shell32 ole32 advapi32 bcrypt gdi32 user32 kernel32)
   # Without the moment of linking the same sources give the same file.
   target_link_options(platform INTERFACE -static -Wl,--no-insert-timestamp)
 else()

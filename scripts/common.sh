@@ -9,7 +9,7 @@ export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
 # The version of all programs and packages.
 version=$(sed -n 's/^project(tamblewick VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
 
-buildPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix libutfcpp-dev nlohmann-json3-dev node-d3-hierarchy
+buildPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix libutfcpp-dev nlohmann-json3-dev nettle-dev node-d3-hierarchy
     googletest)
 winePackages=(wine wine64 xvfb openbox)
 # What tests with pictures, a mouse and keys need.

@@ -26,6 +26,11 @@ bool WriteAll(DWORD stream, std::string_view text) {
     return true;
 }
 
+bool IsConsole(DWORD stream) {
+    DWORD mode;
+    return GetConsoleMode(GetStdHandle(stream), &mode) != 0;
+}
+
 }  // namespace
 
 Utf8Console::Utf8Console() : codePage_(GetConsoleOutputCP()) {
@@ -57,9 +62,12 @@ std::FILE* OpenStandardOutput(bool text) {
     return descriptor == -1 ? nullptr : _fdopen(descriptor, text ? "w" : "wb");
 }
 
+bool OutputIsConsole() {
+    return IsConsole(STD_OUTPUT_HANDLE);
+}
+
 bool ErrorIsConsole() {
-    DWORD mode;
-    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+    return IsConsole(STD_ERROR_HANDLE);
 }
 
 size_t ErrorConsoleWidth() {

@@ -1,5 +1,5 @@
-// The standard output and the standard error of the program. All text is UTF-8, whether it goes to a console, a
-// file or a pipe.
+// The standard output and the standard error of the program. All text is UTF-8, whether it goes to a console,
+// a file or a pipe.
 #pragma once
 
 #include <cstdio>
@@ -31,6 +31,9 @@ void Warn(std::string_view message);
 // Opens the standard output as a stream that the caller closes, after which Print fails. In text mode line
 // feeds become CR LF. Returns null if there is no standard output.
 std::FILE* OpenStandardOutput(bool text);
+
+// Returns whether the standard output is a console.
+bool OutputIsConsole();
 
 // Returns whether the standard error is a console.
 bool ErrorIsConsole();

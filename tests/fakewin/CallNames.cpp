@@ -59,6 +59,11 @@ constexpr const char* Names[] = {
     "CreateMutexW",
     "ReleaseMutex",
     "FindWindowW",
+    "CreateFileW",
+    "BCryptOpenAlgorithmProvider",
+    "BCryptCreateHash",
+    "BCryptHashData",
+    "BCryptFinishHash",
 };
 static_assert(std::size(Names) == static_cast<size_t>(Call::Count));
 

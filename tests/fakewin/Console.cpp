@@ -102,6 +102,10 @@ void CloseStandardOutput() {
     state.output.open = false;
 }
 
+void SetOutputConsole(int width) {
+    state.output.width = width;
+}
+
 void SetErrorConsole(int width) {
     state.error.width = width;
 }

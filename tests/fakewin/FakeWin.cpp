@@ -8,6 +8,8 @@ void Reset() {
     Internal::ResetWindows();
     Internal::ResetShell();
     Internal::ResetMutexes();
+    Internal::ResetReadFiles();
+    Internal::ResetHashes();
     Internal::ResetText();
     Internal::ResetTime();
     Internal::ResetRegistry();
@@ -18,7 +20,8 @@ void Reset() {
 
 std::string LeftOpen() {
     return Internal::OpenFilesText() + Internal::OpenKeysText() + Internal::OpenTextsText() +
-           Internal::OpenIconsText() + Internal::OpenMutexesText();
+           Internal::OpenIconsText() + Internal::OpenMutexesText() + Internal::OpenReadFilesText() +
+           Internal::OpenHashesText();
 }
 
 }  // namespace FakeWin

@@ -26,7 +26,7 @@ namespace FakeWin {
 // empty registry, no windows, a desktop of 1024 by 768. Open handles become invalid.
 void Reset();
 
-// Find handles, registry keys, files, system texts, icons and mutexes that are open now, one to a line as
+// Find handles, registry keys, files, system texts, icons, mutexes and hashes that are open now, one to a line as
 // "find C:\Data"; empty if there are none. Process handles do not count, see OpenProcesses.
 std::string LeftOpen();
 
@@ -99,6 +99,11 @@ enum class Call {
     CreateMutexW,      // the name
     ReleaseMutex,      // the name
     FindWindowW,       // the title
+    CreateFileW,       // the path
+    BCryptOpenAlgorithmProvider,  // no subject from here on; they return the error
+    BCryptCreateHash,
+    BCryptHashData,
+    BCryptFinishHash,
     Count,
 };
 
@@ -217,7 +222,8 @@ void SetStandardInput(const std::string& contents);
 // There is no standard output any more, as after ">&-".
 void CloseStandardOutput();
 
-// The standard error is a console with lines of this many characters.
+// The standard output, or the standard error, is a console with lines of this many characters.
+void SetOutputConsole(int width);
 void SetErrorConsole(int width);
 
 // Calls the program's handler as the console does, on this thread. Returns whether there is one and it has

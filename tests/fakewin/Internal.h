@@ -69,12 +69,18 @@ bool IsMutex(HANDLE handle);
 DWORD WaitForMutex(HANDLE handle, DWORD milliseconds);
 bool CloseMutex(HANDLE handle);
 
+// Files that CreateFileW has opened, which are closed by the call for all handles. CloseReadFile returns whether it
+// was one.
+bool CloseReadFile(HANDLE handle);
+
 // The handles that each part has open, in the form of LeftOpen.
 std::string OpenFilesText();
 std::string OpenKeysText();
 std::string OpenTextsText();
 std::string OpenIconsText();
 std::string OpenMutexesText();
+std::string OpenReadFilesText();
+std::string OpenHashesText();
 
 void ResetCalls();
 void ResetFiles();
@@ -84,6 +90,8 @@ void ResetTime();
 void ResetText();
 void ResetShell();
 void ResetMutexes();
+void ResetReadFiles();
+void ResetHashes();
 void ResetWindows();
 
 }  // namespace FakeWin::Internal

@@ -188,7 +188,8 @@ BOOL GetExitCodeProcess(HANDLE handle, LPDWORD exitCode) {
 BOOL CloseHandle(HANDLE handle) {
     DWORD error = Enter(Call::CloseHandle);
     const std::lock_guard lock(mutex);
-    if (error == 0 && !FakeWin::Internal::CloseMutex(handle) && Shell().processes.erase(handle) == 0)
+    using namespace FakeWin::Internal;
+    if (error == 0 && !CloseMutex(handle) && !CloseReadFile(handle) && Shell().processes.erase(handle) == 0)
         error = ERROR_INVALID_HANDLE;
     return Succeeded(error);
 }

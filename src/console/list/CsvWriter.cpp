@@ -29,7 +29,7 @@ CsvWriter::CsvWriter(const CsvOptions& options, std::FILE* stream)
 void CsvWriter::WriteHeader(const PathState&, const Scanner::Folder&) {
     if (forExcel_)
         Output().Append("\xEF\xBB\xBF");
-    for (const Field& field : Fields) {
+    for (const Field& field : Fields()) {
         BeginField(field.name);
         WriteWord(field.name);
     }

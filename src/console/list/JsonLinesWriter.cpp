@@ -62,6 +62,10 @@ void JsonLinesWriter::WriteFooter(const PathState&, const Scanner::Folder& root)
     WriteNumber(root.totalFiles);
     BeginField("unreadable");
     WriteNumber(unreadable_);
+    if (Hasher() != nullptr) {
+        BeginField("unreadable_files");
+        WriteNumber(Hasher()->Unreadable());
+    }
     EndRow();
 }
 
@@ -77,7 +81,7 @@ void JsonLinesWriter::BeginField(std::string_view name) {
     inRow_ = true;
 }
 
-// A file has no such member.
+// The object has no such member.
 void JsonLinesWriter::OmitField() {}
 
 void JsonLinesWriter::EndRow() {

@@ -5,6 +5,7 @@
 
 #include "console/Errors.h"
 #include "console/Output.h"
+#include "console/list/FileHasher.h"
 #include "console/list/ListListener.h"
 #include "console/list/ListRequest.h"
 #include "console/list/PartFile.h"
@@ -38,6 +39,11 @@ void WriteToFile(const ListRequest& request, const FinishedScan& scan) {
     file.Commit();
 }
 
+// Files are hashed while the list is written. On a console its lines and the progress would mix.
+bool ShowsHashing(const ListRequest& request) {
+    return request.progress && (request.output || !OutputIsConsole());
+}
+
 }  // namespace
 
 ExitCode RunList(const Options& arguments) {
@@ -50,16 +56,26 @@ ExitCode RunList(const Options& arguments) {
         listener.ThrowFailure();
     listener.EndProgress();
 
-    const FinishedScan scan = {.root = result.root, .options = options, .unreadable = listener.Refused()};
+    std::optional<FileHasher> hasher;
+    if (request.hash)
+        hasher.emplace(result.root.folder->size,
+                       FileHasher::Reports{.progress = ShowsHashing(request), .warnings = !request.quiet});
+    const FinishedScan scan = {.root = result.root,
+                               .options = options,
+                               .unreadable = listener.Refused(),
+                               .hasher = hasher ? &*hasher : nullptr};
     if (request.output)
         WriteToFile(request, scan);
     else
         WriteToStandardOutput(request, scan);
+    if (hasher)
+        hasher->EndReports();
     if (request.output && !request.quiet)
         Print(ToUtf8(*request.output) + "\n");
     if (request.open)
         OpenList(request.preset, *request.output);
-    return listener.Refused() == 0 ? ExitCode::Complete : ExitCode::FoldersUnread;
+    const bool complete = listener.Refused() == 0 && (!hasher || hasher->Unreadable() == 0);
+    return complete ? ExitCode::Complete : ExitCode::FoldersUnread;
 }
 
 }  // namespace Console

@@ -20,9 +20,11 @@ inline constexpr char ListHelp[] =
     "                          that the file names is started\n"
     "  --preset NAME           the name of the preset in that file, if it has several\n"
     "  -f, --format FORMAT     preset (text or HTML, as the preset says), text, html, csv, jsonl,\n"
-    "                          report (a page to search, sort and look at)\n"
-    "  -o, --output FILE       the list; - is the standard output. Default: where the preset saves; csv and\n"
-    "                          jsonl: the standard output\n"
+    "                          report (a page to search, sort and look at), sha256sum (the hashes of all\n"
+    "                          files, for 'sha256sum -c')\n"
+    "  -o, --output FILE       the list; - is the standard output. Default: where the preset saves; csv,\n"
+    "                          jsonl and sha256sum: the standard output\n"
+    "  --hash sha256           csv, jsonl: read all files and add their hashes\n"
     "  --absolute              csv, jsonl: full paths; default: relative to FOLDER\n"
     "  --excel                 csv: as Excel of this computer reads it\n"
     "  --progress WHEN         auto (if the standard error is a console), always, never\n"
@@ -31,14 +33,16 @@ inline constexpr char ListHelp[] =
     "\n"
     "Exit codes: 0 complete, 1 FOLDER cannot be listed, 2 wrong usage or no such preset, 3 the list was "
     "written\n"
-    "but folders could not be read, 4 the list could not be written, 130 ended by Ctrl+C, nothing written.\n";
+    "but folders, or files to be hashed, could not be read, 4 the list could not be written,\n"
+    "130 ended by Ctrl+C, nothing written.\n";
 
-inline constexpr std::array<Option, 10> ListOptions = {{
+inline constexpr std::array<Option, 11> ListOptions = {{
     {"template", 0, true},
     {"preset-file", 0, true},
     {"preset", 0, true},
     {"format", 'f', true},
     {"output", 'o', true},
+    {"hash", 0, true},
     {"absolute"},
     {"excel"},
     {"progress", 0, true},

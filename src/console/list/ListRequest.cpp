@@ -20,6 +20,10 @@ bool IsTable(ListFormat format) {
     return format == ListFormat::Csv || format == ListFormat::JsonLines;
 }
 
+bool IsForPrograms(ListFormat format) {
+    return IsTable(format) || format == ListFormat::Sha256Sum;
+}
+
 // Takes the preset's operand, or none if an option chooses the preset.
 Preset ChoosePreset(const Options& arguments) {
     const bool fromTemplate = arguments.Has("template");
@@ -44,12 +48,13 @@ Preset ChoosePreset(const Options& arguments) {
 }
 
 ListFormat ChooseFormat(const Options& arguments, const Preset& preset) {
-    static constexpr std::array<std::pair<const wchar_t*, ListFormat>, 5> Formats = {{
+    static constexpr std::array<std::pair<const wchar_t*, ListFormat>, 6> Formats = {{
         {L"text", ListFormat::Text},
         {L"html", ListFormat::Html},
         {L"csv", ListFormat::Csv},
         {L"jsonl", ListFormat::JsonLines},
         {L"report", ListFormat::Report},
+        {L"sha256sum", ListFormat::Sha256Sum},
     }};
     const std::wstring name = arguments.Has("format") ? arguments.Value("format") : L"preset";
     if (name == L"preset")
@@ -57,7 +62,19 @@ ListFormat ChooseFormat(const Options& arguments, const Preset& preset) {
     for (const auto& [known, format] : Formats)
         if (name == known)
             return format;
-    throw UsageError(L"there is no format '" + name + L"'; use preset, text, html, csv, jsonl or report");
+    throw UsageError(L"there is no format '" + name +
+                     L"'; use preset, text, html, csv, jsonl, report or sha256sum");
+}
+
+bool ChooseHash(const Options& arguments, ListFormat format) {
+    if (arguments.Has("hash")) {
+        const std::wstring& name = arguments.Value("hash");
+        if (name != L"sha256")
+            throw UsageError(L"--hash takes sha256, not '" + name + L"'");
+        if (!IsForPrograms(format))
+            throw UsageError(L"--hash is for csv, jsonl and sha256sum");
+    }
+    return arguments.Has("hash") || format == ListFormat::Sha256Sum;
 }
 
 bool ChooseProgress(const Options& arguments) {
@@ -69,11 +86,13 @@ bool ChooseProgress(const Options& arguments) {
     return when == L"always" || (when == L"auto" && ErrorIsConsole());
 }
 
-// Without --output a table goes to the standard output, and other lists to where the preset saves.
+// Without --output a list for programs goes to the standard output, and other lists to where the preset
+// saves.
 std::optional<std::wstring> ChooseOutput(const Options& arguments, const ListRequest& request) {
     if (!arguments.Has("output"))
-        return IsTable(request.format) ? std::nullopt
-                                       : std::optional(FullPath(OutputName(request.preset, request.folder)));
+        return IsForPrograms(request.format)
+                   ? std::nullopt
+                   : std::optional(FullPath(OutputName(request.preset, request.folder)));
     const std::wstring& output = arguments.Value("output");
     return output == StandardOutput ? std::nullopt : std::optional(FullPath(output));
 }
@@ -83,7 +102,7 @@ std::optional<std::wstring> ChooseOutput(const Options& arguments, const ListReq
 ListRequest MakeListRequest(const Options& arguments) {
     Preset preset = ChoosePreset(arguments);
     const ListFormat format = ChooseFormat(arguments, preset);
-    if (!IsTable(format))
+    if (!IsForPrograms(format))
         preset.Get(Format::ListStyle) = format == ListFormat::Text ? ListStyle::Text : ListStyle::Html;
     if (format == ListFormat::Report)
         preset.Get(Display::ShowFlatStyle) = false;
@@ -94,6 +113,7 @@ ListRequest MakeListRequest(const Options& arguments) {
         .format = format,
         .output = std::nullopt,
         .absolute = arguments.Has("absolute"),
+        .hash = ChooseHash(arguments, format),
         .excel = arguments.Has("excel"),
         .progress = ChooseProgress(arguments),
         .open = arguments.Has("open"),

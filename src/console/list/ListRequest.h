@@ -9,7 +9,7 @@
 
 namespace Console {
 
-enum class ListFormat { Text, Html, Csv, JsonLines, Report };
+enum class ListFormat { Text, Html, Csv, JsonLines, Report, Sha256Sum };
 
 struct ListRequest {
     Preset preset;        // its list style is that of the format, and a report is grouped
@@ -20,6 +20,7 @@ struct ListRequest {
     std::optional<std::wstring> output;
 
     bool absolute;  // full paths in a table
+    bool hash;      // the files are read, and the list has their SHA-256
     bool excel;     // a table for Excel of this computer
     bool progress;
     bool open;

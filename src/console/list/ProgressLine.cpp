@@ -26,17 +26,25 @@ std::wstring Cut(std::wstring text, size_t width) {
 // A name may hold any characters: those that move the cursor are replaced.
 std::wstring Printable(std::wstring_view text) {
     std::wstring printable(text);
-    std::replace_if(printable.begin(), printable.end(), [](wchar_t unit) { return unit < L' '; }, L'?');
+    std::replace_if(
+        printable.begin(), printable.end(), [](wchar_t unit) { return unit < L' '; }, L'?');
     return printable;
 }
 
 }  // namespace
 
 void ProgressLine::Show(uint64_t entries, uint64_t folders, std::wstring_view folder) {
-    if (!enabled_)
-        return;
-    const std::wstring text = std::to_wstring(entries) + L" entries, " + std::to_wstring(folders) +
-                              L" folders: " + Printable(folder);
+    if (enabled_)
+        ShowLine(std::to_wstring(entries) + L" entries, " + std::to_wstring(folders) + L" folders: " +
+                 Printable(folder));
+}
+
+void ProgressLine::ShowBytes(uint64_t bytes, uint64_t ofBytes, std::wstring_view file) {
+    if (enabled_)
+        ShowLine(std::to_wstring(bytes) + L" of " + std::to_wstring(ofBytes) + L" bytes: " + Printable(file));
+}
+
+void ProgressLine::ShowLine(const std::wstring& text) {
     // A character in the last column would move the cursor to the next line.
     const std::wstring line = Cut(text, ErrorConsoleWidth() - 1);
     const size_t padding = shown_ > line.size() ? shown_ - line.size() : 0;

@@ -1,6 +1,5 @@
 #include "console/list/RowWriter.h"
 
-#include <algorithm>
 #include <charconv>
 
 #include "console/list/UtcTime.h"
@@ -41,44 +40,50 @@ std::string_view FormatAttributes(uint32_t attributes, AttributeText& memory) {
 
 }  // namespace
 
-// Later versions may only append fields.
-constexpr std::array<RowWriter::Field, 13> RowWriter::Fields = {{
-    {"type", false,
+// Later versions may only append fields. The last one is left out unless hashes are asked for.
+constexpr std::array<RowWriter::Field, 14> RowWriter::AllFields = {{
+    {"type", nullptr,
      [](RowWriter& writer, const Row& row) { writer.WriteWord(row.isFolder ? "directory" : "file"); }},
-    {"path", false, [](RowWriter& writer, const Row& row) { writer.WriteText(writer.PathOf(row.record)); }},
-    {"name", false, [](RowWriter& writer, const Row& row) { writer.WriteText(row.record.fullName); }},
-    {"extension", false, [](RowWriter& writer, const Row& row) { writer.WriteText(row.record.extension); }},
-    {"size", false, [](RowWriter& writer, const Row& row) { writer.WriteNumber(row.record.size); }},
-    {"attributes", false,
+    {"path", nullptr,
+     [](RowWriter& writer, const Row& row) { writer.WriteText(writer.path_.Of(row.record)); }},
+    {"name", nullptr, [](RowWriter& writer, const Row& row) { writer.WriteText(row.record.fullName); }},
+    {"extension", nullptr, [](RowWriter& writer, const Row& row) { writer.WriteText(row.record.extension); }},
+    {"size", nullptr, [](RowWriter& writer, const Row& row) { writer.WriteNumber(row.record.size); }},
+    {"attributes", nullptr,
      [](RowWriter& writer, const Row& row) {
          AttributeText memory;
          writer.WriteWord(FormatAttributes(row.record.attributes, memory));
      }},
-    {"created", false, [](RowWriter& writer, const Row& row) { writer.WriteTime(row.record.timeCreated); }},
-    {"modified", false,
+    {"created", nullptr, [](RowWriter& writer, const Row& row) { writer.WriteTime(row.record.timeCreated); }},
+    {"modified", nullptr,
      [](RowWriter& writer, const Row& row) { writer.WriteTime(row.record.lastTimeWritten); }},
-    {"accessed", false,
+    {"accessed", nullptr,
      [](RowWriter& writer, const Row& row) { writer.WriteTime(row.record.lastTimeAccessed); }},
-    {"files", true, [](RowWriter& writer, const Row& row) { writer.WriteNumber(row.record.totalFiles); }},
-    {"folders", true, [](RowWriter& writer, const Row& row) { writer.WriteNumber(row.record.totalFolders); }},
-    {"depth", false,
+    {"files", [](const Row& row) { return row.isFolder; },
+     [](RowWriter& writer, const Row& row) { writer.WriteNumber(row.record.totalFiles); }},
+    {"folders", [](const Row& row) { return row.isFolder; },
+     [](RowWriter& writer, const Row& row) { writer.WriteNumber(row.record.totalFolders); }},
+    {"depth", nullptr,
      [](RowWriter& writer, const Row& row) { writer.WriteNumber(static_cast<uint64_t>(row.record.depth)); }},
-    {"error", false,
+    {"error", nullptr,
      [](RowWriter& writer, const Row& row) {
-         writer.WriteWord((row.record.flags & Record::AccessDenied) != 0 ? "access-denied" : "");
+         writer.WriteWord((row.record.flags & Record::AccessDenied) != 0 ? "access-denied" : row.hash.error);
      }},
+    {"sha256", [](const Row& row) { return !row.hash.hex.empty(); },
+     [](RowWriter& writer, const Row& row) { writer.WriteWord(row.hash.hex); }},
 }};
 
-RowWriter::RowWriter(const RowOptions& options, std::FILE* stream) : options_(options), output_(stream) {}
+RowWriter::RowWriter(const RowOptions& options, std::FILE* stream)
+    : options_(options), output_(stream), path_(options.absolutePaths, L'\\') {}
 
 void RowWriter::WriteFolder(const PathState&, const Folder& folder) {
     if (options_.folders)
-        WriteRow({folder, true});
+        WriteRow({folder, true, {}});
 }
 
 void RowWriter::WriteFile(const PathState&, const Scanner::File& file) {
     if (options_.files)
-        WriteRow({file, false});
+        WriteRow({file, false, options_.hasher != nullptr ? options_.hasher->Hash(file) : FileHash()});
 }
 
 void RowWriter::WriteTime(const FILETIME& time) {
@@ -93,8 +98,8 @@ void RowWriter::WriteNumber(uint64_t number) {
 }
 
 void RowWriter::WriteRow(const Row& row) {
-    for (const Field& field : Fields) {
-        if (field.foldersOnly && !row.isFolder) {
+    for (const Field& field : Fields()) {
+        if (field.has != nullptr && !field.has(row)) {
             OmitField();
             continue;
         }
@@ -104,30 +109,8 @@ void RowWriter::WriteRow(const Row& row) {
     EndRow();
 }
 
-// The walk's own path is that of the scanned folder for every row of a flat list.
-std::wstring_view RowWriter::PathOf(const Record& record) {
-    if (record.parent != folder_)
-        SetFolder(*record.parent);
-    path_.resize(nameStart_);
-    return path_.append(record.fullName);
-}
-
-// Filled from its end, since a record knows only its parent.
-void RowWriter::SetFolder(const Folder& folder) {
-    const auto isPart = [this](const Folder* part) {
-        return part != nullptr && (part->parent != nullptr || options_.absolutePaths);
-    };
-    nameStart_ = 0;
-    for (const Folder* part = &folder; isPart(part); part = part->parent)
-        nameStart_ += std::wstring_view(part->fullName).size() + 1;
-    path_.resize(nameStart_);
-    auto end = path_.end();
-    for (const Folder* part = &folder; isPart(part); part = part->parent) {
-        const std::wstring_view name = part->fullName;
-        *--end = L'\\';
-        end = std::copy_backward(name.begin(), name.end(), end);
-    }
-    folder_ = &folder;
+std::span<const RowWriter::Field> RowWriter::Fields() const {
+    return std::span(AllFields).first(AllFields.size() - (options_.hasher == nullptr));
 }
 
 }  // namespace Console

@@ -5,10 +5,12 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <string>
+#include <span>
 #include <string_view>
 
 #include "console/list/ByteOutput.h"
+#include "console/list/FileHasher.h"
+#include "console/list/RowPath.h"
 #include "scanner/Records.h"
 #include "writers/ListVisitor.h"
 
@@ -18,6 +20,9 @@ struct RowOptions {
     bool folders = true;  // whether folders have rows
     bool files = true;
     bool absolutePaths = false;  // the default is relative to the listed folder
+
+    // Hashes the files, which then have a field more; must outlive the writer. Null: no hashes.
+    FileHasher* hasher = nullptr;
 };
 
 class RowWriter : public ListVisitor {
@@ -38,19 +43,22 @@ protected:
     struct Row {
         const Scanner::Record& record;
         bool isFolder;
+        FileHash hash;
     };
     struct Field {
         std::string_view name;
-        bool foldersOnly;
+        bool (*has)(const Row& row);  // null: each row has it
         void (*write)(RowWriter& writer, const Row& row);
     };
-    static const std::array<Field, 13> Fields;
+
+    // Returns the fields that the rows of this list have.
+    std::span<const Field> Fields() const;
 
     // Writes to a stream that is open for binary writing, which is not closed and must outlive the writer.
     RowWriter(const RowOptions& options, std::FILE* stream);
 
     // The parts of a row. BeginField is followed by its value; OmitField takes the place of both for a field
-    // that files do not have.
+    // that the row does not have.
     virtual void BeginField(std::string_view name) = 0;
     virtual void OmitField() = 0;
     virtual void EndRow() = 0;
@@ -63,18 +71,17 @@ protected:
 
     ByteOutput& Output() { return output_; }
 
+    // Null if no hashes are written.
+    const FileHasher* Hasher() const { return options_.hasher; }
+
 private:
+    static const std::array<Field, 14> AllFields;
+
     void WriteRow(const Row& row);
-    std::wstring_view PathOf(const Scanner::Record& record);
-    void SetFolder(const Scanner::Folder& folder);
 
     const RowOptions options_;
     ByteOutput output_;
-
-    // The path of the last row. Up to nameStart_ it is the path of folder_ with a backslash.
-    std::wstring path_;
-    size_t nameStart_ = 0;
-    const Scanner::Folder* folder_ = nullptr;
+    RowPath path_;
 };
 
 }  // namespace Console

@@ -7,6 +7,7 @@
 #include "console/list/InterruptibleVisitor.h"
 #include "console/list/JsonLinesWriter.h"
 #include "console/list/ReportWriter.h"
+#include "console/list/Sha256SumWriter.h"
 #include "winlib/Windows.h"
 #include "writers/MakeWriter.h"
 #include "writers/WalkTree.h"
@@ -37,7 +38,8 @@ FILETIME Now() {
 RowOptions MakeRowOptions(const ListRequest& request, const FinishedScan& scan) {
     return {.folders = scan.options.collectFolders,
             .files = scan.options.collectFiles,
-            .absolutePaths = request.absolute};
+            .absolutePaths = request.absolute,
+            .hasher = scan.hasher};
 }
 
 bool WriteCsv(std::FILE* stream, const ListRequest& request, const FinishedScan& scan) {
@@ -67,6 +69,12 @@ bool WriteReport(std::FILE* stream, const ListRequest& request, const FinishedSc
     return writer.Finish();
 }
 
+bool WriteSha256Sum(std::FILE* stream, const ListRequest& request, const FinishedScan& scan) {
+    Sha256SumWriter writer(*scan.hasher, stream);
+    Walk(writer, request, scan);
+    return writer.Finish();
+}
+
 bool WriteText(std::FILE* stream, const ListRequest& request, const FinishedScan& scan) {
     const std::unique_ptr<Writer> writer = MakeWriter(request.preset, stream);
     Walk(*writer, request, scan);
@@ -87,6 +95,8 @@ bool WriteFormat(std::FILE* stream, const ListRequest& request, const FinishedSc
             return WriteJsonLines(stream, request, scan);
         case ListFormat::Report:
             return WriteReport(stream, request, scan);
+        case ListFormat::Sha256Sum:
+            return WriteSha256Sum(stream, request, scan);
         case ListFormat::Text:
         case ListFormat::Html:
             break;

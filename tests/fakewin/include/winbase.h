@@ -70,6 +70,20 @@ DWORD WINAPI GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* p
 
 #define MOVEFILE_REPLACE_EXISTING 0x1
 
+#define GENERIC_READ 0x80000000
+#define FILE_SHARE_READ 0x1
+#define FILE_SHARE_WRITE 0x2
+#define FILE_SHARE_DELETE 0x4
+#define OPEN_EXISTING 3
+#define FILE_FLAG_SEQUENTIAL_SCAN 0x08000000
+
+// Opens existing files for reading, shared with everything.
+HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES attributes,
+                          DWORD creation, DWORD flags, HANDLE model);
+
+// Of files that CreateFileW has opened.
+BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, LPVOID overlapped);
+
 BOOL WINAPI DeleteFileW(LPCWSTR path);
 
 // Moves files, with MOVEFILE_REPLACE_EXISTING alone.

@@ -274,7 +274,7 @@ struct WrongUse {
 };
 
 TEST_F(ListCommand, WrongUseIsExplained) {
-    const std::array<WrongUse, 12> rows = {{
+    const std::array<WrongUse, 16> rows = {{
         {{L"x"}, "PRESET or FOLDER is missing"},
         {{L"--template", L"0", L"a", L"b"},
          "there is no place for the argument 'a', since an option chooses the preset"},
@@ -283,12 +283,17 @@ TEST_F(ListCommand, WrongUseIsExplained) {
         {{L"none", L"a"}, "there is no preset 'none'; see 'tamblewickc presets list'"},
         {{L"--template", L"0", L""}, "'' is not a path"},
         {{L"--template", L"0", L"a", L"-f", L"xml"},
-         "there is no format 'xml'; use preset, text, html, csv, jsonl or report"},
+         "there is no format 'xml'; use preset, text, html, csv, jsonl, report or sha256sum"},
         {{L"--template", L"0", L"a", L"--progress", L"soon"},
          "--progress takes auto, always or never, not 'soon'"},
         {{L"--template", L"0", L"a", L"--absolute"}, "--absolute is for csv and jsonl"},
         {{L"--template", L"0", L"a", L"-f", L"report", L"--absolute"}, "--absolute is for csv and jsonl"},
         {{L"--template", L"0", L"a", L"--excel"}, "--excel is for csv"},
+        {{L"--template", L"0", L"a", L"-f", L"csv", L"--hash", L"md5"}, "--hash takes sha256, not 'md5'"},
+        {{L"--template", L"0", L"a", L"--hash", L"sha256"}, "--hash is for csv, jsonl and sha256sum"},
+        {{L"--template", L"0", L"a", L"-f", L"report", L"--hash", L"sha256"},
+         "--hash is for csv, jsonl and sha256sum"},
+        {{L"--template", L"0", L"a", L"-f", L"sha256sum", L"--absolute"}, "--absolute is for csv and jsonl"},
         {{L"--template", L"0", L"a", L"-o", L"-", L"--open"},
          "--open needs a list in a file; give it with --output FILE"},
     }};

@@ -18,9 +18,16 @@ TEST(ProgressLine, ShowsCountsAndFolder) {
     EXPECT_EQ(FakeWin::StandardError(), Counts + "C:\\Data");
 }
 
+TEST(ProgressLine, ShowsBytesAndFile) {
+    ProgressLine line(true);
+    line.ShowBytes(5, 1000, L"C:\\Data\\a\nb");
+    EXPECT_EQ(FakeWin::StandardError(), "\r5 of 1000 bytes: C:\\Data\\a?b");
+}
+
 TEST(ProgressLine, ShowsNothingIfNotEnabled) {
     ProgressLine line(false);
     line.Show(3, 1, L"C:\\Data");
+    line.ShowBytes(5, 1000, L"C:\\Data");
     line.Clear();
     EXPECT_EQ(FakeWin::StandardError(), "");
 }
