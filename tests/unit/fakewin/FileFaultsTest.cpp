@@ -8,6 +8,8 @@
 #include "fakewin/FakeWin.h"
 #include "winlib/Windows.h"
 
+#include <bcrypt.h>
+
 using FakeWin::Call;
 
 namespace {
@@ -210,4 +212,46 @@ TEST(FakeFiles, TheSystemsPathsAreSettable) {
     EXPECT_EQ(GetLongPathNameW(buffer, buffer, 64), 25u);
     EXPECT_STREQ(buffer, L"C:\\Program Files\\prog.exe");
     EXPECT_EQ(GetLongPathNameW(L"C:\\x", buffer, 64), 4u);
+}
+
+TEST(HandleFaults, AFileThatIsReadFailsAtEachCall) {
+    FakeWin::AddFile(L"C:\\Temp\\file", std::string("abc"));
+    const auto open = [] {
+        return CreateFileW(L"C:\\Temp\\file", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                           nullptr, OPEN_EXISTING, 0, nullptr);
+    };
+    FakeWin::FailNth(Call::CreateFileW, 1, ERROR_SHARING_VIOLATION);
+    EXPECT_EQ(open(), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
+    const HANDLE file = open();
+    EXPECT_EQ(FakeWin::LeftOpen(), "file C:\\Temp\\file\n");
+    char buffer[4];
+    DWORD read = 99;
+    FakeWin::FailOn(Call::ReadFile, L"C:\\Temp\\file", ERROR_LOCK_VIOLATION, 1);
+    EXPECT_FALSE(ReadFile(file, buffer, sizeof(buffer), &read, nullptr));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_LOCK_VIOLATION));
+    EXPECT_EQ(read, 0u);
+    EXPECT_TRUE(ReadFile(file, buffer, sizeof(buffer), &read, nullptr));
+    EXPECT_EQ(read, 3u);
+    EXPECT_TRUE(CloseHandle(file));
+    EXPECT_EQ(FakeWin::LeftOpen(), "");
+}
+
+TEST(HandleFaults, HashesFailAtEachCall) {
+    BCRYPT_ALG_HANDLE algorithm;
+    BCRYPT_HASH_HANDLE hash;
+    unsigned char data[32] = {};
+    for (const Call call : {Call::BCryptOpenAlgorithmProvider, Call::BCryptCreateHash, Call::BCryptHashData,
+                            Call::BCryptFinishHash})
+        FakeWin::FailNth(call, 1, 0xC0000001);
+    EXPECT_FALSE(BCRYPT_SUCCESS(BCryptOpenAlgorithmProvider(&algorithm, BCRYPT_SHA256_ALGORITHM, nullptr, 0)));
+    EXPECT_EQ(BCryptOpenAlgorithmProvider(&algorithm, BCRYPT_SHA256_ALGORITHM, nullptr, 0), 0);
+    EXPECT_FALSE(BCRYPT_SUCCESS(BCryptCreateHash(algorithm, &hash, nullptr, 0, nullptr, 0, 0)));
+    EXPECT_EQ(BCryptCreateHash(algorithm, &hash, nullptr, 0, nullptr, 0, 0), 0);
+    EXPECT_FALSE(BCRYPT_SUCCESS(BCryptHashData(hash, data, 1, 0)));
+    EXPECT_FALSE(BCRYPT_SUCCESS(BCryptFinishHash(hash, data, 32, 0)));
+    EXPECT_EQ(FakeWin::LeftOpen(), "algorithm\nhash\n");
+    EXPECT_EQ(BCryptDestroyHash(hash), 0);
+    EXPECT_EQ(BCryptCloseAlgorithmProvider(algorithm, 0), 0);
+    EXPECT_EQ(FakeWin::LeftOpen(), "");
 }
