@@ -141,4 +141,27 @@ TEST(ConsoleInterrupt, EndsTheWritingOfAList) {
     EXPECT_EQ(error.ReadAll(), "");
 }
 
+// To read the file to its end takes minutes.
+TEST(ConsoleInterrupt, EndsTheReadingOfAFile) {
+    const TestSupport::TempFolder folder;
+    folder.AddFile(L"Data\\large", 20'000'000'000);
+    folder.AddFile(L"sums", std::string("yesterday"));
+    const NarrowPipe pipe;
+    const Running running(
+        EndToEnd::CompanionCommand(L"list --template 0 \"" + folder.Path(L"Data") +
+                                   L"\" -f sha256sum --progress always -o \"" + folder.Path(L"sums") + L"\""),
+        {.output = pipe.Writer(), .error = pipe.Writer()});
+    EXPECT_TRUE(pipe.WaitForWrite());
+    running.Interrupt();
+    Sleep(1000);
+    const DWORD resumed = GetTickCount();
+    pipe.ReadUntilEndOf(running);
+    const DWORD taken = GetTickCount() - resumed;
+    RecordProperty("milliseconds", static_cast<int>(taken));
+    EXPECT_LT(taken, 3000u);
+    EXPECT_EQ(running.Wait(), 130u);
+    EXPECT_EQ(folder.Read(L"sums"), "yesterday");
+    EXPECT_FALSE(folder.Exists(L"sums.part"));
+}
+
 }  // namespace

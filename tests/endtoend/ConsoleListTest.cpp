@@ -117,6 +117,37 @@ TEST_F(ConsoleList, LongPathsAreListedAndWritten) {
     EXPECT_NE(GetFileAttributesW((LR"(\\?\)" + deep + L"\\out.txt").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
+TEST_F(ConsoleList, HashesAreThoseOfTheFiles) {
+    folder.AddFile(L"Data\\Sub\\abc.txt", std::string("abc"));
+    const std::string hashOfAbc = "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad";
+    const Printed sums = List(L"-f sha256sum");
+    EXPECT_EQ(sums.code, 0u);
+    EXPECT_EQ(sums.error, "");
+    // The other files are zeros.
+    EXPECT_EQ(sums.out, "f51b279903037b37ea1828a1021499995718d38016cad6c0da30962a41be052f *Sub/Deep/c.avi\n" +
+                            hashOfAbc +
+                            " *Sub/abc.txt\n"
+                            "837885c8f8091aeaeb9ec3c3f85a6ff470a415e610b8ba3e49f9b33c9cf9d619 *Sub/b.mp3\n"
+                            "8855508aade16ec573d21e6a485dfd0a7624085c1a14b5ecdd6485de0c6839a4 *a.txt\n");
+    const Printed table = List(L"-f csv --hash sha256");
+    EXPECT_EQ(table.code, 0u);
+    EXPECT_NE(table.out.find(",error,sha256\r\n"), std::string::npos);
+    EXPECT_NE(table.out.find("," + hashOfAbc + "\r\n"), std::string::npos);
+}
+
+TEST_F(ConsoleList, AFileInUseGivesExitCode3) {
+    const std::wstring locked = folder.Path(L"Data\\a.txt");
+    const HANDLE file = CreateFileW(locked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    const Printed printed = List(L"-f jsonl --hash sha256");
+    CloseHandle(file);
+    EXPECT_EQ(printed.code, 3u);
+    EXPECT_EQ(printed.error, "tamblewickc: the file '" + Narrow(locked) +
+                                 "' could not be read: it is in use by another program\n");
+    EXPECT_NE(printed.out.find("\"error\":\"in-use\"}"), std::string::npos);
+    EXPECT_TRUE(printed.out.ends_with("\"unreadable\":0,\"unreadable_files\":1}\n"));
+}
+
 TEST_F(ConsoleList, AFolderThatCannotBeListedGivesExitCode1) {
     const Printed printed =
         RunCompanion(L"list --template 0 " + Quoted(folder.Path(L"none")) + L" -o " + Quoted(list));

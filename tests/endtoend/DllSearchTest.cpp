@@ -26,9 +26,9 @@ const std::wstring Programs[] = {L"tamblewick.exe", L"tamblewickc.exe", L"carele
 
 // The DLLs that the programs import, and some that those load by name at run time. Without ole32, which
 // Wine's own DLLs load regardless of the limit.
-const Names Planted = {L"advapi32.dll", L"comctl32.dll", L"comdlg32.dll",  L"gdi32.dll",
-                       L"shell32.dll",  L"user32.dll",   L"cryptbase.dll", L"dwmapi.dll",
-                       L"propsys.dll",  L"uxtheme.dll",  L"version.dll",   L"winspool.drv"};
+const Names Planted = {L"advapi32.dll", L"bcrypt.dll",  L"comctl32.dll",  L"comdlg32.dll", L"gdi32.dll",
+                       L"shell32.dll",  L"user32.dll",  L"cryptbase.dll", L"dwmapi.dll",   L"propsys.dll",
+                       L"uxtheme.dll",  L"version.dll", L"winspool.drv"};
 
 class DllSearch : public testing::Test {
 protected:
@@ -144,6 +144,11 @@ TEST_F(DllSearch, TheCompanionLoadsNoPlantedDll) {
     EXPECT_EQ(Process(PathOf(L"tamblewickc.exe"), L"presets list").Wait(), 0u);
     EXPECT_EQ(Process(PathOf(L"tamblewickc.exe"), L"presets rename " + preset_.Key + L" Renamed").Wait(), 0u);
     EXPECT_EQ(Process(PathOf(L"tamblewickc.exe"), L"presets new 0").Wait(), 0u);
+    EXPECT_EQ(
+        Process(PathOf(L"tamblewickc.exe"), L"list --template 0 C:\\windows\\inf -f sha256sum -q -o C:\\sums")
+            .Wait(),
+        0u);
+    EXPECT_TRUE(fs::remove(L"C:\\sums"));
     EXPECT_EQ(Loaded(), Names{});
 }
 

@@ -2,9 +2,12 @@
 //
 //   documented FOLDER
 //
-// Reads FOLDER/presets.json, and writes list.csv, list.jsonl, compared.txt and exported.json to it.
+// Reads FOLDER/presets.json, and writes list.csv, list.jsonl, hashed.jsonl, list.sha256sum, compared.txt and
+// exported.json to it, and the listed files to its folder Photos.
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -18,14 +21,16 @@ namespace {
 
 using FakeWin::MakeFileTime;
 
+constexpr const wchar_t* Photos[] = {L"2026\\IMG_0001.jpg", L"2026\\IMG_0002, edited.jpg", L"notes.txt"};
+
 void AddPhotos() {
     const FILETIME january = MakeFileTime(2026, 1, 2, 8, 0, 0);
     const FILETIME november = MakeFileTime(2026, 11, 20, 17, 30, 0);
-    FakeWin::AddFile(L"D:\\Photos\\2026\\IMG_0001.jpg", 2411724);
-    FakeWin::AddFile(L"D:\\Photos\\2026\\IMG_0002, edited.jpg", 2411828,
+    FakeWin::AddFile(L"D:\\Photos\\2026\\IMG_0001.jpg", std::string(2411724, '1'));
+    FakeWin::AddFile(L"D:\\Photos\\2026\\IMG_0002, edited.jpg", std::string(2411828, '2'),
                      FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE);
     FakeWin::AddFolder(L"D:\\Photos\\Private");
-    FakeWin::AddFile(L"D:\\Photos\\notes.txt", 1204);
+    FakeWin::AddFile(L"D:\\Photos\\notes.txt", std::string(1204, 'n'));
     FakeWin::SetTimes(L"D:\\Photos\\2026\\IMG_0001.jpg", january, january, january);
     FakeWin::SetTimes(L"D:\\Photos\\2026\\IMG_0002, edited.jpg", january, november, november);
     FakeWin::SetTimes(L"D:\\Photos\\2026", january, november, november);
@@ -71,10 +76,21 @@ int main(int count, char** arguments) {
     using Console::ExitCode;
     Run({L"presets", L"import", L"C:\\presets.json"}, ExitCode::Complete);
     Run({L"presets", L"export", L"Photos", L"-o", L"C:\\exported.json"}, ExitCode::Complete);
-    for (const wchar_t* format : {L"csv", L"jsonl"})
+    for (const wchar_t* format : {L"csv", L"jsonl", L"sha256sum"})
         Run({L"list", L"Photos", L"D:\\Photos", L"-f", format, L"-o", std::wstring(L"C:\\list.") + format,
              L"-q"},
-            ExitCode::FoldersUnread);
+            ExitCode::Incomplete);
+    Run({L"list", L"Photos", L"D:\\Photos", L"-f", L"jsonl", L"--hash", L"sha256", L"-o", L"C:\\hashed.jsonl",
+         L"-q"},
+        ExitCode::Incomplete);
+    std::filesystem::create_directories(folder + "Photos/2026");
+    for (const std::wstring name : Photos) {
+        std::string path = Console::ToUtf8(name);
+        std::ranges::replace(path, '\\', '/');
+        Save(folder + "Photos/" + path, L"D:\\Photos\\" + name);
+    }
+    Save(folder + "hashed.jsonl", L"C:\\hashed.jsonl");
+    Save(folder + "list.sha256sum", L"C:\\list.sha256sum");
     ChangePhotos();
     Run({L"list", L"Photos", L"D:\\Photos", L"-f", L"jsonl", L"-o", L"C:\\next.jsonl", L"-q"},
         ExitCode::Complete);

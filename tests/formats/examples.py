@@ -54,6 +54,17 @@ class Examples(unittest.TestCase):
     def test_comparison(self):
         self.assertEqual(self.read("compared.txt"), self.block("diff"))
 
+    def test_sums(self):
+        self.assertEqual(self.read("list.sha256sum"), self.block("sums"))
+
+    def test_hashes(self):
+        sums = dict(reversed(line.split(" *")) for line in self.read("list.sha256sum").splitlines())
+        objects = [json.loads(line) for line in self.read("hashed.jsonl").splitlines()]
+        hashes = {row["path"].replace("\\", "/"): row["sha256"] for row in objects if "sha256" in row}
+        self.assertEqual(hashes, sums)
+        self.assertEqual(len(sums), 3)
+        self.assertEqual(objects[-1]["unreadable_files"], 0)
+
     def test_presets(self):
         exported = json.loads(self.read("exported.json"))
         shown = json.loads(self.block("json"))

@@ -233,7 +233,7 @@ ListedEntries ReadListedEntries(const std::wstring& name) {
             list.root = line.root;
     }
     if (number == 0 || line.type != "summary")
-        throw Error(ExitCode::FoldersUnread,
+        throw Error(ExitCode::Incomplete,
                     L"the list '" + name + L"' is not complete, since it has no summary line; make it again");
     std::ranges::sort(list.entries, {}, &ListedEntry::path);
     return list;

@@ -26,7 +26,7 @@ struct ListedEntries {
 };
 
 // Reads a list. Members that it does not know are skipped. Throws Error: if the file cannot be read, if it is
-// no list, and, with ExitCode::FoldersUnread, if it is not complete.
+// no list, and, with ExitCode::Incomplete, if it is not complete.
 ListedEntries ReadListedEntries(const std::wstring& name);
 
 }  // namespace Console

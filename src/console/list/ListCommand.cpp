@@ -75,7 +75,7 @@ ExitCode RunList(const Options& arguments) {
     if (request.open)
         OpenList(request.preset, *request.output);
     const bool complete = listener.Refused() == 0 && (!hasher || hasher->Unreadable() == 0);
-    return complete ? ExitCode::Complete : ExitCode::FoldersUnread;
+    return complete ? ExitCode::Complete : ExitCode::Incomplete;
 }
 
 }  // namespace Console

@@ -106,7 +106,7 @@ ExitCode ExportPresets(const Options& arguments) {
         WriteFile(arguments.Value("output"), text);
     else
         Print(text);
-    return exported.size() == chosen.size() ? ExitCode::Complete : ExitCode::FoldersUnread;
+    return exported.size() == chosen.size() ? ExitCode::Complete : ExitCode::Incomplete;
 }
 
 // The last preset of the file is stored first, since a new preset comes above all others.

@@ -147,7 +147,7 @@ TEST_F(Compare, AListWithoutItsSummaryIsNotComplete) {
     for (size_t size = 0; size < whole.size(); ++size) {
         const size_t before = StandardError().size();
         FakeWin::AddFile(L"C:\\new.jsonl", whole.substr(0, size));
-        EXPECT_EQ(RunOnFiles(), ExitCode::FoldersUnread) << size;
+        EXPECT_EQ(RunOnFiles(), ExitCode::Incomplete) << size;
         EXPECT_EQ(StandardError().substr(before), message) << size;
     }
     EXPECT_EQ(StandardOutput(), "");

@@ -43,7 +43,7 @@ TEST_F(ListCommandFaults, AFileInPlaceOfAFolder) {
 
 TEST_F(ListCommandFaults, ARefusedFolderIsNamedAndTheListWritten) {
     FakeWin::FailOn(Call::FindFirstFileExW, L"C:\\Data\\Sub", ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RunList(), ExitCode::FoldersUnread);
+    EXPECT_EQ(RunList(), ExitCode::Incomplete);
     EXPECT_EQ(StandardError(), "tamblewickc: the folder 'C:\\Data\\Sub' could not be read: access denied\n");
     EXPECT_EQ(StandardOutput(), "C:\\Lists\\out.txt\n");
     EXPECT_NE(Contents(Output)->find("C:\\Data\\a.txt"), std::string::npos);
@@ -53,7 +53,7 @@ TEST_F(ListCommandFaults, EachRefusedFolderIsNamed) {
     FakeWin::AddFile(L"C:\\Data\\Two\\c.txt");
     FakeWin::FailOn(Call::FindFirstFileExW, L"C:\\Data\\Sub", ERROR_ACCESS_DENIED);
     FakeWin::FailOn(Call::FindFirstFileExW, L"C:\\Data\\Two", ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RunList(), ExitCode::FoldersUnread);
+    EXPECT_EQ(RunList(), ExitCode::Incomplete);
     EXPECT_EQ(StandardError(),
               "tamblewickc: the folder 'C:\\Data\\Sub' could not be read: access denied\n"
               "tamblewickc: the folder 'C:\\Data\\Two' could not be read: access denied\n");
@@ -61,7 +61,7 @@ TEST_F(ListCommandFaults, EachRefusedFolderIsNamed) {
 
 TEST_F(ListCommandFaults, QuietKeepsTheExitCode) {
     FakeWin::FailOn(Call::FindFirstFileExW, L"C:\\Data\\Sub", ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RunList({L"-q"}), ExitCode::FoldersUnread);
+    EXPECT_EQ(RunList({L"-q"}), ExitCode::Incomplete);
     EXPECT_EQ(StandardError(), "");
     EXPECT_EQ(StandardOutput(), "");
 }

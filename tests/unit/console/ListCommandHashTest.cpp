@@ -64,7 +64,7 @@ TEST_F(ListCommandHash, EachFileIsOpenedOnceToBeReadInOrder) {
 
 TEST_F(ListCommandHash, AFileThatCannotBeReadIsNamed) {
     FakeWin::FailOn(Call::CreateFileW, L"C:\\Data\\a.txt", ERROR_ACCESS_DENIED);
-    EXPECT_EQ(Run({L"-f", L"sha256sum"}), ExitCode::FoldersUnread);
+    EXPECT_EQ(Run({L"-f", L"sha256sum"}), ExitCode::Incomplete);
     EXPECT_EQ(StandardOutput(), HashOfB + " *Sub/b.txt\n");
     EXPECT_EQ(StandardError(), "tamblewickc: the file 'C:\\Data\\a.txt' could not be read: access denied\n");
 }
@@ -72,7 +72,7 @@ TEST_F(ListCommandHash, AFileThatCannotBeReadIsNamed) {
 TEST_F(ListCommandHash, QuietNamesNoFilesAndKeepsTheExitCode) {
     FakeWin::AddFile(L"C:\\Data\\link", 1, FILE_ATTRIBUTE_REPARSE_POINT);
     FakeWin::Fail(Call::CreateFileW, ERROR_ACCESS_DENIED);
-    EXPECT_EQ(Run({L"-f", L"sha256sum", L"-q"}), ExitCode::FoldersUnread);
+    EXPECT_EQ(Run({L"-f", L"sha256sum", L"-q"}), ExitCode::Incomplete);
     EXPECT_EQ(StandardOutput(), "");
     EXPECT_EQ(StandardError(), "");
 }
@@ -137,7 +137,7 @@ TEST_F(ListCommandHash, ProgressDoesNotMixWithAListOnTheConsole) {
 TEST_F(ListCommandHash, AWarningClearsTheProgress) {
     FakeWin::SetTickStep(100);
     FakeWin::FailOn(Call::ReadFile, L"C:\\Data\\a.txt", 23);
-    EXPECT_EQ(RunList({L"-f", L"sha256sum", L"--progress=always"}), ExitCode::FoldersUnread);
+    EXPECT_EQ(RunList({L"-f", L"sha256sum", L"--progress=always"}), ExitCode::Incomplete);
     const std::string shown = StandardError();
     EXPECT_NE(shown.find(" \rtamblewickc: the file 'C:\\Data\\a.txt' could not be read: error 23\n"),
               std::string::npos)

@@ -134,7 +134,7 @@ TEST_F(ListCommand, ATableForExcelHasTheListSeparatorOfTheSystem) {
 
 TEST_F(ListCommand, JsonLinesBeginWithTheListAndEndWithItsSummary) {
     FakeWin::FailOn(FakeWin::Call::FindFirstFileExW, L"C:\\Data\\Sub", ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RunList({L"--format=jsonl"}), ExitCode::FoldersUnread);
+    EXPECT_EQ(RunList({L"--format=jsonl"}), ExitCode::Incomplete);
     const std::string list = Contents(Output).value_or("");
     EXPECT_EQ(list.substr(0, list.find('\n')),
               R"*({"type":"list","format":1,"program":"Tamblewick 4.0.1","root":"C:\\Data",)*"
@@ -179,7 +179,7 @@ TEST_F(ListCommand, AReportIsGroupedWhateverThePresetShows) {
 
 TEST_F(ListCommand, AReportMarksFoldersThatCouldNotBeRead) {
     FakeWin::FailOn(FakeWin::Call::FindFirstFileExW, L"C:\\Data\\Sub", ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RunList({L"--format=report"}), ExitCode::FoldersUnread);
+    EXPECT_EQ(RunList({L"--format=report"}), ExitCode::Incomplete);
     EXPECT_NE(Contents(Output)->find("\"tree\":\"[)1\""), std::string::npos);
 }
 

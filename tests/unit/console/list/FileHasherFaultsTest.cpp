@@ -54,7 +54,7 @@ TEST_F(FileHasherFaults, EachErrorOfAFileIsReported) {
         for (const Reported& row : Reports) {
             const size_t before = StandardError().size();
             FakeWin::FailOn(call, A, row.error, 1);
-            EXPECT_EQ(Run(), ExitCode::FoldersUnread);
+            EXPECT_EQ(Run(), ExitCode::Incomplete);
             EXPECT_EQ(LastCells(), row.field + std::string(",\r\n"));
             EXPECT_EQ(StandardError().substr(before),
                       "tamblewickc: the file 'C:\\Data\\a.txt' could not be read: " +
@@ -71,7 +71,7 @@ TEST_F(FileHasherFaults, EachReadThatFailsLeavesTheFileWithoutAHash) {
     ASSERT_GE(reads, 8);
     for (int read = 1; read <= reads; ++read) {
         FakeWin::FailNth(Call::ReadFile, read, 1117);
-        EXPECT_EQ(Run(), ExitCode::FoldersUnread) << read;
+        EXPECT_EQ(Run(), ExitCode::Incomplete) << read;
         EXPECT_NE(Contents(Output)->find(",unreadable,\r\n"), std::string::npos) << read;
         EXPECT_EQ(FakeWin::LeftOpen(), "");
     }
@@ -103,7 +103,7 @@ TEST_F(FileHasherFaults, EachUseOfASystemThatCannotComputeHashesEndsTheList) {
 
 TEST_F(FileHasherFaults, AFileThatIsRemovedAfterTheScan) {
     FakeWin::AtUse(Call::CreateFileW, 1, [] { FakeWin::RemoveEntry(A); });
-    EXPECT_EQ(Run(), ExitCode::FoldersUnread);
+    EXPECT_EQ(Run(), ExitCode::Incomplete);
     EXPECT_EQ(LastCells(), "unreadable,\r\n");
 }
 

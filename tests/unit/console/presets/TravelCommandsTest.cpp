@@ -99,7 +99,7 @@ TEST_F(TravelCommands, ExportLeavesOutWhatIsDamaged) {
     MakeDamaged(L"bad", L"Damaged", 9);
     Make(L"Whole");
     const Outcome outcome = Run({L"export"});
-    EXPECT_EQ(outcome.code, ExitCode::FoldersUnread);
+    EXPECT_EQ(outcome.code, ExitCode::Incomplete);
     EXPECT_EQ(outcome.error,
               "tamblewickc: the preset 'bad' is damaged; remove it with 'tamblewickc presets remove bad'\n");
     const json file = json::parse(outcome.out);
@@ -112,7 +112,7 @@ TEST_F(TravelCommands, ExportLeavesOutWhatImportWouldRefuse) {
     const std::wstring key = Make(L"Doubled");
     registry.SetString(Root + key + L"\\Columns\\FolderColumns", L"3", L"Path");
     const Outcome outcome = Run({L"export"});
-    EXPECT_EQ(outcome.code, ExitCode::FoldersUnread);
+    EXPECT_EQ(outcome.code, ExitCode::Incomplete);
     EXPECT_EQ(outcome.error,
               "tamblewickc: the preset '" + Utf8(key) +
                   "' is not exported; set the field Columns.FolderColumns[3]: 'Path' occurs twice\n");
