@@ -23,7 +23,8 @@ std::wstring WithoutPrefix(const std::wstring& path) {
 
 std::wstring FullPath(const std::wstring& text) {
     std::wstring path(0x8000, L'\0');
-    const DWORD length = GetFullPathNameW(text.c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr);
+    const DWORD length =
+        GetFullPathNameW(text.c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr);
     if (length == 0 || length >= path.size())
         throw Error(ExitCode::WrongUsage, L"'" + text + L"' is not a path");
     path.resize(length);

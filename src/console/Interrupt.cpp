@@ -11,8 +11,8 @@ namespace {
 
 std::atomic<bool> interrupted = false;
 
-// Called on a thread of its own. The system ends the process as soon as the handler returns from the last three
-// events, so it does not return: the process ends when the command has.
+// Called on a thread of its own. The system ends the process as soon as the handler returns from the last
+// three events, so it does not return: the process ends when the command has.
 BOOL WINAPI OnEvent(DWORD event) {
     interrupted = true;
     if (event == CTRL_CLOSE_EVENT || event == CTRL_LOGOFF_EVENT || event == CTRL_SHUTDOWN_EVENT)

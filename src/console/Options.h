@@ -1,5 +1,5 @@
-// Parses the arguments of a command with getopt_long: options anywhere, "--" before operands that begin with a
-// hyphen. Not reentrant.
+// Parses the arguments of a command with getopt_long: options anywhere, "--" before operands that begin with
+// a hyphen. Not reentrant.
 #pragma once
 
 #include <map>
@@ -19,8 +19,8 @@ struct Option {
 
 class Options {
 public:
-    // Throws UsageError on an option that is not among the known ones, without its value, or with a value that
-    // it does not take. If an option is given more than once, the last value counts.
+    // Throws UsageError on an option that is not among the known ones, without its value, or with a value
+    // that it does not take. If an option is given more than once, the last value counts.
     Options(const Arguments& arguments, std::span<const Option> known);
 
     bool Has(const std::string& name) const { return values_.contains(name); }

@@ -1,5 +1,5 @@
-// Conversions between UTF-16, in which Windows has its texts, and UTF-8, in which the program reads and writes
-// them. They never fail: what is not valid becomes U+FFFD.
+// Conversions between UTF-16, in which Windows has its texts, and UTF-8, in which the program reads and
+// writes them. They never fail: what is not valid becomes U+FFFD.
 #pragma once
 
 #include <string>

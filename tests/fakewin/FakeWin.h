@@ -26,8 +26,8 @@ namespace FakeWin {
 // empty registry, no windows, a desktop of 1024 by 768. Open handles become invalid.
 void Reset();
 
-// Find handles, registry keys, files, system texts, icons, mutexes and hashes that are open now, one to a line as
-// "find C:\Data"; empty if there are none. Process handles do not count, see OpenProcesses.
+// Find handles, registry keys, files, system texts, icons, mutexes and hashes that are open now, one to a
+// line as "find C:\Data"; empty if there are none. Process handles do not count, see OpenProcesses.
 std::string LeftOpen();
 
 int OpenFinds();
@@ -93,13 +93,13 @@ enum class Call {
     PostMessageW,
     MessageBoxW,  // the text
     GetDesktopWindow,
-    LoadImageW,        // the number of the resource
-    GetFullPathNameW,  // no subject
-    ReadFile,          // the path; one read of an open file
-    CreateMutexW,      // the name
-    ReleaseMutex,      // the name
-    FindWindowW,       // the title
-    CreateFileW,       // the path
+    LoadImageW,                   // the number of the resource
+    GetFullPathNameW,             // no subject
+    ReadFile,                     // the path; one read of an open file
+    CreateMutexW,                 // the name
+    ReleaseMutex,                 // the name
+    FindWindowW,                  // the title
+    CreateFileW,                  // the path
     BCryptOpenAlgorithmProvider,  // no subject from here on; they return the error
     BCryptCreateHash,
     BCryptHashData,

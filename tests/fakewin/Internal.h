@@ -69,8 +69,8 @@ bool IsMutex(HANDLE handle);
 DWORD WaitForMutex(HANDLE handle, DWORD milliseconds);
 bool CloseMutex(HANDLE handle);
 
-// Files that CreateFileW has opened, which are closed by the call for all handles. CloseReadFile returns whether it
-// was one.
+// Files that CreateFileW has opened, which are closed by the call for all handles. CloseReadFile returns
+// whether it was one.
 bool CloseReadFile(HANDLE handle);
 
 // The handles that each part has open, in the form of LeftOpen.

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "console/Errors.h"
+#include "console/OneLine.h"
 #include "console/Output.h"
 #include "console/presets/JsonText.h"
-#include "console/OneLine.h"
 #include "console/presets/PresetChange.h"
 #include "console/presets/PresetCommands.h"
 #include "console/presets/PresetJson.h"

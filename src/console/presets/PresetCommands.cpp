@@ -4,8 +4,8 @@
 #include <nlohmann/json.hpp>
 
 #include "console/Errors.h"
-#include "console/Output.h"
 #include "console/OneLine.h"
+#include "console/Output.h"
 #include "console/presets/PresetChange.h"
 #include "console/presets/PresetChoice.h"
 #include "settings/Templates.h"

@@ -217,8 +217,9 @@ TEST(FakeFiles, TheSystemsPathsAreSettable) {
 TEST(HandleFaults, AFileThatIsReadFailsAtEachCall) {
     FakeWin::AddFile(L"C:\\Temp\\file", std::string("abc"));
     const auto open = [] {
-        return CreateFileW(L"C:\\Temp\\file", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                           nullptr, OPEN_EXISTING, 0, nullptr);
+        return CreateFileW(L"C:\\Temp\\file", GENERIC_READ,
+                           FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0,
+                           nullptr);
     };
     FakeWin::FailNth(Call::CreateFileW, 1, ERROR_SHARING_VIOLATION);
     EXPECT_EQ(open(), INVALID_HANDLE_VALUE);
@@ -244,7 +245,8 @@ TEST(HandleFaults, HashesFailAtEachCall) {
     for (const Call call : {Call::BCryptOpenAlgorithmProvider, Call::BCryptCreateHash, Call::BCryptHashData,
                             Call::BCryptFinishHash})
         FakeWin::FailNth(call, 1, 0xC0000001);
-    EXPECT_FALSE(BCRYPT_SUCCESS(BCryptOpenAlgorithmProvider(&algorithm, BCRYPT_SHA256_ALGORITHM, nullptr, 0)));
+    EXPECT_FALSE(
+        BCRYPT_SUCCESS(BCryptOpenAlgorithmProvider(&algorithm, BCRYPT_SHA256_ALGORITHM, nullptr, 0)));
     EXPECT_EQ(BCryptOpenAlgorithmProvider(&algorithm, BCRYPT_SHA256_ALGORITHM, nullptr, 0), 0);
     EXPECT_FALSE(BCRYPT_SUCCESS(BCryptCreateHash(algorithm, &hash, nullptr, 0, nullptr, 0, 0)));
     EXPECT_EQ(BCryptCreateHash(algorithm, &hash, nullptr, 0, nullptr, 0, 0), 0);
