@@ -6,9 +6,8 @@
 //
 //   rows      how many
 //   names     joined by U+0008, which Windows allows in no name
-//   tree      the rows as they are nested: "(" is a folder, "[" one that could not be read, ")" ends either,
-//   a
-//             number is that many files. A folder may end in a later block
+//   tree      how the rows are nested: "(" is a folder, "[" one that could not be read, ")" the end of
+//             either, and a number that many files; a folder may end in a later block
 //   sizes     of the files
 //   modified  the seconds since the value before; empty if there is no time
 //   created   the seconds since the row's modified; empty if there is no time
