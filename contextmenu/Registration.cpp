@@ -38,7 +38,7 @@ std::wstring DriveHandlerKey() {
     return HandlerKey(L"Drive");
 }
 
-void TellShell() {
+void NotifyShell() {
     SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST | SHCNF_FLUSHNOWAIT, nullptr, nullptr);
 }
 
@@ -58,7 +58,7 @@ HRESULT Register(HKEY classes) {
             return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
         }
     }
-    TellShell();
+    NotifyShell();
     return S_OK;
 }
 
@@ -69,7 +69,7 @@ HRESULT Unregister(HKEY classes) {
         if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND && SUCCEEDED(result))
             result = HRESULT_FROM_WIN32(static_cast<DWORD>(status));
     }
-    TellShell();
+    NotifyShell();
     return result;
 }
 

@@ -230,7 +230,7 @@ TEST_F(ContextMenuTest, ChangesShowInTheNextMenu) {
     EXPECT_EQ(Menu({folder_.Path(L"Two")}).Entries()[0].text, L"First");
 }
 
-TEST_F(ContextMenuTest, WithoutPresetsTheProgramStandsAlone) {
+TEST_F(ContextMenuTest, WithoutPresetsTheProgramIsTheOnlyEntry) {
     registry_.CreateKey(Root);
     const Menu menu({folder_.Path(L"Two")});
     EXPECT_EQ(menu.Entries(), (std::vector<Shown>{{L"Open Tamblewick...", FirstId}}));

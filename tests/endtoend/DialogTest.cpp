@@ -52,7 +52,7 @@ struct ErrorRow {
     const wchar_t* message;
 };
 
-TEST(Dialogs, MissingFolderIsToldAndNoListIsWritten) {
+TEST(Dialogs, MissingFolderIsReportedAndNoListIsWritten) {
     const StoredPreset preset;
     const ErrorRow rows[] = {
         {L"C:\\no such folder",

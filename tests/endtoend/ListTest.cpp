@@ -30,7 +30,7 @@ protected:
             folder_.SetTimes(name, time, time, time);
     }
 
-    // Runs the program on the folder and compares the list with the expected one, in which {path} stands for
+    // Runs the program on the folder and compares the list with the expected one, in which {path} means
     // the folder and {stamp} for the moment of writing.
     void Expect(const StoredPreset& preset, const std::string& expectedName) {
         ASSERT_EQ(RunProgram(preset.Key + L" \"" + folder_.Path() + L"\""), 0u);

@@ -18,7 +18,7 @@ constexpr int DigitWeight = 0x100;
 constexpr int LetterWeight = 0x200;
 constexpr int OtherWeight = 0x1000;
 
-// What the lower-case letters E0 to FF are without their accents; a blank stands for no letter.
+// What the lower-case letters E0 to FF are without their accents; a blank means none.
 constexpr std::wstring_view Latin1Bases = L"aaaaaaaceeeeiiiidnooooo ouuuuyty";
 
 bool IsSkipped(wchar_t unit) {

@@ -40,7 +40,7 @@ inline BOOL Succeeded(DWORD error) {
     return error == 0;
 }
 
-// Stands at the top of a call whose allocations are the system's own.
+// To be the first statement of a call whose allocations are the system's own.
 class SystemMemory {
 public:
     SystemMemory();

@@ -1,4 +1,4 @@
-// docs/task-scheduler.md: what it tells to run, the task that it shows, and the results that it promises,
+// docs/task-scheduler.md: the commands in it, the task that it shows, and the results that it promises,
 // with the installed companion. The drive D: of the page is a folder here.
 #include <sstream>
 

@@ -101,8 +101,8 @@ move_to() {
     xdotool mousemove --window "$window" "$1" "$2"
 }
 
-# With the small move of a hand after it: the tree swallows the release of the button, and this move is what
-# tells it that nothing is dragged.
+# Followed by a small move: the tree does not pass on the release of the button, and only this move ends its wait for
+# a drag.
 click_at() {
     move_to "$1" "$2"
     xdotool click 1 mousemove_relative 1 0

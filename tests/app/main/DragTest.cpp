@@ -85,7 +85,7 @@ protected:
     }
 };
 
-TEST_F(DragTest, EveryDropStandsDirectlyBelowItsTarget) {
+TEST_F(DragTest, EveryDropIsDirectlyBelowItsTarget) {
     Names order = {L"A", L"B", L"C", L"D"};
     OpenWith(order);
     // By places, from each to each other one; the order changes on the way.
@@ -112,7 +112,7 @@ TEST_F(DragTest, EveryDropStandsDirectlyBelowItsTarget) {
     }
 }
 
-TEST_F(DragTest, DropOnAChildStandsBelowItsPreset) {
+TEST_F(DragTest, DropOnAChildIsBelowItsPreset) {
     OpenWith({L"A", L"B", L"C"});
     tree.Expand(tree.Item(L"B"));
     Drag(tree.Item(L"A"), tree.Child(tree.Item(L"B"), L"Columns"));
@@ -360,7 +360,7 @@ TEST_F(DragTest, ItemsKeepTheirPresetsAndPages) {
     EXPECT_TRUE(IsWindowVisible(Pages()[7 + 4]));
 }
 
-TEST_F(DragTest, TheNextPresetStandsBelowTheNewOrder) {
+TEST_F(DragTest, TheNextPresetIsBelowTheNewOrder) {
     OpenWith({L"A", L"B"});
     Drag(tree.Item(L"A"), tree.Item(L"B"));
     Command(IDM_TEMPLATE_FIRST);

@@ -102,7 +102,7 @@ TEST_F(FocusTest, RemovedPresetsHandItToTheTree) {
     EXPECT_TRUE(tree.Names().empty());
 }
 
-TEST_F(FocusTest, CreateListHandsItOnBeforeItIsDisabled) {
+TEST_F(FocusTest, CreateListPassesItOnBeforeItIsDisabled) {
     Store({L"A"});
     Open();
     SetFocus(Control(IDC_MAIN_CREATE_LIST));
@@ -131,7 +131,7 @@ TEST_F(FocusTest, AWindowThatWasMinimizedHasItWhereItWas) {
 }
 
 // As Windows does when a minimised window is restored.
-TEST_F(FocusTest, TheWindowHandsItToTheControlThatHadItLast) {
+TEST_F(FocusTest, TheWindowPassesItToTheControlThatHadItLast) {
     OpenInFieldOfA();
     { const OtherWindow other(window); }
     SetFocus(window);
@@ -139,7 +139,7 @@ TEST_F(FocusTest, TheWindowHandsItToTheControlThatHadItLast) {
 }
 
 // The dialog window itself takes no keys.
-TEST_F(FocusTest, TheWindowHandsItToTheTree) {
+TEST_F(FocusTest, TheWindowPassesItToTheTree) {
     Store({L"A"});
     Open();
     SetFocus(window);

@@ -24,7 +24,7 @@ TEST_F(ListsTest, WritesTheListAndIsReadyForTheNext) {
     ExpectCollected();
 }
 
-TEST_F(ListsTest, AnyItemOfAPresetStandsForIt) {
+TEST_F(ListsTest, AnyItemOfAPresetSelectsIt) {
     OpenSavingIn(folder.Path());
     controller->StartList(IdOf(tree.Child(tree.Item(L"Preset"), L"Sorting")), Listed());
     EXPECT_TRUE(folder.Exists(L"List of Listed.txt"));
@@ -40,7 +40,7 @@ TEST_F(ListsTest, ManyListsInARow) {
     }
 }
 
-TEST_F(ListsTest, TheDialogStandsInFrontOfTheDisabledWindow) {
+TEST_F(ListsTest, TheDialogIsInFrontOfTheDisabledWindow) {
     OpenSavingIn(BlockedListFile::Folder());
     BlockedListFile list(L"List of Listed.txt");
     std::thread reader;

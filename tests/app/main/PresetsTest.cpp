@@ -10,7 +10,7 @@ using Names = std::vector<std::wstring>;
 
 constexpr UINT Gray = MF_GRAYED | MF_DISABLED;
 
-TEST_F(PresetsTest, NewStandsLastSelectedAndOpenForItsName) {
+TEST_F(PresetsTest, NewIsLastSelectedAndEditsItsName) {
     Store({L"First", L"Second"});
     Open();
     Command(IDM_NEW);
@@ -31,7 +31,7 @@ TEST_F(PresetsTest, FirstPresetReplacesTheInstructions) {
     EXPECT_EQ(EditStates(), (std::vector<UINT>{MF_ENABLED, MF_ENABLED, MF_ENABLED}));
 }
 
-TEST_F(PresetsTest, EachTemplateStandsLastAndSelectedWithoutLabelEdit) {
+TEST_F(PresetsTest, EachTemplateIsLastAndSelectedWithoutLabelEdit) {
     struct Row {
         WORD command;
         const wchar_t* name;
@@ -71,7 +71,7 @@ TEST_F(PresetsTest, NumbersWithoutATemplateMakeNothing) {
     }
 }
 
-TEST_F(PresetsTest, DuplicateStandsLastUnselectedWithAllValues) {
+TEST_F(PresetsTest, DuplicateIsLastUnselectedWithAllValues) {
     Store({L"Source", L"Last"});
     registry.SetString(KeyOf(0) + L"\\Filter", L"CustomSearchPattern", L"*.one;*.two");
     registry.SetString(KeyOf(0) + L"\\Format", L"ListStyle", L"Html");

@@ -234,11 +234,11 @@ TEST_F(SizingTest, NothingIsDrawnAgainWhereNothingMoves) {
 }
 
 // Windows that got WM_SYSCOLORCHANGE, in order.
-std::vector<HWND> told;
+std::vector<HWND> notified;
 
 LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
     if (message == WM_SYSCOLORCHANGE)
-        told.push_back(window);
+        notified.push_back(window);
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
@@ -249,9 +249,9 @@ TEST_F(SizingTest, NewColoursGoToTheTreeAndThenToEveryPage) {
     expected.insert(expected.begin(), tree.Window());
     for (const HWND listener : expected)
         SetWindowSubclass(listener, Watch, 1, 0);
-    told.clear();
+    notified.clear();
     SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
-    EXPECT_EQ(told, expected);
+    EXPECT_EQ(notified, expected);
     for (const HWND listener : expected)
         RemoveWindowSubclass(listener, Watch, 1);
 }

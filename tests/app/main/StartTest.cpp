@@ -140,7 +140,7 @@ TEST_F(StartTest, TreeHasButtonsAndRowsOf18Pixels) {
     EXPECT_TRUE(SendMessageW(tree.Window(), CCM_GETUNICODEFORMAT, 0, 0));
 }
 
-TEST_F(StartTest, ShowsTheWindowAsTheProcessWasTold) {
+TEST_F(StartTest, ShowsTheWindowAsTheProcessWasAskedTo) {
     Process().ShowCommand = SW_SHOWMINNOACTIVE;
     Open();
     EXPECT_TRUE(IsIconic(window));

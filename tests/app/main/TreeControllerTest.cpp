@@ -118,7 +118,7 @@ TEST_F(TreeControllerTest, NothingIsKnownOfNoItem) {
     EXPECT_FALSE(controller->TakeItem(nullptr).has_value());
 }
 
-TEST_F(TreeControllerTest, ATakenItemIsForgottenButStands) {
+TEST_F(TreeControllerTest, ATakenItemIsForgottenButRemains) {
     const std::optional<ItemInfo> taken = controller->TakeItem(second);
     ASSERT_TRUE(taken.has_value());
     EXPECT_EQ(taken->id, ids[7]);
@@ -138,7 +138,7 @@ TEST_F(TreeControllerTest, OnlyPresetsCanBeRenamed) {
     EXPECT_EQ(tree.Selected(), second);
 }
 
-TEST_F(TreeControllerTest, ANewNameIsShownAndHandedOn) {
+TEST_F(TreeControllerTest, ANewNameIsShownAndPassedOn) {
     controller->BeginRename(first);
     controller->AttachLabelEdit();
     std::wstring name = L"Renamed";

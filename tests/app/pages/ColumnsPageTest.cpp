@@ -202,7 +202,7 @@ TEST_F(ColumnsPageTest, FirstColumnCannotGoUpNorTheLastDown) {
     EXPECT_EQ(Parameters(Files()).front(), 3);
 }
 
-TEST_F(ColumnsPageTest, ButtonThatGoesGrayHandsTheFocusToTheOther) {
+TEST_F(ColumnsPageTest, ButtonThatIsDisabledPassesTheFocusToTheOther) {
     Open();
     struct Row {
         int pressed, other, from, to;

@@ -90,7 +90,7 @@ TEST(DisplayPage, KeysOnTheTrackbarStoreTheIndent) {
     EXPECT_EQ(open.Text(IDC_DISPLAY_INDENT_VALUE), L"38");
 }
 
-TEST(DisplayPage, DisabledTrackbarHandsTheFocusToTheBoxThatDisablesIt) {
+TEST(DisplayPage, DisabledTrackbarPassesTheFocusToTheBoxThatDisablesIt) {
     const TestRegistry registry;
     const OpenPage open(Kind::Display);
     const HWND box = open.Control(IDC_DISPLAY_GROUPED);

@@ -132,7 +132,7 @@ TEST_F(ExcludedFoldersTest, RemovingTheLastEntryStoresAnEmptyList) {
     EXPECT_EQ(Stored(), StringListValue({}));
 }
 
-TEST_F(ExcludedFoldersTest, RemoveHandsTheFocusToTheListBeforeItGoesGray) {
+TEST_F(ExcludedFoldersTest, RemovePassesTheFocusToTheListBeforeItIsDisabled) {
     Open({L"a", L"b"});
     for (int entries = 2; entries > 0; entries--) {
         Select(0);
@@ -146,7 +146,7 @@ TEST_F(ExcludedFoldersTest, RemoveHandsTheFocusToTheListBeforeItGoesGray) {
     }
 }
 
-TEST_F(ExcludedFoldersTest, DeselectingHandsTheFocusOfRemoveToTheList) {
+TEST_F(ExcludedFoldersTest, DeselectingPassesTheFocusOfRemoveToTheList) {
     Open({L"a"});
     Select(0);
     open->Focus(IDC_FILTER_REMOVE);

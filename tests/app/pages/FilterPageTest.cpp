@@ -100,7 +100,7 @@ TEST(FilterPage, CustomPatternSurvivesAnotherChoice) {
     EXPECT_EQ(registry.Get(Filter, L"CustomSearchPattern"), StringValue(L"*.cpp:*.h"));
 }
 
-TEST(FilterPage, DisabledPatternHandsTheFocusToTheChoice) {
+TEST(FilterPage, DisabledPatternPassesTheFocusToTheChoice) {
     const TestRegistry registry;
     registry.SetDword(Filter, L"PresetSearchPattern", Custom);
     const OpenPage open(Kind::Filter);

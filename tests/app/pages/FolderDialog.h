@@ -5,8 +5,8 @@
 
 #include "support/ui/DismissModal.h"
 
-// A folder of three levels that is never written to, after a look into each of them. Wine's dialog tells
-// folders apart by their time of access too, and does not find one in which the first look has moved it.
+// A folder of three levels that is never written to, after a look into each of them. Wine's dialog
+// compares folders by their time of access too, and does not find one whose time the first look has changed.
 std::wstring QuietFolder();
 
 // While it lives, presses OK in a folder dialog as soon as the folder of this name is selected there.

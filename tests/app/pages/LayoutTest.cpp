@@ -89,7 +89,7 @@ TEST(Layout, RowsStandBelowEachOther) {
     }
 }
 
-TEST(Layout, IndentNumberStandsBehindItsCaptionAndTheTrackbarIsCentred) {
+TEST(Layout, IndentNumberFollowsItsCaptionAndTheTrackbarIsCentred) {
     const TestRegistry registry;
     const OpenPage open(Kind::Display);
     open.Resize(Width, Height);

@@ -146,7 +146,7 @@ TEST_F(OptionsTest, BoxRegistersAndRemovesTheModule) {
     });
 }
 
-TEST_F(OptionsTest, FailedRegistrationIsToldAndTheBoxGoesBack) {
+TEST_F(OptionsTest, FailedRegistrationIsReportedAndTheBoxGoesBack) {
     Run([](HWND dialog) {
         const auto messages = SwitchContextMenu(dialog);
         ASSERT_EQ(messages.size(), 1U);
@@ -161,7 +161,7 @@ TEST_F(OptionsTest, FailedRegistrationIsToldAndTheBoxGoesBack) {
     EXPECT_FALSE(settings.Shell.IsRegistered());
 }
 
-TEST_F(OptionsTest, FailedRemovalIsToldAndTheBoxGoesBack) {
+TEST_F(OptionsTest, FailedRemovalIsReportedAndTheBoxGoesBack) {
     registration.Write();
     Run([](HWND dialog) {
         const auto messages = SwitchContextMenu(dialog);

@@ -96,7 +96,7 @@ TEST(PathPages, BareClickCountsWhateverIsChecked) {
     }
 }
 
-TEST(PathPages, DisabledPathHandsTheFocusToTheChoice) {
+TEST(PathPages, DisabledPathPassesTheFocusToTheChoice) {
     for (const PathRow& row : PathPages) {
         SCOPED_TRACE(row.page.name);
         const TestRegistry registry;

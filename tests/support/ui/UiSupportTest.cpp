@@ -97,7 +97,7 @@ TEST_F(UiSupport, ThePumpWaitsForAnotherThread) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(UiSupport, ThePumpTellsWhatItWaitedForInVain) {
+TEST_F(UiSupport, ThePumpReportsWhatItWaitedForInVain) {
     bool came = true;
     EXPECT_NONFATAL_FAILURE(came = pump.RunUntil([] { return false; }, 1ms, "the cows"),
                             "timed out waiting for the cows");

@@ -26,7 +26,7 @@ void TrimEnd(std::wstring& text) {
     text.erase(text.find_last_not_of(L"\r\n ") + 1);
 }
 
-TEST(AppMain, TellsAnExceptionAndEndsWithMinusOne) {
+TEST(AppMain, ReportsAnExceptionAndEndsWithMinusOne) {
     std::wstring expected = MessageOfAMissingDialog();
     // What the first call has found on the command line counts for the whole process.
     for (const wchar_t* line : {L" ", L"argument"}) {
@@ -54,7 +54,7 @@ BOOL WINAPI RefuseOneClass(const INITCOMMONCONTROLSEX* request) {
     return request->dwSize == sizeof(*request) && request->dwICC != refusedClasses;
 }
 
-TEST(AppMain, TellsWhichCallFailedWhenControlsAreMissing) {
+TEST(AppMain, ReportsWhichCallFailedWhenControlsAreMissing) {
     constexpr DWORD Needed[] = {ICC_TREEVIEW_CLASSES, ICC_LISTVIEW_CLASSES, ICC_PROGRESS_CLASS,
                                 ICC_BAR_CLASSES};
     const Ui::ReplacedImport refusing("InitCommonControlsEx", RefuseOneClass);

@@ -110,7 +110,7 @@ TEST_F(AppMainWindow, EndsWithZeroWhenItIsClosed) {
     EXPECT_TRUE(registry.Get(L"Software\\Tamblewick", L"WindowWidth").has_value());
 }
 
-TEST_F(AppMainWindow, TellsAnExceptionOfItsOwnInItsWords) {
+TEST_F(AppMainWindow, ReportsAnExceptionOfItsOwnInItsWords) {
     EXPECT_EQ(RunWith(ThrowOwnException), -1);
     ASSERT_NE(user, nullptr);
     ASSERT_EQ(user->Seen().size(), 1u);
@@ -121,7 +121,7 @@ TEST_F(AppMainWindow, TellsAnExceptionOfItsOwnInItsWords) {
     EXPECT_FALSE(registry.Get(L"Software\\Tamblewick", L"WindowWidth").has_value()) << "nothing is saved";
 }
 
-TEST_F(AppMainWindow, TellsAnyOtherExceptionInOneSentence) {
+TEST_F(AppMainWindow, ReportsAnyOtherExceptionInOneSentence) {
     EXPECT_EQ(RunWith(ThrowOtherException), -1);
     ASSERT_NE(user, nullptr);
     ASSERT_EQ(user->Seen().size(), 1u);

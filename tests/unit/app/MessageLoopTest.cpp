@@ -76,12 +76,12 @@ struct MessageLoop : testing::Test {
     WinLib::Application application{GetModuleHandleW(nullptr), L"", SW_SHOWNORMAL};
 };
 
-TEST_F(MessageLoop, GivesBackTheExitCode) {
+TEST_F(MessageLoop, ReturnsTheExitCode) {
     RunPosted(0);
     RunPosted(7);
 }
 
-TEST_F(MessageLoop, DispatchesWhatNobodyWants) {
+TEST_F(MessageLoop, DispatchesWhatIsNotHandled) {
     const OwnedWindow window = MakeWindow(nullptr);
     PostMessageW(window.get(), WM_APP, 5, 0);
     RunPosted();

@@ -135,7 +135,7 @@ TEST(CallFaults, SimpleCallsFailInTheirOwnWay) {
     EXPECT_EQ(GetLastError(), 31u);
 }
 
-TEST(CallFaults, TellsHowManyHaveStruck) {
+TEST(CallFaults, CountsTheFaultsThatHaveStruck) {
     FakeWin::FailNth(Call::CompareStringW, 2, 5);
     FakeWin::FailOn(Call::GetFileAttributesW, L"C:\\Temp", 5, 1);
     Equal();

@@ -170,7 +170,7 @@ TEST_F(DialogContract, TheFrameLiesAroundTheClientArea) {
     EXPECT_LT(outer.top, outer.left);
 }
 
-TEST_F(DialogContract, ANewSizeIsToldAndKeptWithinTheLimits) {
+TEST_F(DialogContract, ANewSizeIsReportedAndKeptWithinTheLimits) {
     WORD width = 0;
     script_.answer = [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
         if (message == WM_SIZE)

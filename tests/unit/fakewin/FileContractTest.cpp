@@ -19,7 +19,7 @@ constexpr FILETIME Moment = {0x1234'5600, 0x01D0'0000};
 
 }  // namespace
 
-TEST(AttributesContract, KnowsWhatExists) {
+TEST(AttributesContract, FindsWhatExists) {
     const TempFolder folder;
     folder.AddFolder(L"Sub");
     folder.AddFile(L"file.txt");
@@ -29,7 +29,7 @@ TEST(AttributesContract, KnowsWhatExists) {
     EXPECT_NE(GetFileAttributesW((LR"(\\?\)" + folder.Path(L"file.txt")).c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST(AttributesContract, TellsWhatIsMissing) {
+TEST(AttributesContract, ReportsWhatIsMissing) {
     const TempFolder folder;
     folder.AddFile(L"file.txt");
     const struct {

@@ -83,7 +83,7 @@ TEST(FakeFiles, PathsWithoutThePrefixAreLimited) {
     EXPECT_EQ(List(LR"(\\?\C:\Data\)" + name + L"\\*").names.size(), 3u);
 }
 
-TEST(FakeFiles, AnEnumerationBreaksOffWhereItIsTold) {
+TEST(FakeFiles, AnEnumerationBreaksOffWhereItIsAskedTo) {
     for (const wchar_t* name : {L"a", L"b", L"c"})
         FakeWin::AddFile(std::wstring(L"C:\\Data\\") + name);
     FakeWin::FailFindNext(L"C:\\Data", 4, 1117);

@@ -65,7 +65,7 @@ TEST(FindContract, TheRootOfADriveHasNoDots) {
     EXPECT_EQ(std::ranges::count(found.Names(), L".."), 0);
 }
 
-TEST(FindContract, TellsNameAttributesAndSize) {
+TEST(FindContract, ReturnsNameAttributesAndSize) {
     const TempFolder folder;
     folder.AddFolder(L"sub");
     folder.AddFile(L"small.txt", std::string("12345"));
@@ -128,7 +128,7 @@ TEST(FindContract, AFileHasNothingInIt) {
     EXPECT_NE(found.error, static_cast<DWORD>(ERROR_NOT_SUPPORTED));
 }
 
-TEST(FindContract, ThePrefixTakesAPathAsItStands) {
+TEST(FindContract, ThePrefixTakesAPathUnchanged) {
     const TempFolder folder;
     folder.AddFile(L"sub\\file");
     EXPECT_EQ(Enumerate(folder.Path(L"sub/*")).entries.size(), 3u);

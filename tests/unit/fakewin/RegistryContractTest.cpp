@@ -105,7 +105,7 @@ TEST_F(RegistryContract, TheUnnamedValueIsAValueToo) {
     EXPECT_STREQ(buffer, L"default");
 }
 
-TEST_F(RegistryContract, TellsWhatIsMissing) {
+TEST_F(RegistryContract, ReportsWhatIsMissing) {
     const RegistryKey key = Open(KEY_ALL_ACCESS);
     EXPECT_EQ(Query(key, L"Nothing"), ERROR_FILE_NOT_FOUND);
     EXPECT_EQ(RegDeleteValueW(key.Get(), L"Nothing"), ERROR_FILE_NOT_FOUND);

@@ -28,7 +28,7 @@ protected:
 
 }  // namespace
 
-TEST_F(RegistryFaults, EachCallReturnsTheErrorItIsToldForItsSubject) {
+TEST_F(RegistryFaults, EachCallReturnsTheErrorThatIsSetForItsSubject) {
     HKEY result = nullptr;
     wchar_t name[16];
     DWORD length = 16;

@@ -57,7 +57,7 @@ TEST(RegistryKeyContract, ListsSubkeysSortedWithoutRegardToCase) {
               (std::vector<std::wstring>{L"0", L"10", L"9", L"A", L"a1", L"b", L"Z"}));
 }
 
-TEST(RegistryKeyContract, TellsHowManySubkeysAndTheLongestName) {
+TEST(RegistryKeyContract, ReturnsTheNumberOfSubkeysAndTheLongestName) {
     const TestRegistry registry;
     registry.CreateKey(std::wstring(Path) + L"\\short");
     registry.CreateKey(std::wstring(Path) + L"\\the longest");

@@ -89,7 +89,7 @@ TEST(FakeShell, RecordsNotifications) {
     EXPECT_EQ(FakeWin::ShellNotifications()[0].flags, 0x3000u);
 }
 
-TEST(FakeShell, TellsOfABitnessAsItIsTold) {
+TEST(FakeShell, ReportsTheBitnessThatIsSet) {
     using Function = BOOL (*)(HANDLE, PBOOL);
     const auto find = [] {
         return reinterpret_cast<Function>(

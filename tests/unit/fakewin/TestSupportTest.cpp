@@ -92,7 +92,7 @@ TEST(TestRegistry, ValuesAreExactInTypeAndSize) {
               (TestSupport::RegistryValue{REG_MULTI_SZ, TestSupport::StringValue(L"a").data}));
 }
 
-TEST(TestRegistry, GivesBackWhatWasSet) {
+TEST(TestRegistry, ReturnsWhatWasSet) {
     const TestRegistry registry;
     constexpr wchar_t Key[] = L"Software\\Tamblewick\\Sub";
     registry.SetDword(Key, L"Number", 7);

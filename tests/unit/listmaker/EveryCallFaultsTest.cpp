@@ -143,7 +143,7 @@ TEST_F(EveryCallOfAJob, BehindADialogHasTheOutcomeThatIsSettledForIt) {
     });
 }
 
-TEST_F(EveryCallOfAJob, BehindADialogThatCannotBeMadeGoesOnAndTellsWhy) {
+TEST_F(EveryCallOfAJob, WithADialogThatCannotBeMadeGoesOnAndReportsWhy) {
     const auto prepare = [this] {
         PrepareWithDialog();
         FakeWin::Fail(Call::DialogBoxParamW, ERROR_ACCESS_DENIED, 1);

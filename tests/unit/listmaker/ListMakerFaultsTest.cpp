@@ -102,7 +102,7 @@ TEST_F(ListMakerFaults, FailedScanLeavesNoListAndOneMessage) {
     EXPECT_TRUE(FakeWin::ShellExecutions().empty());
 }
 
-TEST_F(ListMakerFaults, RefusedFoldersAreAskedAboutByNobody) {
+TEST_F(ListMakerFaults, RefusedFoldersAreNotAskedAbout) {
     FakeWin::FailOn(Call::FindFirstFileExW, L"C:\\Photos", ERROR_ACCESS_DENIED);
     Job job;
     job.Run();
@@ -110,7 +110,7 @@ TEST_F(ListMakerFaults, RefusedFoldersAreAskedAboutByNobody) {
     EXPECT_TRUE(FakeWin::EntryExists(List));
 }
 
-TEST_F(ListMakerFaults, ListThatCannotBeOpenedForWritingIsHandedOnInSilence) {
+TEST_F(ListMakerFaults, ListThatCannotBeOpenedForWritingIsOpenedWithoutAMessage) {
     FakeWin::FailOn(Call::OpenFile, List, ERROR_ACCESS_DENIED);
     Job job;
     job.Run();

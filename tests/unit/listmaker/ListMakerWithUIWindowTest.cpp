@@ -146,7 +146,7 @@ TEST_F(ListMakerWithUIWindow, GoesOnAloneInTheBackground) {
 }
 
 // As when this thread destroys the dialog while the worker is about to end it.
-TEST_F(ListMakerWithUIWindow, EnablesTheOwnerAlsoIfNobodyEndsTheDialog) {
+TEST_F(ListMakerWithUIWindow, EnablesTheOwnerEvenIfTheDialogIsNotEnded) {
     const Ui::DismissModal user([](HWND dialog) { DestroyWindow(dialog); });
     std::promise<void> go;
     TestJob job(owner, MakePreset(), folder.Path(L"Photos"));
@@ -156,7 +156,7 @@ TEST_F(ListMakerWithUIWindow, EnablesTheOwnerAlsoIfNobodyEndsTheDialog) {
     go.set_value();
 }
 
-TEST_F(ListMakerWithUIWindow, TellsAnErrorOnTheDialog) {
+TEST_F(ListMakerWithUIWindow, ReportsAnErrorOnTheDialog) {
     std::promise<HWND> shown;
     const Ui::DismissModal user([&](HWND dialog) { shown.set_value(dialog); });
     const Ui::MessageBoxAnswerer answerer;

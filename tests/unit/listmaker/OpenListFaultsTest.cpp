@@ -18,7 +18,7 @@ Preset MakePreset(OpenMethod method, const std::wstring& program = L"") {
     return preset;
 }
 
-TEST(OpenList, HandsTheQuotedListToItsViewer) {
+TEST(OpenList, OpensTheQuotedListWithItsViewer) {
     OpenList(MakePreset(OpenMethod::Default, L"C:\\unused.exe"), List);
     const std::vector<ShellExecution> starts = FakeWin::ShellExecutions();
     ASSERT_EQ(starts.size(), 1u);
@@ -27,7 +27,7 @@ TEST(OpenList, HandsTheQuotedListToItsViewer) {
     EXPECT_EQ(starts[0].directory, std::nullopt);
 }
 
-TEST(OpenList, HandsTheQuotedListToTheQuotedProgram) {
+TEST(OpenList, OpensTheQuotedListWithTheQuotedProgram) {
     OpenList(MakePreset(OpenMethod::Custom, L"C:\\Program Files\\My Viewer\\viewer.exe"), List);
     const std::vector<ShellExecution> starts = FakeWin::ShellExecutions();
     ASSERT_EQ(starts.size(), 1u);

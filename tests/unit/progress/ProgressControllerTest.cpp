@@ -105,7 +105,7 @@ TEST(ProgressController, CancelMarksAndWaitsForTheWorker) {
     EXPECT_TRUE(dialog.IsCancelled());
 }
 
-TEST(ProgressController, CancelHandsTheFocusToBackground) {
+TEST(ProgressController, CancelPassesTheFocusToBackground) {
     DrivenProgress dialog(L"Tamblewick");
     dialog.Run([&] {
         EXPECT_EQ(GetFocus(), dialog.CancelButton);

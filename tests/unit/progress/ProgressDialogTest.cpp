@@ -34,7 +34,7 @@ const Control Controls[] = {
     {-1, L"STATIC", 270, 9, 20, 20, L"#116", SS_ICON},
 };
 
-TEST(ProgressTemplate, IsDrawnAsTold) {
+TEST(ProgressTemplate, IsDrawnAsDesigned) {
     const Ui::DialogTemplate dialog = Ui::ReadDialogTemplate(150);
     EXPECT_EQ(dialog.caption, L"###");
     EXPECT_EQ(dialog.cx, 303);

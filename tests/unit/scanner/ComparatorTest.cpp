@@ -58,7 +58,7 @@ TEST(Comparator, ComparesDigitsAsTextOrAsNumbers) {
 
 // Around each pair of digits are characters that other languages join, swap, weigh little or put together of
 // two units.
-TEST(Comparator, OrdersDigitsAsTheSystemDoesWhateverStandsAroundThem) {
+TEST(Comparator, OrdersDigitsAsTheSystemDoesWhateverIsAroundThem) {
     const std::wstring beginnings[] = {L"",       L"a",      L"ch",     L"-",      L"co-",    L"'",
                                        L"IMG_",   L"1",      L"09",     L" ",      L"\u00E4", L"a\u0308",
                                        L"\u0308", L"\u3042", L"\u30FC", L"\u3005", L"\u0E40", L"\u1100",

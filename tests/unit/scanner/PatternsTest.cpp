@@ -111,7 +111,7 @@ TEST(MatchWildcard, ComparesWholeTextsWithoutRegardToCase) {
     });
 }
 
-TEST(MatchWildcard, StarStandsForAnyRun) {
+TEST(MatchWildcard, StarMatchesAnyRun) {
     CheckMatches({
         {L"*", L"", true},
         {L"*", L"anything", true},
@@ -144,7 +144,7 @@ TEST(MatchWildcard, StarStandsForAnyRun) {
     });
 }
 
-TEST(MatchWildcard, QuestionMarkStandsForExactlyOne) {
+TEST(MatchWildcard, QuestionMarkMatchesExactlyOne) {
     CheckMatches({
         {L"??", L"ab", true},
         {L"??", L"a", false},

@@ -16,7 +16,7 @@ TEST(RecordPool, HoldsTheAgreedNumberOfRecordsInABlock) {
     EXPECT_EQ(RecordPool::BlockCapacity, 4681u);
 }
 
-TEST(RecordPool, HandsOutTheRecordsOfABlockSideBySide) {
+TEST(RecordPool, ReturnsTheRecordsOfABlockSideBySide) {
     RecordPool pool;
     Record* const first = pool.Allocate();
     for (size_t i = 1; i < RecordPool::BlockCapacity; ++i)

@@ -122,7 +122,7 @@ TEST_F(ScanFaults, AsksForAttributesOfTheRootAlone) {
     EXPECT_EQ(FakeWin::Uses(Call::GetFileAttributesW), 0);
 }
 
-TEST_F(ScanFaults, TellsOfAnErrorInTheMiddleOfAnEnumeration) {
+TEST_F(ScanFaults, ReportsAnErrorInTheMiddleOfAnEnumeration) {
     for (const DWORD error : {DWORD{ERROR_ACCESS_DENIED}, DWORD{ERROR_PATH_NOT_FOUND},
                               DWORD{ERROR_INVALID_NAME}, DWORD{ERROR_FILE_NOT_FOUND}, DWORD{1117}}) {
         FakeWin::FailFindNext(L"C:\\Data\\b", 2, error);

@@ -202,7 +202,7 @@ TEST_F(ScanTest, ReadsPathsLongerThanTheUsualLimit) {
     EXPECT_EQ(result.root.folder->totalFolders, 40u);
 }
 
-TEST_F(ScanTest, TellsOfAMissingFolder) {
+TEST_F(ScanTest, ReportsAMissingFolder) {
     EXPECT_FALSE(Scan(result, options, folder.Path(L"missing\\")));
     EXPECT_EQ(listener.calls, (Names{L"error: The folder '" + folder.Path(L"missing") +
                                      L"' does not exist or cannot be accessed by the application.\n"

@@ -37,7 +37,7 @@ TEST(MainSettingsFaults, TheWindowIsCentredInUnsignedArithmetic) {
     }
 }
 
-TEST(MainSettingsFaults, WithoutADesktopTheWindowStandsAt100) {
+TEST(MainSettingsFaults, WithoutADesktopTheWindowIsAt100) {
     FakeWin::RemoveDesktop();
     const MainSettings settings;
     EXPECT_EQ(settings.Get(MainSettings::WindowPosX), 100);

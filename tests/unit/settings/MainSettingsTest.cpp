@@ -33,7 +33,7 @@ TEST(MainSettings, ANewObjectHasTheDefaultsAndTouchesNoRegistry) {
     EXPECT_FALSE(registry.KeyExists(Root));
 }
 
-TEST(MainSettings, TheWindowStandsInTheMiddleOfTheDesktop) {
+TEST(MainSettings, TheWindowIsInTheMiddleOfTheDesktop) {
     RECT desktop{};
     ASSERT_TRUE(GetWindowRect(GetDesktopWindow(), &desktop));
     ASSERT_GT(desktop.right - desktop.left, 580);

@@ -40,7 +40,7 @@ protected:
     const TestRegistry registry_;
 };
 
-TEST_F(PresetOrder, TheLargestPositionStandsOnTop) {
+TEST_F(PresetOrder, TheLargestPositionIsOnTop) {
     Store({{L"a", 2}, {L"b", 3}, {L"c", 1}, {L"d", -4}, {L"e", 70}});
     MainSettings settings;
     settings.LoadAll();

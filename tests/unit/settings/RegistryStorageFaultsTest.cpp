@@ -134,7 +134,7 @@ TEST(RegistryStorageFaults, AValueThatCannotBeWrittenFailsAlone) {
     }
 }
 
-TEST(RegistryStorageFaults, EveryKindOfValueTellsThatItWasNotWritten) {
+TEST(RegistryStorageFaults, EveryKindOfValueReportsThatItWasNotWritten) {
     TestRegistry registry;
     FakeWin::Fail(Call::RegSetValueExW, ERROR_ACCESS_DENIED);
     const auto write = [](const SingleField& field, auto member) {

@@ -59,7 +59,7 @@ TEST_F(EveryCallOfTheShellExtension, AnswersNoWhereItCannotAsk) {
     });
 }
 
-TEST_F(EveryCallOfTheShellExtension, StartsTheRegistrationOrTellsThatItCould) {
+TEST_F(EveryCallOfTheShellExtension, StartsTheRegistrationOrReportsThatItCould) {
     const std::vector<Row> rows = {
         {Call::ShellExecuteExW, ERROR_CANCELLED, false},
         {Call::ShellExecuteExW, ERROR_FILE_NOT_FOUND, false},

@@ -110,7 +110,7 @@ TEST_F(ShellExtensionFaults, UnregisterRunsRegsvr32) {
     ExpectExecution(L"\"/s\" \"/u\" \"C:\\Tools\\tamblewick.dll\"");
 }
 
-TEST_F(ShellExtensionFaults, SuccessIsWaitedForAndToldToTheShell) {
+TEST_F(ShellExtensionFaults, SuccessIsWaitedForAndReportedToTheShell) {
     EXPECT_TRUE(Extension().Register());
     EXPECT_EQ(FakeWin::ProcessWaits(), std::vector<DWORD>{INFINITE});
     const std::vector<FakeWin::ShellNotification> notifications = FakeWin::ShellNotifications();
@@ -121,7 +121,7 @@ TEST_F(ShellExtensionFaults, SuccessIsWaitedForAndToldToTheShell) {
     EXPECT_EQ(notifications[0].second, nullptr);
 }
 
-TEST_F(ShellExtensionFaults, AnotherExitCodeTellsTheShellNothing) {
+TEST_F(ShellExtensionFaults, AnotherExitCodeIsNotReportedToTheShell) {
     FakeWin::SetProcessExitCode(3);
     EXPECT_TRUE(Extension().Register());
     EXPECT_TRUE(Extension().Unregister());

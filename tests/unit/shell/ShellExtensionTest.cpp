@@ -38,7 +38,7 @@ TEST(ModulePath, IsTheProgramsPathUpToItsLastDot) {
         EXPECT_EQ(ModulePathOf(program), module) << Utf8(program);
 }
 
-TEST_F(ShellExtensionTest, TheModuleStandsBesideTheProgram) {
+TEST_F(ShellExtensionTest, TheModuleIsBesideTheProgram) {
     wchar_t path[4096] = {};
     ASSERT_NE(GetModuleFileNameW(nullptr, path, 4096), 0u);
     wchar_t longPath[4096] = {};

@@ -180,7 +180,7 @@ TEST_F(ModelessDialog, EnterAndEscWithoutAButtonGoToTheMenu) {
     EXPECT_TRUE(IsWindow(dialog));
 }
 
-TEST_F(ModelessDialog, TheFlagOfInitDialogTellsWhoSetTheFocus) {
+TEST_F(ModelessDialog, TheFlagOfInitDialogShowsWhoSetTheFocus) {
     Create();
     EXPECT_EQ(DialogProcedure(dialog, WM_INITDIALOG, 0, AsParameter(probe)), 1);
     probe.FocusSet = true;

@@ -49,7 +49,7 @@ TEST(Launch, PassesNothingForEmptyArgumentsAndDirectory) {
     EXPECT_EQ(starts[0].directory, std::nullopt);
 }
 
-TEST(Launch, TellsWhetherTheSystemRefused) {
+TEST(Launch, ReturnsWhetherTheSystemRefused) {
     FakeWin::FailNth(FakeWin::Call::ShellExecuteExW, 1, ERROR_FILE_NOT_FOUND);
     EXPECT_FALSE(Launch(L"program.exe", L"", L""));
     EXPECT_TRUE(Launch(L"program.exe", L"", L""));

@@ -38,7 +38,7 @@ TEST_F(RegistryKeyFaults, AValueWhoseDataCannotBeFetchedLeavesTheResult) {
     EXPECT_EQ(list, std::vector<std::wstring>{L"old"});
 }
 
-TEST_F(RegistryKeyFaults, AFailedWriteIsTold) {
+TEST_F(RegistryKeyFaults, AFailedWriteIsReported) {
     FakeWin::Fail(Call::RegSetValueExW, ERROR_ACCESS_DENIED);
     EXPECT_FALSE(key_.WriteDword(L"Value", 1));
     EXPECT_FALSE(key_.WriteStringList(L"Value", {L"a"}));

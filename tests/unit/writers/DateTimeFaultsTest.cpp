@@ -16,7 +16,7 @@ TEST(DateTimeFaults, DateAndTimeArePartedByOneBlank) {
     EXPECT_EQ(Utf8(FormatLocalTime()), "1999-12-31 23:59:58");
 }
 
-TEST(DateTimeFaults, WithoutADateTheTimeStandsAlone) {
+TEST(DateTimeFaults, WithoutADateTheTimeIsAlone) {
     FakeWin::Reset();
     FakeWin::FailNth(FakeWin::Call::GetDateFormatW, 1, ERROR_INVALID_PARAMETER);
     EXPECT_EQ(Utf8(FormatFileTime(FakeWin::MakeFileTime(2020, 1, 2, 3, 4, 5))), "03:04:05");

@@ -9,7 +9,7 @@
 
 namespace {
 
-TEST(EditLabelCtrl, WantsAllKeysWhileItIsAttached) {
+TEST(EditLabelCtrl, RequestsAllKeysWhileItIsAttached) {
     const HostWindow host;
     const HWND edit = host.Add(L"Edit", L"", 0, {0, 0, 100, 20});
     const LRESULT before = SendMessageW(edit, WM_GETDLGCODE, 0, 0);

@@ -74,7 +74,7 @@ void Check(Stack& stack, const Row& row, const MakeRect& makeRect) {
     }
 }
 
-TEST_P(StackArrange, RowAsTold) {
+TEST_P(StackArrange, RowAsExpected) {
     const Row& row = GetParam();
     SCOPED_TRACE(row.what);
     HStack stack({row.before, 3, row.after, 4}, row.gap);
@@ -83,7 +83,7 @@ TEST_P(StackArrange, RowAsTold) {
     });
 }
 
-TEST_P(StackArrange, ColumnAsTold) {
+TEST_P(StackArrange, ColumnAsExpected) {
     const Row& row = GetParam();
     SCOPED_TRACE(row.what);
     VStack stack({3, row.before, 4, row.after}, row.gap);
