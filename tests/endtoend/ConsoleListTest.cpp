@@ -51,25 +51,29 @@ struct ConsoleList : testing::Test {
 };
 
 TEST_F(ConsoleList, WritesWhatTheWindowProgramWritesForAllTemplatesAndShapes) {
+    const std::wstring data = Quoted(folder.Path(L"Data"));
     for (uint32_t number = 0; number < 6; ++number) {
-        for (const uint32_t flat : {0u, 1u}) {
-            // A preset of the template, in the key of the preset that the window program is started with.
-            const std::wstring data = Quoted(folder.Path(L"Data"));
-            preset.Set(L"Display", L"ShowFlatStyle", flat);
-            preset.Set(L"Format", L"ListStyle", number % 2 == 0 ? L"Text" : L"Html");
-            preset.Set(L"Display", L"ShowStatistics", number / 2 % 2);
-            preset.Set(L"Columns", L"ShowHeaders", number / 3);
-            ASSERT_EQ(EndToEnd::RunProgram(preset.Key + L" " + data), 0u);
-            const std::wstring written = number % 2 == 0 ? list : ListsFolder() + L"\\List of Data.html";
+        std::string printedKey = RunCompanion(L"presets new " + std::to_wstring(number)).out;
+        ASSERT_GT(printedKey.size(), 1u);
+        const std::wstring key(printedKey.begin(), printedKey.end() - 1);
+        for (const wchar_t* flat : {L"false", L"true"}) {
+            ASSERT_EQ(RunCompanion(L"presets set " + key + L" Saving.SaveLocation=Custom " +
+                                   Quoted(L"Saving.CustomFolderPath=" + ListsFolder()) +
+                                   L" Opening.OpenMethod=Nothing Display.ShowFlatStyle=" + flat)
+                          .code,
+                      0u);
+            const std::wstring written = number == 0 ? list : ListsFolder() + L"\\List of Data.html";
+            ASSERT_EQ(EndToEnd::RunProgram(key + L" " + data), 0u);
             const std::string expected = WithoutStamp(EndToEnd::ReadFile(written));
             std::filesystem::remove(written);
-            const Printed printed = RunCompanion(L"list " + preset.Key + L" " + data);
+            const Printed printed = RunCompanion(L"list " + key + L" " + data);
             EXPECT_EQ(printed.code, 0u);
             EXPECT_EQ(printed.error, "");
             EXPECT_EQ(printed.out, Narrow(written) + "\n");
-            EXPECT_EQ(WithoutStamp(EndToEnd::ReadFile(written)), expected);
-            const Printed direct = RunCompanion(L"list " + preset.Key + L" " + data + L" -o -");
-            EXPECT_EQ(WithoutStamp(direct.out), expected);
+            EXPECT_EQ(WithoutStamp(EndToEnd::ReadFile(written)), expected) << number << Narrow(flat);
+            std::filesystem::remove(written);
+            const Printed direct = RunCompanion(L"list " + key + L" " + data + L" -o -");
+            EXPECT_EQ(WithoutStamp(direct.out), expected) << number << Narrow(flat);
         }
     }
 }
