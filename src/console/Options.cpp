@@ -71,8 +71,11 @@ Options::Options(const Arguments& arguments, std::span<const Option> known) {
         pointers.push_back(argument.data());
     pointers.push_back(nullptr);
 
-    // An argument as it was given: encoding may lose half a surrogate pair.
+    // An argument as it was given: encoding may lose half a surrogate pair. Null is the value of an option
+    // that takes none.
     const auto given = [&](const char* text) {
+        if (text == nullptr)
+            return std::wstring();
         for (size_t i = 0; i < arguments.size(); ++i)
             if (text == encoded[i + 1].data())
                 return arguments[i];
@@ -91,7 +94,7 @@ Options::Options(const Arguments& arguments, std::span<const Option> known) {
         else if (value == ':' || value == '?')
             throw UsageError(Refusal(known, pointers[static_cast<size_t>(optind - 1)]));
         else
-            values_[Found(known, value).name] = optarg != nullptr ? given(optarg) : std::wstring();
+            values_[Found(known, value).name] = given(optarg);
     for (int i = optind; i < count; ++i)
         operands.push_back(given(pointers[static_cast<size_t>(i)]));
 }
