@@ -73,10 +73,13 @@ TEST_F(Compare, ShowsAllThatHasChangedOfAnEntry) {
 }
 
 TEST_F(Compare, OtherMembersDoNotCount) {
-    Run(File(
+    const ExitCode code = Run(
+        File(
             "a", 1, "",
             R"(,"accessed":"2026-01-01T00:00:00.0000000Z","attributes":"A","later":{"size":[1,{"path":2}]})"),
         File("a", 1, "", R"(,"accessed":"","attributes":"RA","files":null,"x":-1.5e3,"y":true)"));
+    EXPECT_EQ(code, ExitCode::Complete);
+    EXPECT_EQ(StandardError(), "");
     EXPECT_EQ(StandardOutput(), "");
 }
 
